@@ -1,0 +1,55 @@
+// What only tests can do with this platform: look inside, count and break its functions.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "windef.h"
+
+namespace headless
+{
+// --- Faults
+// -------------------------------------------------------------------------------------------------
+
+// Lets the nth use from now on of a function (1 is the next) fail with `error`: an error code or RPC status,
+// according to the function. The use has no effect and fills no more out-parameters than the real function
+// does when it fails; RegCloseKey alone closes the key all the same. Several faults may be armed, also on one
+// function; each strikes once.
+void FailCall(const char* function, unsigned nth, DWORD error);
+// Lets every use fail from the nth on.
+void FailCallsFrom(const char* function, unsigned nth, DWORD error);
+// Lets the nth call of any registry function fail.
+void FailAnyRegistryCall(unsigned nth, DWORD error);
+void ClearFaults();
+
+// Uses since the last ResetCallCounts, failed ones included.
+unsigned CallCount(const char* function);
+unsigned RegistryCallCount();
+void ResetCallCounts();
+
+// --- Registry
+// -----------------------------------------------------------------------------------------------
+
+// Handles to keys that were opened and not closed yet.
+std::size_t OpenKeyCount();
+// Empties the registry. Handles that are still open go dead and give ERROR_INVALID_HANDLE.
+void ResetRegistry();
+
+// A registry call as it was asked for: `function` is the W name; `key` is the full path, as
+// u"HKEY_LOCAL_MACHINE\\SOFTWARE\\..." with the caller's subkey path appended; `type` and `data` are what
+// RegSetValueExW was given and empty elsewhere.
+struct RegistryCall
+{
+    std::string function;
+    std::u16string key;
+    std::u16string value;
+    DWORD type = 0;
+    std::vector<BYTE> data;
+    LONG status = 0;
+};
+
+// Switching recording on starts an empty list; switching it off keeps the list.
+void RecordRegistryCalls(bool on);
+const std::vector<RegistryCall>& RegistryCalls();
+}  // namespace headless

@@ -1,0 +1,59 @@
+// Processes, named objects, resources, time, the environment.
+#pragma once
+
+#include "windef.h"
+
+typedef struct _SECURITY_ATTRIBUTES
+{
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+} SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
+
+#define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(LONG_PTR{-1}))
+
+DWORD WINAPI GetLastError();
+void WINAPI SetLastError(DWORD error);
+
+// A mutex is its name and its existence: nothing here waits, because a headless program has one thread.
+HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES attributes, BOOL initialOwner, LPCWSTR name);
+HANDLE WINAPI OpenMutexW(DWORD access, BOOL inheritHandle, LPCWSTR name);
+BOOL WINAPI CloseHandle(HANDLE object);
+
+// There is one module, the program; every module handle means it.
+HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName);
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
+LPWSTR WINAPI GetCommandLineW();
+
+HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
+HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
+LPVOID WINAPI LockResource(HGLOBAL data);
+DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+
+DWORD WINAPI GetTickCount();
+ULONGLONG WINAPI GetTickCount64();
+BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* count);
+BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* frequency);
+void WINAPI Sleep(DWORD milliseconds);
+DWORD WINAPI GetCurrentThreadId();
+DWORD WINAPI GetCurrentProcessId();
+
+// The variables are those that getenv sees.
+DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
+BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
+
+int WINAPI lstrlenW(LPCWSTR text);
+int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right);
+int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right);
+LPWSTR WINAPI lstrcpynW(LPWSTR target, LPCWSTR source, int size);
+int WINAPI MulDiv(int number, int numerator, int denominator);
+
+LONG WINAPI InterlockedIncrement(LONG volatile* number);
+LONG WINAPI InterlockedDecrement(LONG volatile* number);
+
+#define CP_ACP 0
+#define CP_UTF8 65001
+// Only UTF-8 is known; every code page means it. Ill-formed input becomes U+FFFD.
+int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR buffer, int size);
+int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LPSTR buffer, int size,
+                               LPCSTR defaultChar, LPBOOL usedDefaultChar);
