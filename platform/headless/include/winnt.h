@@ -146,15 +146,15 @@ typedef ACCESS_MASK REGSAM;
 #define REG_CREATED_NEW_KEY 0x00000001
 #define REG_OPENED_EXISTING_KEY 0x00000002
 
-#define REG_NONE 0u
-#define REG_SZ 1u
-#define REG_EXPAND_SZ 2u
-#define REG_BINARY 3u
-#define REG_DWORD 4u
-#define REG_DWORD_LITTLE_ENDIAN 4u
-#define REG_DWORD_BIG_ENDIAN 5u
-#define REG_LINK 6u
-#define REG_MULTI_SZ 7u
-#define REG_QWORD 11u
+#define REG_NONE 0
+#define REG_SZ 1
+#define REG_EXPAND_SZ 2
+#define REG_BINARY 3
+#define REG_DWORD 4
+#define REG_DWORD_LITTLE_ENDIAN 4
+#define REG_DWORD_BIG_ENDIAN 5
+#define REG_LINK 6
+#define REG_MULTI_SZ 7
+#define REG_QWORD 11
 
 #endif

@@ -1,0 +1,218 @@
+#include "unicode.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "tchar.h"
+#include "winbase.h"
+#include "winerror.h"
+
+namespace headless
+{
+namespace
+{
+constexpr char32_t Replacement = 0xFFFD;
+
+bool IsSurrogate(char32_t character)
+{
+    return character >= 0xD800 && character <= 0xDFFF;
+}
+
+// Reads one character and moves past it, or past one byte that starts none.
+char32_t TakeUtf8(std::string_view* text)
+{
+    auto first = static_cast<unsigned char>(text->front());
+    std::size_t length = first < 0x80       ? 1
+                         : first >> 5 == 6  ? 2
+                         : first >> 4 == 14 ? 3
+                         : first >> 3 == 30 ? 4
+                                            : 0;
+    char32_t character = length <= 1 ? first : first & (0x7F >> length);
+    bool valid = length > 0 && length <= text->size();
+    for (std::size_t i = 1; valid && i < length; ++i)
+    {
+        auto next = static_cast<unsigned char>((*text)[i]);
+        valid = next >> 6 == 2;
+        character = character << 6 | (next & 0x3F);
+    }
+    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    valid = valid && character >= smallest[length] && character <= 0x10FFFF && !IsSurrogate(character);
+    text->remove_prefix(valid ? length : 1);
+    return valid ? character : Replacement;
+}
+
+char32_t TakeUtf16(std::u16string_view* text)
+{
+    char32_t first = text->front();
+    text->remove_prefix(1);
+    if (!IsSurrogate(first))
+    {
+        return first;
+    }
+    if (first >= 0xDC00 || text->empty() || text->front() >> 10 != 0x37)
+    {
+        return Replacement;
+    }
+    char32_t second = text->front();
+    text->remove_prefix(1);
+    return 0x10000 + ((first & 0x3FF) << 10) + (second & 0x3FF);
+}
+}  // namespace
+
+std::u16string ToWide(std::string_view text)
+{
+    std::u16string wide;
+    while (!text.empty())
+    {
+        char32_t character = TakeUtf8(&text);
+        if (character < 0x10000)
+        {
+            wide += static_cast<char16_t>(character);
+            continue;
+        }
+        wide += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+        wide += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+    }
+    return wide;
+}
+
+std::string ToNarrow(std::u16string_view text)
+{
+    std::string narrow;
+    while (!text.empty())
+    {
+        char32_t character = TakeUtf16(&text);
+        int following = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+        constexpr unsigned mark[] = {0, 0xC0, 0xE0, 0xF0};
+        narrow += static_cast<char>(mark[following] | character >> (6 * following));
+        for (int i = following - 1; i >= 0; --i)
+        {
+            narrow += static_cast<char>(0x80 | (character >> (6 * i) & 0x3F));
+        }
+    }
+    return narrow;
+}
+
+namespace
+{
+// The contract that both conversion functions share: a length of -1 takes the terminator along, a size of 0
+// asks for the size.
+template <class Text, class Character>
+int Deliver(const Text& text, Character* buffer, int size)
+{
+    if (size == 0)
+    {
+        return static_cast<int>(text.size());
+    }
+    if (text.size() > static_cast<std::size_t>(size))
+    {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    text.copy(buffer, text.size());
+    return static_cast<int>(text.size());
+}
+
+template <class Character>
+std::basic_string_view<Character> Given(const Character* text, int length)
+{
+    if (length >= 0)
+    {
+        return {text, static_cast<std::size_t>(length)};
+    }
+    return {text, std::basic_string_view<Character>(text).size() + 1};
+}
+}  // namespace
+}  // namespace headless
+
+using headless::ToNarrow;
+using headless::ToWide;
+
+int WINAPI MultiByteToWideChar(UINT, DWORD, LPCSTR text, int length, LPWSTR buffer, int size)
+{
+    return headless::Deliver(ToWide(headless::Given(text, length)), buffer, size);
+}
+
+int WINAPI WideCharToMultiByte(UINT, DWORD, LPCWSTR text, int length, LPSTR buffer, int size, LPCSTR,
+                               LPBOOL usedDefaultChar)
+{
+    if (usedDefaultChar != nullptr)
+    {
+        *usedDefaultChar = FALSE;
+    }
+    return headless::Deliver(ToNarrow(headless::Given(text, length)), buffer, size);
+}
+
+DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
+{
+    const char* value = std::getenv(ToNarrow(name).c_str());
+    if (value == nullptr)
+    {
+        SetLastError(ERROR_ENVVAR_NOT_FOUND);
+        return 0;
+    }
+    std::u16string wide = ToWide(value);
+    if (wide.size() >= size)
+    {
+        return static_cast<DWORD>(wide.size() + 1);
+    }
+    buffer[wide.copy(buffer, wide.size())] = 0;
+    return static_cast<DWORD>(wide.size());
+}
+
+BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
+{
+    int result = value == nullptr ? unsetenv(ToNarrow(name).c_str())
+                                  : setenv(ToNarrow(name).c_str(), ToNarrow(value).c_str(), 1);
+    SetLastError(result == 0 ? GetLastError() : ERROR_INVALID_PARAMETER);
+    return result == 0;
+}
+
+LPTSTR _tgetenv(LPCTSTR name)
+{
+    static std::u16string wide;
+    const char* value = std::getenv(ToNarrow(name).c_str());
+    if (value == nullptr)
+    {
+        return nullptr;
+    }
+    wide = ToWide(value);
+    return wide.data();
+}
+
+int _tputenv(LPCTSTR assignment)
+{
+    LPCTSTR equals = _tcschr(assignment, u'=');
+    if (equals == nullptr || equals == assignment)
+    {
+        return -1;
+    }
+    std::u16string name(assignment, equals);
+    return SetEnvironmentVariableW(name.c_str(), equals[1] == 0 ? nullptr : equals + 1) ? 0 : -1;
+}
+
+int WINAPI lstrlenW(LPCWSTR text)
+{
+    return text == nullptr ? 0 : static_cast<int>(_tcslen(text));
+}
+
+int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right)
+{
+    return _tcscmp(left == nullptr ? u"" : left, right == nullptr ? u"" : right);
+}
+
+int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right)
+{
+    return _tcsicmp(left == nullptr ? u"" : left, right == nullptr ? u"" : right);
+}
+
+LPWSTR WINAPI lstrcpynW(LPWSTR target, LPCWSTR source, int size)
+{
+    if (size > 0)
+    {
+        std::size_t length = _tcsnlen(source, static_cast<std::size_t>(size) - 1);
+        std::copy_n(source, length, target);
+        target[length] = 0;
+    }
+    return target;
+}
