@@ -190,7 +190,7 @@ std::u16string FormatItem(const Conversion& conversion, Arguments& arguments)
         text = FormatText(conversion, arguments);
         break;
     default:
-        return {1, conversion.kind};  // %% and what is no conversion
+        return std::u16string(1, conversion.kind);  // %% and what is no conversion
     }
     auto width = static_cast<std::size_t>(conversion.width);
     if (text.size() < width)
