@@ -1,0 +1,42 @@
+// The root of the class library: run-time class records and the exception that ends a data exchange.
+#pragma once
+
+#include "afxstr.h"
+
+struct CRuntimeClass
+{
+    const char* m_lpszClassName;
+    const CRuntimeClass* m_pBaseClass;  // null for CObject
+
+    bool IsDerivedFrom(const CRuntimeClass* base) const;
+};
+
+class CObject
+{
+public:
+    CObject() = default;
+    CObject(const CObject&) = delete;
+    CObject& operator=(const CObject&) = delete;
+    virtual ~CObject() = default;
+
+    virtual const CRuntimeClass* GetRuntimeClass() const { return &classCObject; }
+    bool IsKindOf(const CRuntimeClass* wanted) const { return GetRuntimeClass()->IsDerivedFrom(wanted); }
+
+    static const CRuntimeClass classCObject;
+};
+
+#define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
+
+#define DECLARE_DYNAMIC(class_name)                    \
+public:                                                \
+    static const CRuntimeClass class##class_name;      \
+    const CRuntimeClass* GetRuntimeClass() const override;
+
+#define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                      \
+    const CRuntimeClass class_name::class##class_name = {#class_name, RUNTIME_CLASS(base_class_name)};       \
+    const CRuntimeClass* class_name::GetRuntimeClass() const { return RUNTIME_CLASS(class_name); }
+
+// Thrown by CDataExchange::Fail and caught by CWnd::UpdateData; nothing else sees it.
+struct CUserException
+{
+};

@@ -1,0 +1,17 @@
+// Common controls.
+#pragma once
+
+#include "afxwin.h"
+
+#include <commctrl.h>
+
+class CToolTipCtrl : public CWnd
+{
+    DECLARE_DYNAMIC(CToolTipCtrl)
+
+public:
+    // False if the control could not be made.
+    BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
+    // With no rectangle the tool is the window itself, anywhere on it. The text is copied.
+    BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool = nullptr, UINT_PTR nIDTool = 0);
+};

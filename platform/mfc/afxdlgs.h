@@ -1,0 +1,102 @@
+// Property sheets and the file dialog.
+#pragma once
+
+#include "afxwin.h"
+
+#include <commdlg.h>
+#include <prsht.h>
+
+#include <vector>
+
+class CPropertySheet;
+
+class CPropertyPage : public CDialog
+{
+    DECLARE_DYNAMIC(CPropertyPage)
+
+public:
+    // The tab shows the template's title.
+    explicit CPropertyPage(UINT nIDTemplate, UINT nIDCaption = 0);
+
+    PROPSHEETPAGEW& GetPSP() { return m_psp; }
+
+    // Marks this page, or takes its mark away. The sheet's Apply button is enabled while some page is marked.
+    void SetModified(BOOL bChanged = TRUE);
+
+    // Members to controls, except the first time, when OnInitDialog has just done it. False: another page.
+    virtual BOOL OnSetActive();
+    // Controls to members. False: the sheet stays on this page.
+    virtual BOOL OnKillActive();
+    virtual BOOL OnApply();
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    void OnOK() override;
+    void OnCancel() override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+
+private:
+    friend class CPropertySheet;
+    static UINT CALLBACK PageCallback(HWND hWnd, UINT message, PROPSHEETPAGEW* pPage);
+    // Tells the common control this page's mark again.
+    void RestoreMark();
+
+    PROPSHEETPAGEW m_psp = {};
+    BOOL m_bModified = FALSE;
+    BOOL m_bFirstSetActive = TRUE;
+};
+
+class CPropertySheet : public CWnd
+{
+    DECLARE_DYNAMIC(CPropertySheet)
+
+public:
+    explicit CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd = nullptr, UINT iSelectPage = 0);
+
+    PROPSHEETHEADERW m_psh = {};
+
+    // Appends a page, which the caller keeps. Its window is made when the page is first displayed.
+    void AddPage(CPropertyPage* pPage);
+    // Before the sheet is up: the page it opens on. False if the page isn't in the sheet.
+    BOOL SetActivePage(CPropertyPage* pPage);
+
+    // IDOK, IDCANCEL, or -1 if the sheet could not be made.
+    virtual int DoModal();
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    BOOL ContinueModal() override;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    BOOL OnCmdMsg(UINT nID, UINT nCode) override;
+
+private:
+    CString m_strCaption;
+    CWnd* m_pParentWnd;
+    std::vector<CPropertyPage*> m_pages;
+};
+
+// The system's own dialog for choosing one file.
+class CFileDialog
+{
+public:
+    // lpszFilter: "text|pattern|text|pattern||". dwFlags: OFN_ flags. Of the two kinds only the open dialog in the
+    // Vista style is offered; dwSize and the style's flag are there for the signature.
+    explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
+                         DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
+                         CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
+
+    // lpstrInitialDir, if set before DoModal, is the folder to start in where it exists. Not owned.
+    OPENFILENAMEW m_ofn = {};
+
+    // IDOK or IDCANCEL; IDCANCEL also if the dialog could not be shown.
+    INT_PTR DoModal();
+    // The full path chosen; empty before DoModal gave IDOK.
+    CString GetPathName() const { return m_strPathName; }
+
+private:
+    CString m_strFilter;
+    CString m_strPathName;
+    CWnd* m_pParentWnd;
+};

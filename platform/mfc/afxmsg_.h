@@ -1,0 +1,131 @@
+// Message maps. A class declares one with DECLARE_MESSAGE_MAP and lists it between BEGIN_ and END_MESSAGE_MAP;
+// a message that the class's own map does not name is looked up in its base's.
+#pragma once
+
+#include <windows.h>
+
+#include <type_traits>
+
+class CCmdTarget;
+
+// Calls the entry's handler on the object and gives the message's result.
+using AFX_PMSG = LRESULT (*)(CCmdTarget* target, WPARAM wParam, LPARAM lParam);
+
+struct AFX_MSGMAP_ENTRY
+{
+    UINT nMessage;
+    UINT nCode;  // notification code of a WM_COMMAND entry
+    UINT nID;    // ids nID to nLastID of a WM_COMMAND entry
+    UINT nLastID;
+    AFX_PMSG pfn;  // null ends the map
+};
+
+struct AFX_MSGMAP
+{
+    const AFX_MSGMAP* (*pfnGetBaseMap)();  // null at the root
+    const AFX_MSGMAP_ENTRY* lpEntries;
+};
+
+namespace afx_detail
+{
+template <class Member>
+struct MemberOf;
+template <class Result, class Class, class... Arguments>
+struct MemberOf<Result (Class::*)(Arguments...)>
+{
+    using Owner = Class;
+    using Return = Result;
+    static constexpr bool takesId = sizeof...(Arguments) == 1;
+};
+
+// WM_COMMAND: wParam is the control's id.
+template <auto member>
+LRESULT CallCommand(CCmdTarget* target, [[maybe_unused]] WPARAM id, LPARAM)
+{
+    using Traits = MemberOf<decltype(member)>;
+    auto* object = static_cast<typename Traits::Owner*>(target);
+    if constexpr (Traits::takesId)
+    {
+        (object->*member)(static_cast<UINT>(id));
+    }
+    else
+    {
+        (object->*member)();
+    }
+    return TRUE;
+}
+
+template <auto member>
+LRESULT CallMessage(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
+{
+    using Owner = typename MemberOf<decltype(member)>::Owner;
+    return (static_cast<Owner*>(target)->*member)(wParam, lParam);
+}
+
+template <auto member>
+LRESULT CallChar(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
+{
+    using Owner = typename MemberOf<decltype(member)>::Owner;
+    (static_cast<Owner*>(target)->*member)(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
+    return 0;
+}
+
+template <auto member>
+LRESULT CallSysCommand(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
+{
+    using Owner = typename MemberOf<decltype(member)>::Owner;
+    (static_cast<Owner*>(target)->*member)(static_cast<UINT>(wParam), lParam);
+    return 0;
+}
+
+template <auto member>
+LRESULT CallGetDlgCode(CCmdTarget* target, WPARAM, LPARAM)
+{
+    using Owner = typename MemberOf<decltype(member)>::Owner;
+    return static_cast<LRESULT>((static_cast<Owner*>(target)->*member)());
+}
+
+template <auto member>
+LRESULT CallNcCreate(CCmdTarget* target, WPARAM, LPARAM lParam)
+{
+    using Owner = typename MemberOf<decltype(member)>::Owner;
+    return (static_cast<Owner*>(target)->*member)(reinterpret_cast<LPCREATESTRUCTW>(lParam));
+}
+}  // namespace afx_detail
+
+#define afx_msg
+
+#define DECLARE_MESSAGE_MAP()                        \
+protected:                                           \
+    static const AFX_MSGMAP* GetThisMessageMap();    \
+    const AFX_MSGMAP* GetMessageMap() const override;
+
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                               \
+    const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }        \
+    const AFX_MSGMAP* theClass::GetThisMessageMap()                                          \
+    {                                                                                        \
+        using ThisClass [[maybe_unused]] = theClass;                                         \
+        using TheBaseClass = baseClass;                                                      \
+        static const AFX_MSGMAP_ENTRY entries[] = {
+#define END_MESSAGE_MAP()                                                                    \
+            {0, 0, 0, 0, nullptr}                                                            \
+        };                                                                                   \
+        static const AFX_MSGMAP map = {&TheBaseClass::GetThisMessageMap, entries};           \
+        return &map;                                                                         \
+    }
+
+#define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \
+    {WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, &afx_detail::CallCommand<memberFxn>},
+#define ON_CONTROL(wNotifyCode, id, memberFxn) ON_CONTROL_RANGE(wNotifyCode, id, id, memberFxn)
+// A menu command's code is 0, as a button's click is.
+#define ON_COMMAND(id, memberFxn) ON_CONTROL(0, id, memberFxn)
+#define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
+#define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)
+#define ON_LBN_SELCHANGE(id, memberFxn) ON_CONTROL(LBN_SELCHANGE, id, memberFxn)
+#define ON_CBN_SELCHANGE(id, memberFxn) ON_CONTROL(CBN_SELCHANGE, id, memberFxn)
+
+#define ON_MESSAGE(message, memberFxn) {message, 0, 0, 0, &afx_detail::CallMessage<memberFxn>},
+#define ON_WM_CHAR() {WM_CHAR, 0, 0, 0, &afx_detail::CallChar<&ThisClass::OnChar>},
+#define ON_WM_GETDLGCODE() {WM_GETDLGCODE, 0, 0, 0, &afx_detail::CallGetDlgCode<&ThisClass::OnGetDlgCode>},
+#define ON_WM_NCCREATE() {WM_NCCREATE, 0, 0, 0, &afx_detail::CallNcCreate<&ThisClass::OnNcCreate>},
+#define ON_WM_SYSCOMMAND() {WM_SYSCOMMAND, 0, 0, 0, &afx_detail::CallSysCommand<&ThisClass::OnSysCommand>},

@@ -1,0 +1,215 @@
+// Windows, dialogs, standard controls and the application object.
+#pragma once
+
+#include "afx.h"
+#include "afxmsg_.h"
+
+class CDataExchange;
+class CDialog;
+
+class CCmdTarget : public CObject
+{
+    DECLARE_DYNAMIC(CCmdTarget)
+
+public:
+    // Runs the handler that the message maps name for a command or control notification; false if there is none.
+    virtual BOOL OnCmdMsg(UINT nID, UINT nCode);
+
+protected:
+    static const AFX_MSGMAP* GetThisMessageMap();
+    virtual const AFX_MSGMAP* GetMessageMap() const { return GetThisMessageMap(); }
+    const AFX_MSGMAP_ENTRY* FindMessageEntry(UINT nMessage, UINT nCode, UINT nID) const;
+};
+
+// A window. An object is attached to at most one window and a window to at most one object; the object belongs
+// to whoever made it and outlives or predeceases its window as it likes. Every operation on an object that has
+// no window does nothing and gives 0.
+class CWnd : public CCmdTarget
+{
+    DECLARE_DYNAMIC(CWnd)
+
+public:
+    HWND m_hWnd = nullptr;
+
+    ~CWnd() override;
+
+    // The object attached to the window, or null.
+    static CWnd* FromHandlePermanent(HWND hWnd);
+    // The same, or a temporary object for a window that has none. Good until the message loop is next idle.
+    static CWnd* FromHandle(HWND hWnd);
+    static void DeleteTempMap();
+
+    BOOL SubclassWindow(HWND hWnd);
+    BOOL DestroyWindow();
+
+    // Null if the window has no such child.
+    CWnd* GetDlgItem(int nID) const;
+    BOOL EnableWindow(BOOL bEnable = TRUE);
+    BOOL ShowWindow(int nCmdShow);
+    void SetWindowText(LPCTSTR lpszString);
+    void GetWindowText(CString& rString) const;
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    // Centres the window over its owner, or on the screen, and keeps it on the screen.
+    void CenterWindow();
+
+    // Moves members to controls (false) or controls to members (true) by DoDataExchange. While it runs the
+    // notifications of this window's controls are dropped. False if the exchange failed.
+    BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
+    BOOL EnableToolTips(BOOL bEnable);
+
+    virtual BOOL PreTranslateMessage(MSG* pMsg);
+
+    // Runs messages until EndModalLoop, or until ContinueModal says no; gives EndModalLoop's result.
+    int RunModalLoop();
+    void EndModalLoop(int nResult);
+    virtual BOOL ContinueModal() { return m_bContinueModal; }
+
+    // Makes this the window's object, so that its messages come to WindowProc.
+    void Attach(HWND hWnd);
+
+protected:
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    virtual void DoDataExchange(CDataExchange* pDX);
+
+    // Default processing of the message in hand, with the arguments it came with.
+    LRESULT Default();
+    static const MSG* GetCurrentMessage();
+
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCTW lpCreateStruct);
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg UINT OnGetDlgCode();
+    afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    static LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+    void Detach();
+
+    WNDPROC m_pfnSuper = nullptr;
+    BOOL m_bContinueModal = FALSE;
+    int m_nModalResult = 0;
+    BOOL m_bToolTips = FALSE;
+};
+
+class CStatic : public CWnd
+{
+    DECLARE_DYNAMIC(CStatic)
+};
+
+class CButton : public CWnd
+{
+    DECLARE_DYNAMIC(CButton)
+
+public:
+    int GetCheck() { return static_cast<int>(SendMessage(BM_GETCHECK)); }
+    void SetCheck(int nCheck) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck)); }
+};
+
+class CEdit : public CWnd
+{
+    DECLARE_DYNAMIC(CEdit)
+};
+
+class CListBox : public CWnd
+{
+    DECLARE_DYNAMIC(CListBox)
+
+public:
+    int AddString(LPCTSTR lpszItem);
+    // -1 takes the selection away.
+    int SetCurSel(int nSelect);
+};
+
+class CComboBox : public CWnd
+{
+    DECLARE_DYNAMIC(CComboBox)
+
+public:
+    int AddString(LPCTSTR lpszString);
+    int SetCurSel(int nSelect);
+    // CB_ERR if nothing is selected.
+    int GetCurSel();
+    // CB_ERR if there is none. The search begins behind nStartAfter and wraps.
+    int FindStringExact(int nStartAfter, LPCTSTR lpszString);
+    // Leaves the text empty if there is no such item.
+    void GetLBText(int nIndex, CString& rString);
+};
+
+class CDialog : public CWnd
+{
+    DECLARE_DYNAMIC(CDialog)
+
+public:
+    explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
+
+    // IDOK, IDCANCEL or what EndDialog was given; -1 if the dialog could not be made.
+    virtual int DoModal();
+    void EndDialog(int nResult);
+
+    virtual BOOL OnInitDialog();
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    virtual void OnOK();
+    virtual void OnCancel();
+    BOOL OnCmdMsg(UINT nID, UINT nCode) override;
+
+    UINT m_nIDTemplate;
+    CWnd* m_pParentWnd;
+
+    DECLARE_MESSAGE_MAP()
+};
+
+// The dialog procedure of every dialog and page: hands WM_INITDIALOG to OnInitDialog.
+INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+
+// The next dialog window that this thread creates is attached to the object before its first message. That is how
+// WM_NCCREATE of a window that a system function makes reaches a handler.
+void AfxHookWindowCreate(CWnd* pWnd);
+// Ends that. False if no window has come.
+bool AfxUnhookWindowCreate();
+
+// The application. One object, a static; WinMain runs InitInstance of it, and Run if that gives true.
+class CWinApp : public CCmdTarget
+{
+    DECLARE_DYNAMIC(CWinApp)
+
+public:
+    // With no name the application is called as its file is, without the extension.
+    explicit CWinApp(LPCTSTR lpszAppName = nullptr);
+    ~CWinApp() override;
+
+    virtual BOOL InitInstance() { return TRUE; }
+    virtual int Run();
+    virtual int ExitInstance() { return 0; }
+
+    CString m_strAppName;
+    CWnd* m_pMainWnd = nullptr;  // not owned
+
+protected:
+    // Names the key that the class library's own settings would lie under.
+    void SetRegistryKey(LPCTSTR lpszRegistryKey) { m_strRegistryKey = lpszRegistryKey; }
+    // There is no help file: the command is taken and nothing follows.
+    afx_msg void OnHelp() {}
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CString m_strRegistryKey;
+};
+
+CWinApp* AfxGetApp();
+CWnd* AfxGetMainWnd();
+HINSTANCE AfxGetInstanceHandle();
+// Titled with the application's name and owned by the window the user is in.
+int AfxMessageBox(LPCTSTR lpszText, UINT nType);
+// The top-level window that a dialog started from the window should disable; from the main window if null.
+HWND AfxGetSafeOwner(const CWnd* pParent);
+
+constexpr UINT ID_HELP = 0xE146;
+
+#include "afxdd_.h"

@@ -1,0 +1,111 @@
+#include "afxdialogex.h"
+
+IMPLEMENT_DYNAMIC(CDialog, CWnd)
+IMPLEMENT_DYNAMIC(CDialogEx, CDialog)
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+    ON_COMMAND(IDOK, &CDialog::OnOK)
+    ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+END_MESSAGE_MAP()
+
+INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM)
+{
+    if (message == WM_INITDIALOG)
+    {
+        if (auto* dialog = static_cast<CDialog*>(CWnd::FromHandlePermanent(hWnd)))
+        {
+            return dialog->OnInitDialog();
+        }
+        return TRUE;
+    }
+    return FALSE;
+}
+
+HWND AfxGetSafeOwner(const CWnd* pParent)
+{
+    HWND window = pParent != nullptr ? pParent->m_hWnd : nullptr;
+    if (window == nullptr)
+    {
+        const CWnd* main = AfxGetMainWnd();
+        window = main != nullptr ? main->m_hWnd : nullptr;
+    }
+    return window != nullptr ? GetAncestor(window, GA_ROOT) : nullptr;
+}
+
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
+
+int CDialog::DoModal()
+{
+    const HWND owner = AfxGetSafeOwner(m_pParentWnd);
+    const bool disabled = owner != nullptr && IsWindowEnabled(owner);
+    if (disabled)
+    {
+        ::EnableWindow(owner, FALSE);
+    }
+    AfxHookWindowCreate(this);
+    CreateDialogParamW(AfxGetInstanceHandle(), MAKEINTRESOURCEW(m_nIDTemplate), owner, AfxDlgProc, 0);
+    AfxUnhookWindowCreate();
+    int result = -1;
+    if (m_hWnd != nullptr)
+    {
+        ShowWindow(SW_SHOWNORMAL);
+        result = RunModalLoop();
+    }
+    // Before the dialog goes, so that the activation goes to its owner and to no other program.
+    if (disabled)
+    {
+        ::EnableWindow(owner, TRUE);
+    }
+    const bool active = m_hWnd != nullptr && GetActiveWindow() == m_hWnd;
+    DestroyWindow();
+    if (active && owner != nullptr)
+    {
+        SetActiveWindow(owner);
+    }
+    return result;
+}
+
+void CDialog::EndDialog(int nResult)
+{
+    EndModalLoop(nResult);
+}
+
+BOOL CDialog::OnInitDialog()
+{
+    UpdateData(FALSE);
+    if ((GetWindowLongW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0)
+    {
+        CenterWindow();
+    }
+    return TRUE;
+}
+
+void CDialog::OnOK()
+{
+    if (UpdateData(TRUE))
+    {
+        EndDialog(IDOK);
+    }
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(IDCANCEL);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* pMsg)
+{
+    if (CWnd::PreTranslateMessage(pMsg))
+    {
+        return TRUE;
+    }
+    const bool isInput = (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) ||
+                         (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST);
+    return isInput && m_hWnd != nullptr && IsDialogMessageW(m_hWnd, pMsg);
+}
+
+// A command that the dialog has no handler for is the application's.
+BOOL CDialog::OnCmdMsg(UINT nID, UINT nCode)
+{
+    return CWnd::OnCmdMsg(nID, nCode) || (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(nID, nCode));
+}

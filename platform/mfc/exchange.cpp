@@ -1,0 +1,214 @@
+#include "afxwin.h"
+
+#include <climits>
+
+HWND CDataExchange::PrepareCtrl(int nIDC)
+{
+    m_hWndLastControl = ::GetDlgItem(m_pDlgWnd->m_hWnd, nIDC);
+    m_bEditLastControl = false;
+    if (m_hWndLastControl == nullptr)
+    {
+        Fail();
+    }
+    return m_hWndLastControl;
+}
+
+HWND CDataExchange::PrepareEditCtrl(int nIDC)
+{
+    const HWND control = PrepareCtrl(nIDC);
+    m_bEditLastControl = true;
+    return control;
+}
+
+void CDataExchange::Fail()
+{
+    if (m_bSaveAndValidate && m_hWndLastControl != nullptr)
+    {
+        SetFocus(m_hWndLastControl);
+        if (m_bEditLastControl)
+        {
+            SendMessageW(m_hWndLastControl, EM_SETSEL, 0, -1);
+        }
+    }
+    throw CUserException();
+}
+
+void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl)
+{
+    if (rControl.m_hWnd == nullptr)
+    {
+        rControl.SubclassWindow(pDX->PrepareCtrl(nIDC));
+    }
+}
+
+namespace
+{
+CString WindowText(HWND control)
+{
+    CString text;
+    CWnd::FromHandle(control)->GetWindowText(text);
+    return text;
+}
+
+// A text equal to the one that stands is not set again.
+void SetTextIfDifferent(HWND control, const CString& text)
+{
+    if (!(WindowText(control) == text))
+    {
+        SetWindowTextW(control, text);
+    }
+}
+
+bool IsBlank(TCHAR character)
+{
+    return character == _T(' ') || character == _T('\t');
+}
+
+// The whole text as one decimal number from `least` to `most`, blanks around it allowed.
+bool ParseNumber(LPCTSTR text, long long least, long long most, long long* number)
+{
+    while (IsBlank(*text))
+    {
+        ++text;
+    }
+    const bool negative = *text == _T('-');
+    if (negative || *text == _T('+'))
+    {
+        ++text;
+    }
+    if (*text < _T('0') || *text > _T('9'))
+    {
+        return false;
+    }
+    long long value = 0;
+    for (; *text >= _T('0') && *text <= _T('9'); ++text)
+    {
+        value = value * 10 + (*text - _T('0'));
+        if (value > UINT_MAX + 1LL)
+        {
+            return false;
+        }
+    }
+    while (IsBlank(*text))
+    {
+        ++text;
+    }
+    *number = negative ? -value : value;
+    return *text == 0 && *number >= least && *number <= most;
+}
+
+CString FormatNumber(int value)
+{
+    CString text;
+    text.Format(_T("%d"), value);
+    return text;
+}
+
+CString FormatNumber(UINT value)
+{
+    CString text;
+    text.Format(_T("%u"), value);
+    return text;
+}
+
+template <class Number>
+void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, long long least, long long most, LPCTSTR prompt)
+{
+    const HWND control = pDX->PrepareEditCtrl(nIDC);
+    if (!pDX->m_bSaveAndValidate)
+    {
+        SetTextIfDifferent(control, FormatNumber(value));
+        return;
+    }
+    long long number = 0;
+    if (!ParseNumber(WindowText(control), least, most, &number))
+    {
+        AfxMessageBox(prompt, MB_OK | MB_ICONEXCLAMATION);
+        pDX->Fail();
+    }
+    value = static_cast<Number>(number);
+}
+
+// Members that are the answer to one message and are set by another.
+void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT set)
+{
+    const HWND control = pDX->PrepareCtrl(nIDC);
+    if (pDX->m_bSaveAndValidate)
+    {
+        value = static_cast<int>(SendMessageW(control, get, 0, 0));
+    }
+    else
+    {
+        SendMessageW(control, set, static_cast<WPARAM>(value), 0);
+    }
+}
+}  // namespace
+
+void DDX_Text(CDataExchange* pDX, int nIDC, int& value)
+{
+    ExchangeNumber(pDX, nIDC, value, INT_MIN, INT_MAX, _T("Please enter an integer."));
+}
+
+void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value)
+{
+    ExchangeNumber(pDX, nIDC, value, 0, UINT_MAX, _T("Please enter a positive integer."));
+}
+
+void DDX_Text(CDataExchange* pDX, int nIDC, CString& value)
+{
+    const HWND control = pDX->PrepareEditCtrl(nIDC);
+    if (pDX->m_bSaveAndValidate)
+    {
+        value = WindowText(control);
+    }
+    else
+    {
+        SetTextIfDifferent(control, value);
+    }
+}
+
+void DDX_Check(CDataExchange* pDX, int nIDC, int& value)
+{
+    if (!pDX->m_bSaveAndValidate && (value < BST_UNCHECKED || value > BST_INDETERMINATE))
+    {
+        value = BST_UNCHECKED;
+    }
+    ExchangeByMessage(pDX, nIDC, value, BM_GETCHECK, BM_SETCHECK);
+}
+
+void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
+{
+    HWND button = pDX->PrepareCtrl(nIDC);
+    const int wanted = value;
+    if (pDX->m_bSaveAndValidate)
+    {
+        value = -1;
+    }
+    int position = 0;
+    do
+    {
+        if ((SendMessageW(button, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0)
+        {
+            if (!pDX->m_bSaveAndValidate)
+            {
+                SendMessageW(button, BM_SETCHECK, position == wanted ? BST_CHECKED : BST_UNCHECKED, 0);
+            }
+            else if (SendMessageW(button, BM_GETCHECK, 0, 0) != BST_UNCHECKED)
+            {
+                value = position;
+            }
+            ++position;
+        }
+        button = GetWindow(button, GW_HWNDNEXT);
+    } while (button != nullptr && (GetWindowLongW(button, GWL_STYLE) & WS_GROUP) == 0);
+}
+
+void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index)
+{
+    ExchangeByMessage(pDX, nIDC, index, LB_GETCURSEL, LB_SETCURSEL);
+}
+
+void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index)
+{
+    ExchangeByMessage(pDX, nIDC, index, CB_GETCURSEL, CB_SETCURSEL);
+}

@@ -1,0 +1,127 @@
+#include "afxdlgs.h"
+
+#include <objbase.h>
+#include <shobjidl.h>
+
+namespace
+{
+// Releases a COM object at the end of its scope.
+template <class Interface>
+class ComPointer
+{
+public:
+    ComPointer() = default;
+    ~ComPointer()
+    {
+        if (m_pointer != nullptr)
+        {
+            m_pointer->Release();
+        }
+    }
+    ComPointer(const ComPointer&) = delete;
+    ComPointer& operator=(const ComPointer&) = delete;
+
+    Interface* operator->() const { return m_pointer; }
+    Interface* get() const { return m_pointer; }
+    Interface** Receive() { return &m_pointer; }
+    void** ReceiveVoid() { return reinterpret_cast<void**>(&m_pointer); }
+
+private:
+    Interface* m_pointer = nullptr;
+};
+
+// Cuts "text|pattern|text|pattern||" into pairs that point into the given text.
+std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter)
+{
+    std::vector<COMDLG_FILTERSPEC> pairs;
+    TCHAR* part = filter;
+    LPCTSTR text = nullptr;
+    for (TCHAR* position = filter; *position != 0; ++position)
+    {
+        if (*position != _T('|'))
+        {
+            continue;
+        }
+        *position = 0;
+        if (*part == 0)
+        {
+            break;
+        }
+        if (text == nullptr)
+        {
+            text = part;
+        }
+        else
+        {
+            pairs.push_back({text, part});
+            text = nullptr;
+        }
+        part = position + 1;
+    }
+    return pairs;
+}
+
+CString PathOf(IFileOpenDialog* dialog)
+{
+    CString path;
+    ComPointer<IShellItem> item;
+    LPWSTR text = nullptr;
+    if (SUCCEEDED(dialog->GetResult(item.Receive())) && SUCCEEDED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
+    {
+        path = CString(text);
+        CoTaskMemFree(text);
+    }
+    return path;
+}
+}  // namespace
+
+CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags, LPCTSTR lpszFilter,
+                         CWnd* pParentWnd, DWORD, BOOL)
+    : m_strFilter(lpszFilter), m_pParentWnd(pParentWnd)
+{
+    m_ofn.Flags = dwFlags;
+    m_ofn.lpstrDefExt = lpszDefExt;
+    m_ofn.lpstrFileTitle = const_cast<LPWSTR>(lpszFileName);
+}
+
+INT_PTR CFileDialog::DoModal()
+{
+    ComPointer<IFileOpenDialog> dialog;
+    if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_IFileOpenDialog,
+                                dialog.ReceiveVoid())))
+    {
+        return IDCANCEL;
+    }
+    DWORD options = 0;
+    dialog->GetOptions(&options);
+    // The item dialog's options of these meanings have the numbers of the older dialog's flags; it has no read-only
+    // box to hide.
+    options |= m_ofn.Flags & OFN_OVERWRITEPROMPT;
+    dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
+    const int length = m_strFilter.GetLength();
+    const std::vector<COMDLG_FILTERSPEC> filter = SplitFilter(m_strFilter.GetBuffer(length));
+    if (!filter.empty())
+    {
+        dialog->SetFileTypes(static_cast<UINT>(filter.size()), filter.data());
+    }
+    if (m_ofn.lpstrDefExt != nullptr)
+    {
+        dialog->SetDefaultExtension(m_ofn.lpstrDefExt);
+    }
+    if (m_ofn.lpstrFileTitle != nullptr)
+    {
+        dialog->SetFileName(m_ofn.lpstrFileTitle);
+    }
+    ComPointer<IShellItem> folder;
+    if (m_ofn.lpstrInitialDir != nullptr &&
+        SUCCEEDED(SHCreateItemFromParsingName(m_ofn.lpstrInitialDir, nullptr, IID_IShellItem, folder.ReceiveVoid())))
+    {
+        dialog->SetFolder(folder.get());
+    }
+    if (FAILED(dialog->Show(AfxGetSafeOwner(m_pParentWnd))))
+    {
+        return IDCANCEL;
+    }
+    m_strPathName = PathOf(dialog.get());
+    return m_strPathName.IsEmpty() ? IDCANCEL : IDOK;
+}

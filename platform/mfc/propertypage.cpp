@@ -1,0 +1,109 @@
+#include "afxdlgs.h"
+
+IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
+
+CPropertyPage::CPropertyPage(UINT nIDTemplate, UINT nIDCaption) : CDialog(nIDTemplate)
+{
+    m_psp.dwSize = sizeof(m_psp);
+    m_psp.dwFlags = PSP_USECALLBACK;
+    m_psp.hInstance = AfxGetInstanceHandle();
+    m_psp.pszTemplate = MAKEINTRESOURCEW(nIDTemplate);
+    m_psp.pfnDlgProc = AfxDlgProc;
+    m_psp.pfnCallback = PageCallback;
+    m_psp.lParam = reinterpret_cast<LPARAM>(this);
+    if (nIDCaption != 0)
+    {
+        m_psp.dwFlags |= PSP_USETITLE;
+        m_psp.pszTitle = MAKEINTRESOURCEW(nIDCaption);
+    }
+}
+
+UINT CALLBACK CPropertyPage::PageCallback(HWND, UINT message, PROPSHEETPAGEW* pPage)
+{
+    if (message == PSPCB_CREATE)
+    {
+        AfxHookWindowCreate(reinterpret_cast<CPropertyPage*>(pPage->lParam));
+    }
+    return TRUE;
+}
+
+void CPropertyPage::SetModified(BOOL bChanged)
+{
+    m_bModified = bChanged;
+    if (m_hWnd != nullptr)
+    {
+        ::SendMessageW(::GetParent(m_hWnd), bChanged ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd),
+                       0);
+    }
+}
+
+void CPropertyPage::RestoreMark()
+{
+    if (m_bModified)
+    {
+        SetModified(TRUE);
+    }
+}
+
+BOOL CPropertyPage::OnSetActive()
+{
+    if (m_bFirstSetActive)
+    {
+        m_bFirstSetActive = FALSE;
+    }
+    else
+    {
+        UpdateData(FALSE);
+    }
+    return TRUE;
+}
+
+BOOL CPropertyPage::OnKillActive()
+{
+    return UpdateData(TRUE);
+}
+
+BOOL CPropertyPage::OnApply()
+{
+    OnOK();
+    return TRUE;
+}
+
+void CPropertyPage::OnOK()
+{
+    SetModified(FALSE);
+}
+
+void CPropertyPage::OnCancel() {}
+
+BOOL CPropertyPage::PreTranslateMessage(MSG* pMsg)
+{
+    // The sheet runs the dialog keys for its pages; a page that did so as well would take Tab for itself.
+    return CWnd::PreTranslateMessage(pMsg);
+}
+
+BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
+    LRESULT answer = 0;
+    switch (header->code)
+    {
+    case static_cast<UINT>(PSN_SETACTIVE):
+        answer = OnSetActive() ? 0 : -1;
+        // The common control does not know the page yet while its dialog is being made, and so forgets a mark
+        // set then.
+        RestoreMark();
+        break;
+    case static_cast<UINT>(PSN_KILLACTIVE):
+        answer = OnKillActive() ? FALSE : TRUE;
+        break;
+    case static_cast<UINT>(PSN_APPLY):
+        answer = OnApply() ? PSNRET_NOERROR : PSNRET_INVALID_NOCHANGEPAGE;
+        break;
+    default:
+        return CDialog::OnNotify(wParam, lParam, pResult);
+    }
+    SetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT, answer);
+    *pResult = TRUE;
+    return TRUE;
+}

@@ -1,0 +1,105 @@
+#include "afxdlgs.h"
+
+IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
+
+CPropertySheet::CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd, UINT iSelectPage)
+    : m_strCaption(pszCaption), m_pParentWnd(pParentWnd)
+{
+    m_psh.dwSize = sizeof(m_psh);
+    m_psh.dwFlags = PSH_PROPSHEETPAGE;
+    m_psh.hInstance = AfxGetInstanceHandle();
+    m_psh.nStartPage = iSelectPage;
+}
+
+void CPropertySheet::AddPage(CPropertyPage* pPage)
+{
+    m_pages.push_back(pPage);
+}
+
+BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
+{
+    for (UINT index = 0; index < m_pages.size(); ++index)
+    {
+        if (m_pages[index] == pPage)
+        {
+            m_psh.nStartPage = index;
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
+
+// The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the common
+// control's own would not show them.
+int CPropertySheet::DoModal()
+{
+    std::vector<PROPSHEETPAGEW> pages;
+    for (CPropertyPage* page : m_pages)
+    {
+        pages.push_back(page->m_psp);
+    }
+    PROPSHEETHEADERW header = m_psh;
+    header.dwFlags |= PSH_MODELESS;
+    header.pszCaption = m_strCaption;
+    header.hwndParent = m_pParentWnd != nullptr ? AfxGetSafeOwner(m_pParentWnd) : nullptr;
+    header.nPages = static_cast<UINT>(pages.size());
+    header.ppsp = pages.data();
+    AfxHookWindowCreate(this);
+    PropertySheetW(&header);
+    AfxUnhookWindowCreate();
+    if (m_hWnd == nullptr)
+    {
+        return -1;
+    }
+    // The common control disables Apply when it has made the first page.
+    for (CPropertyPage* page : m_pages)
+    {
+        page->RestoreMark();
+    }
+    RunModalLoop();
+    const int result = static_cast<int>(SendMessage(PSM_GETRESULT)) > 0 ? IDOK : IDCANCEL;
+    DestroyWindow();
+    return result;
+}
+
+BOOL CPropertySheet::ContinueModal()
+{
+    // Without a current page the sheet has been closed.
+    return CWnd::ContinueModal() && m_hWnd != nullptr && SendMessage(PSM_GETCURRENTPAGEHWND) != 0;
+}
+
+LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    switch (message)
+    {
+    case WM_INITDIALOG:
+        CenterWindow();
+        break;
+    case WM_COMMAND:
+    case WM_SYSCOMMAND:
+    case WM_CLOSE:
+    case PSM_PRESSBUTTON:
+        // Any of these may have closed the sheet, and one that was sent does not wake the modal loop.
+        PostMessageW(m_hWnd, WM_NULL, 0, 0);
+        break;
+    default:
+        break;
+    }
+    return result;
+}
+
+BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
+{
+    if (CWnd::PreTranslateMessage(pMsg))
+    {
+        return TRUE;
+    }
+    const bool isOurs = m_hWnd != nullptr && (pMsg->hwnd == m_hWnd || IsChild(m_hWnd, pMsg->hwnd));
+    return isOurs && SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;
+}
+
+BOOL CPropertySheet::OnCmdMsg(UINT nID, UINT nCode)
+{
+    return CWnd::OnCmdMsg(nID, nCode) || (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(nID, nCode));
+}

@@ -1,0 +1,73 @@
+#include "afxwin.h"
+
+IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
+
+BEGIN_MESSAGE_MAP(CWinApp, CCmdTarget)
+END_MESSAGE_MAP()
+
+namespace
+{
+CWinApp* g_app;
+
+// The program file's name without folder and extension.
+CString ProgramName()
+{
+    TCHAR path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH - 1);
+    const CString whole(path);
+    CString name(path + whole.ReverseFind(_T('\\')) + 1);
+    const int dot = name.ReverseFind(_T('.'));
+    if (dot > 0)
+    {
+        name.Truncate(dot);
+    }
+    return name;
+}
+}  // namespace
+
+CWinApp::CWinApp(LPCTSTR lpszAppName) : m_strAppName(lpszAppName != nullptr ? CString(lpszAppName) : ProgramName())
+{
+    g_app = this;
+}
+
+CWinApp::~CWinApp()
+{
+    g_app = nullptr;
+}
+
+int CWinApp::Run()
+{
+    MSG message = {};
+    while (GetMessageW(&message, nullptr, 0, 0))
+    {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return ExitInstance();
+}
+
+CWinApp* AfxGetApp()
+{
+    return g_app;
+}
+
+CWnd* AfxGetMainWnd()
+{
+    return g_app != nullptr ? g_app->m_pMainWnd : nullptr;
+}
+
+HINSTANCE AfxGetInstanceHandle()
+{
+    return GetModuleHandleW(nullptr);
+}
+
+int AfxMessageBox(LPCTSTR lpszText, UINT nType)
+{
+    const CString title = g_app != nullptr ? g_app->m_strAppName : CString();
+    HWND owner = GetActiveWindow();
+    if (owner == nullptr)
+    {
+        owner = AfxGetSafeOwner(nullptr);
+    }
+    return MessageBoxW(owner, lpszText, title, nType);
+}

@@ -1,0 +1,235 @@
+// CWnd: handles and objects, the window procedure, and messages to their handlers.
+#include "afxwin.h"
+
+#include <map>
+#include <memory>
+
+IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
+
+BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
+END_MESSAGE_MAP()
+
+namespace
+{
+// The message that this thread's innermost window procedure is processing.
+MSG g_currentMessage;
+// The window that is exchanging data with its controls; null at other times.
+HWND g_lockedOutWindow;
+
+std::map<HWND, CWnd*>& PermanentMap()
+{
+    static std::map<HWND, CWnd*> map;
+    return map;
+}
+
+std::map<HWND, std::unique_ptr<CWnd>>& TemporaryMap()
+{
+    static std::map<HWND, std::unique_ptr<CWnd>> map;
+    return map;
+}
+}  // namespace
+
+CWnd::~CWnd()
+{
+    // A temporary object never owned its window; a permanent one must not leave a window behind that calls it.
+    if (m_pfnSuper != nullptr)
+    {
+        DestroyWindow();
+    }
+}
+
+CWnd* CWnd::FromHandlePermanent(HWND hWnd)
+{
+    const auto found = PermanentMap().find(hWnd);
+    return found == PermanentMap().end() ? nullptr : found->second;
+}
+
+CWnd* CWnd::FromHandle(HWND hWnd)
+{
+    if (hWnd == nullptr)
+    {
+        return nullptr;
+    }
+    if (CWnd* permanent = FromHandlePermanent(hWnd))
+    {
+        return permanent;
+    }
+    std::unique_ptr<CWnd>& temporary = TemporaryMap()[hWnd];
+    if (temporary == nullptr)
+    {
+        temporary = std::make_unique<CWnd>();
+        temporary->m_hWnd = hWnd;
+    }
+    return temporary.get();
+}
+
+void CWnd::DeleteTempMap()
+{
+    TemporaryMap().clear();
+}
+
+void CWnd::Attach(HWND hWnd)
+{
+    m_hWnd = hWnd;
+    PermanentMap()[hWnd] = this;
+    m_pfnSuper = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CWnd::AfxWndProc)));
+}
+
+void CWnd::Detach()
+{
+    PermanentMap().erase(m_hWnd);
+    m_hWnd = nullptr;
+    m_pfnSuper = nullptr;
+}
+
+BOOL CWnd::SubclassWindow(HWND hWnd)
+{
+    if (m_hWnd != nullptr || FromHandlePermanent(hWnd) != nullptr || !IsWindow(hWnd))
+    {
+        return FALSE;
+    }
+    Attach(hWnd);
+    return TRUE;
+}
+
+BOOL CWnd::DestroyWindow()
+{
+    return m_hWnd != nullptr && ::DestroyWindow(m_hWnd);
+}
+
+LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    CWnd* window = FromHandlePermanent(hWnd);
+    if (window == nullptr)
+    {
+        return ::DefWindowProcW(hWnd, message, wParam, lParam);
+    }
+    const MSG outer = g_currentMessage;
+    g_currentMessage = {};
+    g_currentMessage.hwnd = hWnd;
+    g_currentMessage.message = message;
+    g_currentMessage.wParam = wParam;
+    g_currentMessage.lParam = lParam;
+
+    LRESULT result = 0;
+    if (message == WM_NCDESTROY)
+    {
+        // The last message a window gets: its own procedure has it back before the object lets go.
+        SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(window->m_pfnSuper));
+        result = window->WindowProc(message, wParam, lParam);
+        window->Detach();
+    }
+    else
+    {
+        result = window->WindowProc(message, wParam, lParam);
+    }
+    g_currentMessage = outer;
+    return result;
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    switch (message)
+    {
+    case WM_COMMAND:
+        if (OnCommand(wParam, lParam))
+        {
+            return 0;
+        }
+        break;
+    case WM_NOTIFY:
+        if (OnNotify(wParam, lParam, &result))
+        {
+            return result;
+        }
+        break;
+    default:
+        if (const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0))
+        {
+            return entry->pfn(this, wParam, lParam);
+        }
+        break;
+    }
+    return DefWindowProc(message, wParam, lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_hWnd == nullptr)
+    {
+        return 0;
+    }
+    return m_pfnSuper != nullptr ? CallWindowProcW(m_pfnSuper, m_hWnd, message, wParam, lParam)
+                                 : ::DefWindowProcW(m_hWnd, message, wParam, lParam);
+}
+
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    if (lParam != 0 && g_lockedOutWindow == m_hWnd)
+    {
+        return TRUE;
+    }
+    // A menu or accelerator has no control, and its notification code is not one.
+    return OnCmdMsg(LOWORD(wParam), lParam != 0 ? HIWORD(wParam) : 0);
+}
+
+BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*)
+{
+    return FALSE;
+}
+
+LRESULT CWnd::Default()
+{
+    return DefWindowProc(g_currentMessage.message, g_currentMessage.wParam, g_currentMessage.lParam);
+}
+
+const MSG* CWnd::GetCurrentMessage()
+{
+    return &g_currentMessage;
+}
+
+BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
+{
+    if (m_hWnd == nullptr)
+    {
+        return FALSE;
+    }
+    const HWND outer = g_lockedOutWindow;
+    g_lockedOutWindow = m_hWnd;
+    CDataExchange exchange(this, bSaveAndValidate);
+    BOOL succeeded = TRUE;
+    try
+    {
+        DoDataExchange(&exchange);
+    }
+    catch (const CUserException&)
+    {
+        succeeded = FALSE;
+    }
+    g_lockedOutWindow = outer;
+    return succeeded;
+}
+
+void CWnd::DoDataExchange(CDataExchange*) {}
+
+BOOL CWnd::OnNcCreate(LPCREATESTRUCTW)
+{
+    return static_cast<BOOL>(Default());
+}
+
+void CWnd::OnChar(UINT, UINT, UINT)
+{
+    Default();
+}
+
+UINT CWnd::OnGetDlgCode()
+{
+    return static_cast<UINT>(Default());
+}
+
+void CWnd::OnSysCommand(UINT, LPARAM)
+{
+    Default();
+}

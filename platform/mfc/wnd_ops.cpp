@@ -1,0 +1,132 @@
+// CWnd: operations on the window, and the modal loop.
+#include "afxwin.h"
+
+#include <algorithm>
+
+CWnd* CWnd::GetDlgItem(int nID) const
+{
+    return m_hWnd == nullptr ? nullptr : FromHandle(::GetDlgItem(m_hWnd, nID));
+}
+
+BOOL CWnd::EnableWindow(BOOL bEnable)
+{
+    return ::EnableWindow(m_hWnd, bEnable);
+}
+
+BOOL CWnd::ShowWindow(int nCmdShow)
+{
+    return ::ShowWindow(m_hWnd, nCmdShow);
+}
+
+void CWnd::SetWindowText(LPCTSTR lpszString)
+{
+    ::SetWindowTextW(m_hWnd, lpszString);
+}
+
+void CWnd::GetWindowText(CString& rString) const
+{
+    const int length = ::GetWindowTextLengthW(m_hWnd);
+    ::GetWindowTextW(m_hWnd, rString.GetBuffer(length + 1), length + 1);
+    rString.ReleaseBuffer();
+}
+
+LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return m_hWnd == nullptr ? 0 : ::SendMessageW(m_hWnd, message, wParam, lParam);
+}
+
+void CWnd::CenterWindow()
+{
+    RECT window = {};
+    RECT screen = {};
+    if (!GetWindowRect(m_hWnd, &window) || !SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0))
+    {
+        return;
+    }
+    RECT centre = screen;
+    const HWND owner = GetWindow(m_hWnd, GW_OWNER);
+    if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner))
+    {
+        GetWindowRect(owner, &centre);
+    }
+    const LONG width = window.right - window.left;
+    const LONG height = window.bottom - window.top;
+    const LONG left = (centre.left + centre.right - width) / 2;
+    const LONG top = (centre.top + centre.bottom - height) / 2;
+    // The title bar comes first where the screen is too small for the whole window.
+    ::SetWindowPos(m_hWnd, nullptr, std::max(screen.left, std::min(left, screen.right - width)),
+                   std::max(screen.top, std::min(top, screen.bottom - height)), 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Kept for the class library's own tips, which take their texts on request. All tips here have their texts from
+// CToolTipCtrl::AddTool, so the flag has no further effect.
+BOOL CWnd::EnableToolTips(BOOL bEnable)
+{
+    m_bToolTips = bEnable;
+    return TRUE;
+}
+
+BOOL CWnd::PreTranslateMessage(MSG*)
+{
+    return FALSE;
+}
+
+namespace
+{
+// Offers a message to each window from the one it is for up to the modal one.
+BOOL WalkPreTranslateTree(HWND stop, MSG* message)
+{
+    for (HWND window = message->hwnd; window != nullptr; window = GetParent(window))
+    {
+        CWnd* object = CWnd::FromHandlePermanent(window);
+        if (object != nullptr && object->PreTranslateMessage(message))
+        {
+            return TRUE;
+        }
+        if (window == stop)
+        {
+            break;
+        }
+    }
+    return FALSE;
+}
+}  // namespace
+
+int CWnd::RunModalLoop()
+{
+    m_bContinueModal = TRUE;
+    while (ContinueModal())
+    {
+        MSG message = {};
+        if (!PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE))
+        {
+            DeleteTempMap();
+        }
+        if (!GetMessageW(&message, nullptr, 0, 0))
+        {
+            // The outer loops must see it too.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            m_bContinueModal = FALSE;
+            return -1;
+        }
+        if (!WalkPreTranslateTree(m_hWnd, &message))
+        {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    m_bContinueModal = FALSE;
+    return m_nModalResult;
+}
+
+void CWnd::EndModalLoop(int nResult)
+{
+    m_nModalResult = nResult;
+    if (m_bContinueModal)
+    {
+        m_bContinueModal = FALSE;
+        // The loop looks again only after a message.
+        PostMessageW(m_hWnd, WM_NULL, 0, 0);
+    }
+}
