@@ -1,0 +1,113 @@
+#include "framework/RegistryAccess.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+RegistryKey::RegistryKey(const WideString& path, Access access)
+{
+    HKEY opened = nullptr;
+    const LSTATUS status =
+        access == Access::Read
+            ? RegOpenKeyExW(SettingsRoot, path.c_str(), 0, KeyRead, &opened)
+            : RegCreateKeyExW(SettingsRoot, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite, nullptr,
+                              &opened, nullptr);
+    if (status == ERROR_SUCCESS)
+    {
+        m_key = opened;
+    }
+}
+
+RegistryKey::~RegistryKey()
+{
+    if (m_key != nullptr)
+    {
+        RegCloseKey(m_key);
+    }
+}
+
+namespace
+{
+bool WriteValueBytes(const WideString& key, const WideString& name, DWORD type, const void* data, size_t size)
+{
+    const RegistryKey opened(key, RegistryKey::Access::Write);
+    return opened.IsOpen() && RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
+                                             static_cast<DWORD>(size)) == ERROR_SUCCESS;
+}
+
+// A value's size in bytes; false if there is no such value.
+bool QuerySize(const RegistryKey& key, const WideString& name, DWORD* size)
+{
+    *size = 0;
+    return RegQueryValueExW(key.Get(), name.c_str(), nullptr, nullptr, nullptr, size) == ERROR_SUCCESS;
+}
+}  // namespace
+
+bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value)
+{
+    return WriteValueBytes(key, name, REG_DWORD, &value, sizeof(value));
+}
+
+bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text)
+{
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    DWORD size = 0;
+    if (!opened.IsOpen() || !QuerySize(opened, name, &size))
+    {
+        return false;
+    }
+    // Twice the room that the size asks for: the value may end in half a character or without a terminator.
+    const auto buffer = std::make_unique<TCHAR[]>(static_cast<size_t>(size) + 1);
+    if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(buffer.get()),
+                         &size) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    buffer[size / sizeof(TCHAR)] = 0;
+    text = buffer.get();
+    return true;
+}
+
+bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text)
+{
+    const LPCTSTR stored = text != nullptr ? text : _T("");
+    const size_t length = std::char_traits<TCHAR>::length(stored);
+    return WriteValueBytes(key, name, REG_SZ, stored, (length + 1) * sizeof(TCHAR));
+}
+
+void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
+{
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    if (opened.IsOpen())
+    {
+        DWORD size = sizeof(number);
+        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
+    }
+}
+
+void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer)
+{
+    if (buffer == nullptr)
+    {
+        return;
+    }
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    DWORD stored = 0;
+    if (!opened.IsOpen() || !QuerySize(opened, name, &stored))
+    {
+        return;
+    }
+    const auto bytes = std::make_unique<BYTE[]>(stored);
+    if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, bytes.get(), &stored) == ERROR_SUCCESS)
+    {
+        std::memcpy(buffer, bytes.get(), std::min(stored, size));
+    }
+}
+
+void WriteRegistryBytes(const WideString& key, const WideString& name, DWORD size, const void* buffer)
+{
+    if (buffer != nullptr && size != 0)
+    {
+        WriteValueBytes(key, name, REG_BINARY, buffer, size);
+    }
+}

@@ -1,0 +1,97 @@
+#include "framework/SettingsPage.h"
+
+#include "framework/ToolTips.h"
+
+#include <algorithm>
+
+IMPLEMENT_DYNAMIC(CSettingsPage, CPropertyPage)
+
+CSettingsPage::CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
+
+CSettingsPage::~CSettingsPage() = default;
+
+BOOL CSettingsPage::OnInitDialog()
+{
+    LoadSettings();
+    CPropertyPage::OnInitDialog();
+    UpdateControlStates();
+    if (CreateToolTips(*this, m_pToolTip))
+    {
+        InitToolTips();
+        ActivateToolTips(*m_pToolTip);
+    }
+    return TRUE;
+}
+
+BOOL CSettingsPage::OnApply()
+{
+    SaveSettings();
+    return CPropertyPage::OnApply();
+}
+
+BOOL CSettingsPage::PreTranslateMessage(MSG* pMsg)
+{
+    RelayToToolTips(m_pToolTip.get(), pMsg);
+    return CPropertyPage::PreTranslateMessage(pMsg);
+}
+
+void CSettingsPage::AddToolTip(int id, LPCTSTR text)
+{
+    m_pToolTip->AddTool(GetDlgItem(id), text, nullptr, 0);
+}
+
+template <class Member>
+void CSettingsPage::MarkIfChanged(Member& member)
+{
+    const Member before = member;
+    UpdateData(TRUE);
+    SetModified(!(before == member));
+}
+
+void CSettingsPage::CheckModified(int& member)
+{
+    MarkIfChanged(member);
+}
+
+void CSettingsPage::CheckModified(UINT& member)
+{
+    MarkIfChanged(member);
+}
+
+void CSettingsPage::CheckModified(CString& member)
+{
+    MarkIfChanged(member);
+}
+
+void CSettingsPage::CheckModified(WideString& member)
+{
+    MarkIfChanged(member);
+}
+
+void CSettingsPage::AddProduct(const ProductId& product)
+{
+    m_bAlwaysShown = false;
+    m_products.push_back(product);
+}
+
+void CSettingsPage::AddXhciProducts()
+{
+    AddProduct(BirchQB);
+    AddProduct(FirQB);
+    AddProduct(GinkgoQB);
+}
+
+bool CSettingsPage::IsAnyXhciToolInstalled()
+{
+    return IsProductInstalled(BirchQB) || IsProductInstalled(FirQB) || IsProductInstalled(GinkgoQB);
+}
+
+bool CSettingsPage::IsAnyEhciToolInstalled()
+{
+    return IsProductInstalled(AlderQB) || IsProductInstalled(ElmQB) || IsProductInstalled(HazelQB);
+}
+
+bool CSettingsPage::ConcernsInstalledTool() const
+{
+    return m_bAlwaysShown || std::any_of(m_products.begin(), m_products.end(), IsProductInstalled);
+}
