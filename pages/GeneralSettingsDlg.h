@@ -1,0 +1,34 @@
+// General Settings: what concerns the whole family, in SOFTWARE\Halvane\QuorvexBench.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CGeneralSettingsDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CGeneralSettingsDlg)
+
+public:
+    CGeneralSettingsDlg();
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    void LoadSettings() override;
+    void UpdateControlStates() override;
+
+    afx_msg void OnCertificationMode();
+    afx_msg void OnLogVerbosity();
+    afx_msg void OnDisplayUpdateTime();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    int CertificationMode = 0;
+    CButton m_btnCertificationMode;
+    CListBox m_lbLogVerbosity;
+    int QBLogVerbosity = 3;
+    bool AllowDiagnosticLogging;
+    CEdit m_edDisplayUpdateTime;
+    int QBMinimumDisplayUpdateTime = 300;  // milliseconds
+};

@@ -1,0 +1,72 @@
+#include "shell/InstalledProducts.h"
+
+#include <memory>
+#include <vector>
+
+std::map<ProductId, DWORD> InstalledProductMap;
+
+namespace
+{
+// The registry's own limit, without the terminator.
+constexpr DWORD MaxValueName = 16383;
+
+// Goes through all values, whatever fails on the way.
+bool ReadAllValues(HKEY key)
+{
+    DWORD count = 0;
+    if (RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr,
+                         nullptr) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    bool complete = true;
+    std::vector<WideString> names;
+    const auto buffer = std::make_unique<TCHAR[]>(MaxValueName + 1);
+    for (DWORD index = 0; index < count; ++index)
+    {
+        DWORD length = MaxValueName;
+        buffer[0] = 0;
+        if (RegEnumValueW(key, index, buffer.get(), &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS)
+        {
+            names.emplace_back(buffer.get());
+        }
+        else
+        {
+            complete = false;
+        }
+    }
+    for (const WideString& name : names)
+    {
+        DWORD number = 0;
+        DWORD size = sizeof(number);
+        if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size) ==
+            ERROR_SUCCESS)
+        {
+            InstalledProductMap.emplace(name, number);
+        }
+        else
+        {
+            complete = false;
+        }
+    }
+    return complete;
+}
+}  // namespace
+
+bool LoadInstalledProducts()
+{
+    InstalledProductMap.clear();
+    const RegistryKey key(WideString(FamilyRoot) + _T("\\Installed"), RegistryKey::Access::Read);
+    return key.IsOpen() && ReadAllValues(key.Get());
+}
+
+bool IsProductInstalled(const ProductId& product)
+{
+    const auto entry = InstalledProductMap.find(product);
+    return entry != InstalledProductMap.end() && entry->second != 0;
+}
+
+void MakeProductKeyPath(WideString& path, const ProductId& product)
+{
+    path = WideString(FamilyRoot) + _T("\\") + product;
+}

@@ -1,0 +1,106 @@
+#include "shell/QBSettingsApp.h"
+
+#include "pages/GeneralSettingsDlg.h"
+#include "shell/InstalledProducts.h"
+#include "shell/SettingsSheet.h"
+
+#include <afxdisp.h>
+#include <afxshellmanager.h>
+
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace
+{
+void CloseInstanceMutex()
+{
+    if (g_hInstanceMutex != nullptr)
+    {
+        CloseHandle(g_hInstanceMutex);
+        g_hInstanceMutex = nullptr;
+    }
+}
+
+HANDLE CreateInstanceMutex()
+{
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, _T("{6DB73739-9704-4C93-A405-1DEC5683288A}"));
+    g_dwInstanceMutexError = GetLastError();
+    return mutex;
+}
+}  // namespace
+
+DWORD g_dwInstanceMutexError;
+HANDLE g_hInstanceMutex = CreateInstanceMutex();
+
+namespace
+{
+// Before the application object, so that the mutex is the last to go.
+[[maybe_unused]] const int g_exitRoutine = std::atexit(CloseInstanceMutex);
+CQBSettingsApp theApp;
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CQBSettingsApp, CWinApp)
+    ON_COMMAND(ID_HELP, &CQBSettingsApp::OnHelp)
+END_MESSAGE_MAP()
+
+CQBSettingsApp::CQBSettingsApp() : CWinApp(nullptr), m_strAppTitle(_T("Quorvex Bench Settings")) {}
+
+BOOL CQBSettingsApp::InitInstance()
+{
+    INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&classes);
+    if (g_dwInstanceMutexError == ERROR_ALREADY_EXISTS)
+    {
+        ActivateFirstInstance();
+        return FALSE;
+    }
+    CWinApp::InitInstance();
+    AfxEnableControlContainer(nullptr);
+    const std::unique_ptr<CShellManager> shellManager(new (std::nothrow) CShellManager);
+    SetRegistryKey(_T("Halvane"));
+    if (!LoadInstalledProducts())
+    {
+        MessageBoxW(nullptr,
+                    _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
+                    _T("installed, that you are running with administrative privileges, and you have UAC turned off."),
+                    _T("QB Settings Error"), MB_OK | MB_ICONERROR);
+        return FALSE;
+    }
+    RunSheet();
+    return FALSE;
+}
+
+void CQBSettingsApp::ActivateFirstInstance() const
+{
+    if (const HWND first = FindWindowW(nullptr, m_strAppTitle))
+    {
+        ShowWindow(first, SW_SHOWDEFAULT);
+        BringWindowToTop(first);
+        SetForegroundWindow(first);
+    }
+}
+
+namespace
+{
+// One page, made and offered to the sheet; a local of RunSheet, as the sheet is.
+template <class Page>
+struct PageRow
+{
+    explicit PageRow(CSettingsSheet& sheet) { sheet.Join(page); }
+
+    Page page;
+};
+}  // namespace
+
+// The pages are made and joined in the order of their tabs, and destroyed in the reverse order.
+void CQBSettingsApp::RunSheet()
+{
+    CSettingsSheet sheet(m_strAppTitle);
+    PageRow<CGeneralSettingsDlg> general(sheet);
+    sheet.SetActivePage(&general.page);
+    // Further pages: one row each.
+    m_pMainWnd = &sheet;
+    sheet.DoModal();
+    m_pMainWnd = nullptr;
+}
