@@ -32,8 +32,8 @@ void CPropertyPage::SetModified(BOOL bChanged)
     m_bModified = bChanged;
     if (m_hWnd != nullptr)
     {
-        ::SendMessageW(::GetParent(m_hWnd), bChanged ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd),
-                       0);
+        ::SendMessageW(::GetParent(m_hWnd), bChanged ? PSM_CHANGED : PSM_UNCHANGED,
+                       reinterpret_cast<WPARAM>(m_hWnd), 0);
     }
 }
 
@@ -103,7 +103,8 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     default:
         return CDialog::OnNotify(wParam, lParam, pResult);
     }
-    SetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT, answer);
-    *pResult = TRUE;
+    // This procedure stands before the dialog's, so its result is the message's, with no DWLP_MSGRESULT
+    // between.
+    *pResult = answer;
     return TRUE;
 }
