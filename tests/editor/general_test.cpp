@@ -1,0 +1,198 @@
+// General Settings and the road of an edit: from the registry to the page and back.
+#include "support/form.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace
+{
+const Text BenchKey = _T("SOFTWARE\\Halvane\\QuorvexBench");
+constexpr LPCTSTR Mode = _T("CertificationMode");
+constexpr LPCTSTR Verbosity = _T("QBLogVerbosity");
+constexpr LPCTSTR UpdateTime = _T("QBMinimumDisplayUpdateTime");
+constexpr int IdMode = 1006;
+constexpr int IdVerbosity = 1053;
+constexpr int IdUpdateTime = 1127;
+
+using Values = std::map<Text, StoredValue>;
+
+// getenv of the program is what is asked for, so it is the program's own variable that is set.
+void AllowDiagnostic(const char* value)
+{
+    static std::string variable;
+#ifdef _WIN32
+    variable = std::string("QB_ALLOW_DIAGNOSTIC_LOGGING=") + (value != nullptr ? value : "");
+    _putenv(variable.c_str());
+#else
+    value != nullptr ? setenv("QB_ALLOW_DIAGNOSTIC_LOGGING", value, 1)
+                     : unsetenv("QB_ALLOW_DIAGNOSTIC_LOGGING");
+#endif
+}
+
+class GeneralTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ClearSettings();
+        InstallTools({});
+    }
+
+    void TearDown() override
+    {
+        AllowDiagnostic(nullptr);
+        ClearSettings();
+    }
+};
+}  // namespace
+
+TEST_F(GeneralTest, ShowsDefaultsAndStoresThemAllOnOk)
+{
+    RunEditor(
+        [](Sheet& sheet)
+        {
+            EXPECT_EQ(sheet.Title(), _T("Quorvex Bench Settings"));
+            EXPECT_EQ(sheet.Tabs(), std::vector<Text>{_T("General Settings")});
+            EXPECT_EQ(sheet.CheckOf(IdMode), BST_UNCHECKED);
+            EXPECT_EQ(sheet.ItemsOf(IdVerbosity), (std::vector<Text>{_T("Quiet"), _T("Minimal"), _T("Low"),
+                                                                     _T("Normal"), _T("Verbose")}));
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), 3);
+            EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("300"));
+            EXPECT_FALSE(sheet.CanApply());
+            sheet.Ok();
+            EXPECT_FALSE(sheet.IsOpen());
+        });
+    EXPECT_EQ(StoredValues(BenchKey),
+              (Values{{Mode, Dword(0)}, {Verbosity, Dword(3)}, {UpdateTime, Dword(300)}}));
+}
+
+TEST_F(GeneralTest, ShowsAndRewritesWhatIsStored)
+{
+    const Values stored = {{Mode, Dword(1)}, {Verbosity, Dword(0)}, {UpdateTime, Dword(0)}};
+    for (const auto& [name, value] : stored)
+    {
+        Store(BenchKey, name.c_str(), value);
+    }
+    RunEditor(
+        [](Sheet& sheet)
+        {
+            EXPECT_EQ(sheet.CheckOf(IdMode), BST_CHECKED);
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), 0);
+            EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("0"));
+            sheet.Ok();
+        });
+    EXPECT_EQ(StoredValues(BenchKey), stored);
+}
+
+TEST_F(GeneralTest, EditsAreAppliedAndCancelDropsLaterOnes)
+{
+    RunEditor(
+        [](Sheet& sheet)
+        {
+            sheet.Click(IdMode);
+            EXPECT_TRUE(sheet.CanApply());
+            sheet.Pick(IdVerbosity, 1);
+            sheet.Retype(IdUpdateTime, _T("1250"));
+            EXPECT_FALSE(KeyExists(BenchKey));
+            sheet.Apply();
+            EXPECT_FALSE(sheet.CanApply());
+            EXPECT_EQ(StoredValues(BenchKey),
+                      (Values{{Mode, Dword(1)}, {Verbosity, Dword(1)}, {UpdateTime, Dword(1250)}}));
+            sheet.Click(IdMode);
+            sheet.Cancel();
+        });
+    EXPECT_EQ(Stored(BenchKey, Mode), Dword(1));
+}
+
+TEST_F(GeneralTest, MarkIsThatOfTheLastEvent)
+{
+    RunEditor(
+        [](Sheet& sheet)
+        {
+            // Back where it was loaded, and still marked: each click changed something.
+            sheet.Click(IdMode);
+            sheet.Click(IdMode);
+            EXPECT_TRUE(sheet.CanApply());
+            // A leading zero changes the text and not the number.
+            SendMessageW(sheet.Control(IdUpdateTime), EM_SETSEL, 0, 0);
+            sheet.Type(IdUpdateTime, _T("0"));
+            EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("0300"));
+            EXPECT_FALSE(sheet.CanApply());
+            sheet.Pick(IdVerbosity, 2);
+            EXPECT_TRUE(sheet.CanApply());
+            sheet.Pick(IdVerbosity, 2);
+            EXPECT_FALSE(sheet.CanApply());
+        });
+    EXPECT_FALSE(KeyExists(BenchKey));
+}
+
+TEST_F(GeneralTest, EmptiedNumberPromptsAndHoldsThePage)
+{
+    int prompts = 0;
+    RunEditor(
+        [&prompts](Sheet& sheet)
+        {
+            ExpectPrompt(&prompts);
+            sheet.Empty(IdUpdateTime);
+            EXPECT_EQ(prompts, 1);
+            EXPECT_FALSE(sheet.CanApply());
+            // Neither OK nor another way out: the number is missing still.
+            ExpectPrompt(&prompts);
+            sheet.Ok();
+            EXPECT_EQ(prompts, 2);
+            EXPECT_TRUE(sheet.IsOpen());
+            EXPECT_FALSE(KeyExists(BenchKey));
+            EXPECT_EQ(GetFocus(), sheet.Control(IdUpdateTime));
+            // Digits only are taken, and the number comes back with them.
+            sheet.Type(IdUpdateTime, _T("x-4 2"));
+            EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("42"));
+            sheet.Ok();
+        });
+    EXPECT_EQ(Stored(BenchKey, UpdateTime), Dword(42));
+}
+
+TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
+{
+    struct Case
+    {
+        const char* variable;
+        DWORD stored;
+        LRESULT shown;
+        DWORD saved;
+        size_t items;
+    };
+    for (const Case& c : {Case{nullptr, 5, 4, 4, 5}, Case{"0123", 6, 4, 4, 5}, Case{"1", 5, 5, 5, 6},
+                          Case{"no", 0x7FFFFFFF, 5, 5, 6}, Case{nullptr, 0x80000001, -1, 0xFFFFFFFF, 5},
+                          Case{"false", 0xFFFFFFFF, -1, 0xFFFFFFFF, 6}})
+    {
+        SCOPED_TRACE(testing::Message() << c.stored);
+        AllowDiagnostic(c.variable);
+        Store(BenchKey, Verbosity, Dword(c.stored));
+        // The variable is asked when the page is made, which is at start.
+        RunEditor(
+            [&c](Sheet& sheet)
+            {
+                EXPECT_EQ(sheet.ItemsOf(IdVerbosity).size(), c.items);
+                EXPECT_EQ(sheet.SelectionOf(IdVerbosity), c.shown);
+                sheet.Ok();
+            });
+        EXPECT_EQ(Stored(BenchKey, Verbosity), Dword(c.saved));
+    }
+}
+
+TEST_F(GeneralTest, OtherTypesAndLengthsAreTakenAsBytesThatFit)
+{
+    Store(BenchKey, Mode, Sz(_T("")));                                    // two bytes, 0
+    Store(BenchKey, Verbosity, Binary({1}));                              // the low byte of the default, 3
+    Store(BenchKey, UpdateTime, Binary({0x10, 0x27, 0, 0, 0, 0, 0, 0}));  // too long
+    RunEditor(
+        [](Sheet& sheet)
+        {
+            EXPECT_EQ(sheet.CheckOf(IdMode), BST_UNCHECKED);
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), 1);
+            EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("300"));
+        });
+    // Read, and left as they were.
+    EXPECT_EQ(Stored(BenchKey, Verbosity), Binary({1}));
+}

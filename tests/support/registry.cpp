@@ -1,0 +1,136 @@
+#include "support/registry.h"
+
+#include <cstring>
+#include <iomanip>
+
+namespace
+{
+// Longer than any name that a key or value can have.
+constexpr DWORD NameRoom = 16384;
+
+std::vector<BYTE> BytesOf(const void* data, size_t size)
+{
+    const auto* bytes = static_cast<const BYTE*>(data);
+    return {bytes, bytes + size};
+}
+}  // namespace
+
+StoredValue Dword(DWORD number)
+{
+    return {REG_DWORD, BytesOf(&number, sizeof(number))};
+}
+
+StoredValue Sz(LPCTSTR text)
+{
+    return {REG_SZ, BytesOf(text, (std::char_traits<TCHAR>::length(text) + 1) * sizeof(TCHAR))};
+}
+
+StoredValue Binary(std::vector<BYTE> data)
+{
+    return {REG_BINARY, std::move(data)};
+}
+
+std::string Printable(const Text& text)
+{
+    std::string printable;
+    for (const TCHAR character : text)
+    {
+        printable += character >= 32 && character < 127 ? static_cast<char>(character) : '?';
+    }
+    return printable;
+}
+
+void PrintTo(const StoredValue& value, std::ostream* out)
+{
+    *out << "type " << value.type << ", " << value.data.size() << " bytes" << std::hex << std::setfill('0');
+    for (const BYTE byte : value.data)
+    {
+        *out << ' ' << std::setw(2) << unsigned{byte};
+    }
+    *out << std::dec;
+}
+
+void ClearSettings()
+{
+    for (const LPCTSTR tree : {_T("SOFTWARE\\Halvane"), _T("SOFTWARE\\Ostrel"),
+                               _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")})
+    {
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, tree);
+    }
+}
+
+void InstallTools(std::initializer_list<ProductId> tools)
+{
+    const Text installed = _T("SOFTWARE\\Halvane\\Installed");
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, installed.c_str());
+    const RegistryKey key(installed, RegistryKey::Access::Write);
+    for (const ProductId& tool : tools)
+    {
+        Store(installed, tool.c_str(), Dword(1));
+    }
+}
+
+void InstallAllTools()
+{
+    InstallTools(
+        {AlderQB, BirchQB, CedarQB, DogwoodQB, ElmQB, FirQB, GinkgoQB, HazelQB, IvyRig, JuniperRig, KauriQB});
+}
+
+void Store(const Text& key, LPCTSTR name, const StoredValue& value)
+{
+    const RegistryKey opened(key, RegistryKey::Access::Write);
+    RegSetValueExW(opened.Get(), name, 0, value.type, value.data.data(),
+                   static_cast<DWORD>(value.data.size()));
+}
+
+StoredValue Stored(const Text& key, LPCTSTR name)
+{
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    DWORD size = 0;
+    if (!opened.IsOpen() ||
+        RegQueryValueExW(opened.Get(), name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
+    {
+        return Absent;
+    }
+    StoredValue value;
+    value.data.resize(size);
+    RegQueryValueExW(opened.Get(), name, nullptr, &value.type, value.data.data(), &size);
+    return value;
+}
+
+std::map<Text, StoredValue> StoredValues(const Text& key)
+{
+    std::map<Text, StoredValue> values;
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    std::vector<TCHAR> name(NameRoom);
+    DWORD length = NameRoom;
+    for (DWORD index = 0; opened.IsOpen() && RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr,
+                                                           nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         ++index)
+    {
+        values[name.data()] = Stored(key, name.data());
+        length = NameRoom;
+    }
+    return values;
+}
+
+std::vector<Text> StoredSubkeys(const Text& key)
+{
+    std::vector<Text> subkeys;
+    const RegistryKey opened(key, RegistryKey::Access::Read);
+    std::vector<TCHAR> name(NameRoom);
+    DWORD length = NameRoom;
+    for (DWORD index = 0; opened.IsOpen() && RegEnumKeyExW(opened.Get(), index, name.data(), &length, nullptr,
+                                                           nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         ++index)
+    {
+        subkeys.emplace_back(name.data());
+        length = NameRoom;
+    }
+    return subkeys;
+}
+
+bool KeyExists(const Text& key)
+{
+    return RegistryKey(key, RegistryKey::Access::Read).IsOpen();
+}
