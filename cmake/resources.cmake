@@ -3,15 +3,20 @@
 qb_glob(resource_files resources/*)
 set(rc ${CMAKE_CURRENT_SOURCE_DIR}/resources/QBSettings.rc)
 
+set(rc_version QB_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} QB_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+  QB_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+
 if(WIN32)
   target_sources(resources PRIVATE ${rc})
+  target_compile_definitions(resources PRIVATE ${rc_version})
   target_include_directories(resources PRIVATE resources)
   set_source_files_properties(${rc} PROPERTIES OBJECT_DEPENDS "${resource_files}")
 else()
   find_program(LLVM_RC NAMES llvm-rc llvm-rc-14 HINTS /usr/lib/llvm-14/bin REQUIRED)
   set(res ${CMAKE_BINARY_DIR}/QBSettings.res)
+  list(TRANSFORM rc_version PREPEND -D)
   add_custom_command(OUTPUT ${res}
-    COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c -DRC_INVOKED -I${CMAKE_CURRENT_SOURCE_DIR}/platform/headless/include
+    COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c -DRC_INVOKED ${rc_version} -I${CMAKE_CURRENT_SOURCE_DIR}/platform/headless/include
       -I${CMAKE_CURRENT_SOURCE_DIR}/resources ${rc} -o ${CMAKE_BINARY_DIR}/QBSettings.i.rc
     COMMAND ${LLVM_RC} /no-preprocess /c 65001 /I ${CMAKE_CURRENT_SOURCE_DIR}/resources /fo ${res} ${CMAKE_BINARY_DIR}/QBSettings.i.rc
     DEPENDS ${resource_files} VERBATIM)
