@@ -1,0 +1,122 @@
+// The directory of installed tools, and what the program does at start with each kind of it.
+#include "shell/InstalledProducts.h"
+#include "shell/QBSettingsApp.h"
+#include "support/form.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+const Text Installed = _T("SOFTWARE\\Halvane\\Installed");
+
+class InstalledTest : public testing::Test
+{
+protected:
+    void SetUp() override { ClearSettings(); }
+    void TearDown() override { ClearSettings(); }
+};
+
+// Runs the program where it must show its error box and no sheet.
+void ExpectErrorBox()
+{
+    bool seen = false;
+    WhenOpened(_T("QB Settings Error"),
+               [&seen](Form& box)
+               {
+                   seen = true;
+                   EXPECT_EQ(box.TextOf(0xFFFF),
+                             _T("Unable to get Installed Product List.\n\nPlease make sure that you have at ")
+                             _T("least one QB app ")
+                             _T("installed, that you are running with administrative privileges, and you ")
+                             _T("have UAC turned off."));
+                   box.Click(IDOK);
+               });
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+    EXPECT_FALSE(AfxGetApp()->InitInstance());
+    EXPECT_TRUE(seen);
+    EndWaits();
+}
+}  // namespace
+
+TEST_F(InstalledTest, ToolsAreThoseWithANumberOtherThanZero)
+{
+    Store(Installed, _T("AlderQB"), Dword(1));
+    Store(Installed, _T("BirchQB"), Dword(0));
+    Store(Installed, _T("cedarqb"), Dword(1));
+    Store(Installed, _T("ElmQB"), Sz(_T("x")));
+    Store(Installed, _T("FirQB"), Binary({0, 0, 1}));
+    Store(Installed, _T("GinkgoQB"), Binary({}));
+    Store(Installed, _T("HazelQB"), Dword(0x80000000));
+    Store(Installed, _T("Somebody else"), Dword(3));
+    Store(Installed, _T(""), Dword(2));
+    ASSERT_TRUE(LoadInstalledProducts());
+    EXPECT_EQ(InstalledProductMap.size(), 9U);
+    EXPECT_EQ(InstalledProductMap[_T("")], 2U);
+    EXPECT_EQ(InstalledProductMap[_T("ElmQB")], DWORD{'x'});
+    EXPECT_EQ(InstalledProductMap[_T("FirQB")], 0x10000U);
+    EXPECT_TRUE(IsProductInstalled(AlderQB));
+    EXPECT_FALSE(IsProductInstalled(BirchQB));
+    EXPECT_FALSE(IsProductInstalled(CedarQB)) << "case counts";
+    EXPECT_TRUE(IsProductInstalled(ElmQB));
+    EXPECT_FALSE(IsProductInstalled(GinkgoQB));
+    EXPECT_TRUE(IsProductInstalled(HazelQB));
+    EXPECT_FALSE(IsProductInstalled(KauriQB));
+    EXPECT_EQ(InstalledProductMap.size(), 9U) << "asking adds nothing";
+}
+
+TEST_F(InstalledTest, LoadsAnewAndNeedsTheKeyOnly)
+{
+    EXPECT_FALSE(LoadInstalledProducts());
+    InstallTools({AlderQB});
+    EXPECT_TRUE(LoadInstalledProducts());
+    InstallTools({});
+    EXPECT_TRUE(LoadInstalledProducts());
+    EXPECT_TRUE(InstalledProductMap.empty());
+}
+
+TEST_F(InstalledTest, OneValueTooLongFailsTheLoadButNotTheOthers)
+{
+    InstallTools({AlderQB, KauriQB});
+    Store(Installed, _T("ElmQB"), Sz(_T("yes")));
+    EXPECT_FALSE(LoadInstalledProducts());
+    EXPECT_EQ(InstalledProductMap.size(), 2U);
+    ExpectErrorBox();
+}
+
+TEST_F(InstalledTest, ManyAndLongNames)
+{
+    const Text longest(16382, _T('n'));
+    Store(Installed, longest.c_str(), Dword(1));
+    constexpr int Count = 3000;
+    for (int i = 0; i < Count; ++i)
+    {
+        CString name;
+        name.Format(_T("Tool %d"), i);
+        Store(Installed, name, Dword(1));
+    }
+    Store(Installed, _T("KauriQB"), Dword(1));
+    EXPECT_TRUE(LoadInstalledProducts());
+    EXPECT_EQ(InstalledProductMap.size(), size_t{Count} + 2);
+    EXPECT_TRUE(IsProductInstalled(longest));
+    // One character more leaves the enumeration no room for the terminator: nothing is shown then.
+    Store(Installed, (longest + _T("n")).c_str(), Dword(1));
+    EXPECT_FALSE(LoadInstalledProducts());
+    EXPECT_EQ(InstalledProductMap.size(), size_t{Count} + 2);
+    EXPECT_TRUE(IsProductInstalled(KauriQB));
+}
+
+TEST_F(InstalledTest, ErrorBoxAndNoSheetWithoutTheKey)
+{
+    ExpectErrorBox();
+    EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane")) && KeyExists(_T("SOFTWARE\\Halvane\\QuorvexBench")));
+}
+
+TEST_F(InstalledTest, SecondInstanceShowsNothing)
+{
+    InstallTools({AlderQB});
+    InstalledProductMap.clear();
+    g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
+    EXPECT_FALSE(AfxGetApp()->InitInstance());
+    EXPECT_TRUE(InstalledProductMap.empty()) << "it does not even look";
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+}
