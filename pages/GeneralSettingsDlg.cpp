@@ -16,7 +16,8 @@ END_MESSAGE_MAP()
 namespace
 {
 // What the tools log, from least to most. A stored level is an index into this.
-constexpr LPCTSTR LogLevels[] = {_T("Quiet"), _T("Minimal"), _T("Low"), _T("Normal"), _T("Verbose"), _T("Diagnostic")};
+constexpr LPCTSTR LogLevels[] = {_T("Quiet"),  _T("Minimal"), _T("Low"),
+                                 _T("Normal"), _T("Verbose"), _T("Diagnostic")};
 constexpr int Verbose = 4;
 constexpr int Diagnostic = 5;
 
@@ -87,7 +88,8 @@ void CGeneralSettingsDlg::InitToolTips()
     AddToolTip(IDC_LOG_VERBOSITY,
                _T("Select the amount of detail you would like Quorvex Bench to record in its log files."));
     AddToolTip(IDC_DISPLAY_UPDATE_TIME,
-               _T("Set the minimum amount of time you would like the log output to be updated in the display window.  ")
+               _T("Set the minimum amount of time you would like the log output to be updated in the ")
+               _T("display window.  ")
                _T("Increase the value if QB becomes unresponsive with large quantities of output."));
 }
 

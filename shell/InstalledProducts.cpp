@@ -14,8 +14,8 @@ constexpr DWORD MaxValueName = 16383;
 bool ReadAllValues(HKEY key)
 {
     DWORD count = 0;
-    if (RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr,
-                         nullptr) != ERROR_SUCCESS)
+    if (RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
+                         nullptr, nullptr) != ERROR_SUCCESS)
     {
         return false;
     }
@@ -26,7 +26,8 @@ bool ReadAllValues(HKEY key)
     {
         DWORD length = MaxValueName;
         buffer[0] = 0;
-        if (RegEnumValueW(key, index, buffer.get(), &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS)
+        if (RegEnumValueW(key, index, buffer.get(), &length, nullptr, nullptr, nullptr, nullptr) ==
+            ERROR_SUCCESS)
         {
             names.emplace_back(buffer.get());
         }

@@ -1,6 +1,10 @@
 #include "shell/QBSettingsApp.h"
 
+#include "pages/Chapter9Dlg.h"
+#include "pages/DriversAndFirmwareDlg.h"
 #include "pages/GeneralSettingsDlg.h"
+#include "pages/WaiversDlg.h"
+#include "pages/XHCISettingsDlg.h"
 #include "shell/InstalledProducts.h"
 #include "shell/SettingsSheet.h"
 
@@ -61,10 +65,12 @@ BOOL CQBSettingsApp::InitInstance()
     SetRegistryKey(_T("Halvane"));
     if (!LoadInstalledProducts())
     {
-        MessageBoxW(nullptr,
-                    _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
-                    _T("installed, that you are running with administrative privileges, and you have UAC turned off."),
-                    _T("QB Settings Error"), MB_OK | MB_ICONERROR);
+        MessageBoxW(
+            nullptr,
+            _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
+            _T("installed, that you are running with administrative privileges, and you have UAC turned ")
+            _T("off."),
+            _T("QB Settings Error"), MB_OK | MB_ICONERROR);
         return FALSE;
     }
     RunSheet();
@@ -99,6 +105,10 @@ void CQBSettingsApp::RunSheet()
     CSettingsSheet sheet(m_strAppTitle);
     PageRow<CGeneralSettingsDlg> general(sheet);
     sheet.SetActivePage(&general.page);
+    const PageRow<CDriversAndFirmwareDlg> driversAndFirmware(sheet);
+    const PageRow<CChapter9Dlg> chapter9(sheet);
+    const PageRow<CWaiversDlg> waivers(sheet);
+    const PageRow<CXHCISettingsDlg> xhci(sheet);
     // Further pages: one row each.
     m_pMainWnd = &sheet;
     sheet.DoModal();

@@ -1,0 +1,28 @@
+// Chapter 9: one switch for each of two tools, in that tool's own key.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CChapter9Dlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CChapter9Dlg)
+
+public:
+    CChapter9Dlg();
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    void LoadSettings() override;
+    void UpdateControlStates() override;
+
+    afx_msg void OnAlderSkipBos();
+    afx_msg void OnBirchSkipBos();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    int SkipBOSDescriptorLegacyDevicesAlderQB = 0;
+    int SkipBOSDescriptorLegacyDevicesBirchQB = 0;
+};

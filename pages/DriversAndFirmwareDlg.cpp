@@ -1,0 +1,209 @@
+#include "pages/DriversAndFirmwareDlg.h"
+
+#include "resource.h"
+
+IMPLEMENT_DYNAMIC(CDriversAndFirmwareDlg, CSettingsPage)
+
+BEGIN_MESSAGE_MAP(CDriversAndFirmwareDlg, CSettingsPage)
+    ON_BN_CLICKED(IDC_EHCI_SWITCH, &CDriversAndFirmwareDlg::OnEhciSwitch)
+    ON_BN_CLICKED(IDC_XHCI_SWITCH, &CDriversAndFirmwareDlg::OnXhciSwitch)
+    ON_BN_CLICKED(IDC_USB4HI_SWITCH, &CDriversAndFirmwareDlg::OnUsb4HiSwitch)
+    ON_BN_CLICKED(IDC_RVSK_SWITCH, &CDriversAndFirmwareDlg::OnRvskSwitch)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_EHCI_BROWSE, IDC_EHCI_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_XHCI_BROWSE, IDC_XHCI_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_USB4HI_BROWSE, IDC_USB4HI_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_RVSK_BROWSE, IDC_RVSK_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_DEVICE_DRIVER_BROWSE, IDC_DEVICE_DRIVER_BROWSE,
+                     &CDriversAndFirmwareDlg::OnBrowse)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_FIRMWARE_BROWSE, IDC_FIRMWARE_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
+END_MESSAGE_MAP()
+
+namespace
+{
+const WideString NamePath = _T("Path");
+const WideString NameFirmware = _T("FsLsComplianceDeviceFirmware");
+const WideString NameFirmwareCopy = _T("fw");  // written, never read
+const WideString NameDeviceDriver = _T("HSComplianceDeviceDriverPath");
+}  // namespace
+
+// What the four driver stacks differ in, in the order in which they are read and written.
+struct CDriversAndFirmwareDlg::Stack
+{
+    bool (*isNeeded)();  // by some installed tool; else the stack's values are not touched
+    int group;
+    int enableSwitcher;
+    int label;
+    int path;
+    int browse;
+    int Self::*enabled;
+    WideString enabledName;
+    CString Self::*folder;
+    WideString folderKey;
+};
+
+const CDriversAndFirmwareDlg::Stack CDriversAndFirmwareDlg::Stacks[StackCount] = {
+    {&Self::IsAnyEhciToolInstalled, IDC_EHCI_GROUP, IDC_EHCI_SWITCH, IDC_EHCI_LABEL, IDC_EHCI_PATH,
+     IDC_EHCI_BROWSE, &Self::EnableEhciStackSwitcher, _T("EnableEhciStackSwitcher"), &Self::EhciDriverPath,
+     _T("SOFTWARE\\Ostrel\\ehci_driver")},
+    {&Self::IsXhciNeeded, IDC_XHCI_GROUP, IDC_XHCI_SWITCH, IDC_XHCI_LABEL, IDC_XHCI_PATH, IDC_XHCI_BROWSE,
+     &Self::EnableXhciStackSwitcher, _T("EnableXhciStackSwitcher"), &Self::XhciDriverPath,
+     _T("SOFTWARE\\Ostrel\\xhci_driver")},
+    {&Self::IsUsb4Needed, IDC_USB4HI_GROUP, IDC_USB4HI_SWITCH, IDC_USB4HI_LABEL, IDC_USB4HI_PATH,
+     IDC_USB4HI_BROWSE, &Self::EnableUsb4HiStackSwitcher, _T("EnableUsb4HiStackSwitcher"),
+     &Self::Usb4HiDriverPath, _T("SOFTWARE\\Halvane\\Drivers\\usb4hi")},
+    {&Self::IsUsb4Needed, IDC_RVSK_GROUP, IDC_RVSK_SWITCH, IDC_RVSK_LABEL, IDC_RVSK_PATH, IDC_RVSK_BROWSE,
+     &Self::EnableRvskStackSwitcher, _T("EnableRvskStackSwitcher"), &Self::RvskDriverPath,
+     _T("SOFTWARE\\Halvane\\Drivers\\rvsk")},
+};
+
+bool CDriversAndFirmwareDlg::IsXhciNeeded()
+{
+    return IsAnyXhciToolInstalled() || IsProductInstalled(KauriQB) || IsProductInstalled(CedarQB);
+}
+
+bool CDriversAndFirmwareDlg::IsUsb4Needed()
+{
+    return IsProductInstalled(CedarQB);
+}
+
+CDriversAndFirmwareDlg::CDriversAndFirmwareDlg() : CSettingsPage(IDD_DRIVERS_AND_FIRMWARE)
+{
+    AddProduct(AlderQB);
+    AddProduct(ElmQB);
+    AddProduct(HazelQB);
+    AddXhciProducts();
+    AddProduct(CedarQB);
+    AddProduct(KauriQB);
+}
+
+void CDriversAndFirmwareDlg::DoDataExchange(CDataExchange* pDX)
+{
+    CSettingsPage::DoDataExchange(pDX);
+    for (int index = 0; index < StackCount; ++index)
+    {
+        const Stack& stack = Stacks[index];
+        StackControls& controls = m_stacks[index];
+        DDX_Control(pDX, stack.group, controls.group);
+        DDX_Control(pDX, stack.enableSwitcher, controls.enableSwitcher);
+        DDX_Control(pDX, stack.label, controls.label);
+        DDX_Control(pDX, stack.path, controls.path);
+        DDX_Control(pDX, stack.browse, controls.browse);
+        if (stack.isNeeded())
+        {
+            DDX_Check(pDX, stack.enableSwitcher, this->*stack.enabled);
+            DDX_Text(pDX, stack.path, this->*stack.folder);
+        }
+    }
+    DDX_Control(pDX, IDC_FIRMWARE_GROUP, m_firmware.group);
+    DDX_Control(pDX, IDC_FIRMWARE_LABEL, m_firmware.label);
+    DDX_Control(pDX, IDC_FIRMWARE_PATH, m_firmware.path);
+    DDX_Control(pDX, IDC_FIRMWARE_BROWSE, m_firmware.browse);
+    DDX_Text(pDX, IDC_FIRMWARE_PATH, FsLsComplianceDeviceFirmware);
+    DDX_Control(pDX, IDC_DEVICE_DRIVER_GROUP, m_deviceDriver.group);
+    DDX_Control(pDX, IDC_DEVICE_DRIVER_LABEL, m_deviceDriver.label);
+    DDX_Control(pDX, IDC_DEVICE_DRIVER_PATH, m_deviceDriver.path);
+    DDX_Control(pDX, IDC_DEVICE_DRIVER_BROWSE, m_deviceDriver.browse);
+    DDX_Text(pDX, IDC_DEVICE_DRIVER_PATH, HSComplianceDeviceDriverPath);
+}
+
+void CDriversAndFirmwareDlg::LoadSettings()
+{
+    for (const Stack& stack : Stacks)
+    {
+        if (stack.isNeeded())
+        {
+            ReadValue(TestServicesKey, stack.enabledName, this->*stack.enabled);
+            ReadValue(stack.folderKey, NamePath, this->*stack.folder);
+        }
+    }
+    ReadValue(TestServicesKey, NameFirmware, FsLsComplianceDeviceFirmware);
+    ReadValue(TestServicesKey, NameDeviceDriver, HSComplianceDeviceDriverPath);
+}
+
+void CDriversAndFirmwareDlg::SaveSettings()
+{
+    for (const Stack& stack : Stacks)
+    {
+        if (stack.isNeeded())
+        {
+            WriteValue(TestServicesKey, stack.enabledName, this->*stack.enabled);
+            WriteValue(stack.folderKey, NamePath, this->*stack.folder);
+        }
+    }
+    WriteValue(TestServicesKey, NameFirmware, FsLsComplianceDeviceFirmware);
+    WriteValue(TestServicesKey, NameFirmwareCopy, FsLsComplianceDeviceFirmware);
+    WriteValue(TestServicesKey, NameDeviceDriver, HSComplianceDeviceDriverPath);
+}
+
+void CDriversAndFirmwareDlg::UpdateControlStates()
+{
+    for (int index = 0; index < StackCount; ++index)
+    {
+        if (!Stacks[index].isNeeded())
+        {
+            StackControls& controls = m_stacks[index];
+            controls.group.EnableWindow(FALSE);
+            controls.enableSwitcher.EnableWindow(FALSE);
+            EnablePath(controls, FALSE);
+        }
+    }
+    UpdateEhciControls();
+    UpdateXhciControls();
+    UpdateUsb4HiControls();
+    UpdateRvskControls();
+}
+
+void CDriversAndFirmwareDlg::UpdatePathControls(StackIndex index)
+{
+    if (Stacks[index].isNeeded())
+    {
+        StackControls& controls = m_stacks[index];
+        EnablePath(controls, controls.enableSwitcher.GetCheck() == BST_CHECKED);
+    }
+}
+
+void CDriversAndFirmwareDlg::EnablePath(StackControls& controls, BOOL enable)
+{
+    controls.label.EnableWindow(enable);
+    controls.path.EnableWindow(enable);
+    controls.browse.EnableWindow(enable);
+}
+
+void CDriversAndFirmwareDlg::InitToolTips()
+{
+    AddToolTip(
+        IDC_EHCI_SWITCH,
+        _T("If checked, QB will automatically install the compliance driver stack for your EHCI Host."));
+    AddToolTip(
+        IDC_XHCI_SWITCH,
+        _T("If checked, QB will automatically install the compliance driver stack for your xHCI Host."));
+    AddToolTip(
+        IDC_USB4HI_SWITCH,
+        _T("If checked, QB will automatically install the compliance driver stack for your USB4 Host."));
+    AddToolTip(IDC_RVSK_SWITCH,
+               _T("If checked, QB will automatically install the RVSK stack for your USB4 Host."));
+}
+
+void CDriversAndFirmwareDlg::OnEhciSwitch()
+{
+    CheckModified(EnableEhciStackSwitcher);
+    UpdateEhciControls();
+}
+
+void CDriversAndFirmwareDlg::OnXhciSwitch()
+{
+    CheckModified(EnableXhciStackSwitcher);
+    UpdateXhciControls();
+}
+
+void CDriversAndFirmwareDlg::OnUsb4HiSwitch()
+{
+    CheckModified(EnableUsb4HiStackSwitcher);
+    UpdateUsb4HiControls();
+}
+
+void CDriversAndFirmwareDlg::OnRvskSwitch()
+{
+    CheckModified(EnableRvskStackSwitcher);
+    UpdateRvskControls();
+}

@@ -1,0 +1,82 @@
+// Drivers & Firmware: where the compliance driver stacks and the compliance device's driver and firmware lie,
+// and whether a tool installs a stack by itself.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CDriversAndFirmwareDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CDriversAndFirmwareDlg)
+
+public:
+    CDriversAndFirmwareDlg();
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    void LoadSettings() override;
+    void UpdateControlStates() override;
+
+    afx_msg void OnEhciSwitch();
+    afx_msg void OnXhciSwitch();
+    afx_msg void OnUsb4HiSwitch();
+    afx_msg void OnRvskSwitch();
+    afx_msg void OnBrowse(UINT id);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    enum StackIndex
+    {
+        Ehci,
+        Xhci,
+        Usb4Hi,
+        Rvsk,
+        StackCount
+    };
+    using Self = CDriversAndFirmwareDlg;
+    struct Stack;
+    struct StackControls
+    {
+        CStatic group;
+        CButton enableSwitcher;
+        CStatic label;
+        CEdit path;
+        CButton browse;
+    };
+    struct DeviceControls
+    {
+        CStatic group;
+        CStatic label;
+        CEdit path;
+        CButton browse;
+    };
+
+    static const Stack Stacks[StackCount];
+    static bool IsXhciNeeded();
+    static bool IsUsb4Needed();
+
+    // Each enables its stack's path controls by what the check box says, if the stack is needed at all.
+    void UpdateEhciControls() { UpdatePathControls(Ehci); }
+    void UpdateXhciControls() { UpdatePathControls(Xhci); }
+    void UpdateUsb4HiControls() { UpdatePathControls(Usb4Hi); }
+    void UpdateRvskControls() { UpdatePathControls(Rvsk); }
+    void UpdatePathControls(StackIndex index);
+    // The label, the edit and the button.
+    static void EnablePath(StackControls& controls, BOOL enable);
+
+    StackControls m_stacks[StackCount];
+    DeviceControls m_firmware;
+    DeviceControls m_deviceDriver;
+    int EnableEhciStackSwitcher = 1;
+    int EnableXhciStackSwitcher = 1;
+    int EnableUsb4HiStackSwitcher = 1;
+    int EnableRvskStackSwitcher = 1;
+    CString EhciDriverPath;
+    CString XhciDriverPath;
+    CString Usb4HiDriverPath;
+    CString RvskDriverPath;
+    CString HSComplianceDeviceDriverPath;
+    CString FsLsComplianceDeviceFirmware;
+};

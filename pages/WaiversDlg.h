@@ -1,0 +1,29 @@
+// Waivers: what the tests let pass. One of the two concerns FirQB alone.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CWaiversDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CWaiversDlg)
+
+public:
+    CWaiversDlg();
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override {}
+    void SaveSettings() override;
+    void LoadSettings() override;
+    void UpdateControlStates() override;
+
+    afx_msg void OnPortNum();
+    afx_msg void OnBtRemoteWake();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CButton m_btnPortNum;
+    int WaiverPortNum = 0;
+    int BT_RemoteWake_Waiver = 0;
+};

@@ -1,0 +1,46 @@
+// xHCI Settings: one parameter of the xHCI port driver, and the settings of the tests that run on it.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CXHCISettingsDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CXHCISettingsDlg)
+
+public:
+    CXHCISettingsDlg();
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override {}
+    void SaveSettings() override;
+    void LoadSettings() override;
+
+    // Any of the page's controls was changed.
+    afx_msg void OnSettingChanged(UINT id);
+    afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    struct Setting;
+    using Self = CXHCISettingsDlg;
+    using Member = int Self::*;
+
+    static const Setting Settings[];
+    static const Setting& SettingOf(Member member);
+
+    int IMODInterval = 160;
+    int PromptDuringConnect = 0;
+    int IntMaxPacketStart = 0;
+    int IntMaxBurstStart = 0;
+    int IsochMaxBurstStart = 0;
+    int IsochSkipRead = 0;
+    int IsochSkipWrite = 0;
+    int IsochDelayBeforeHSRead = 750;
+    int StopOnError = 0;
+    int InterruptSkipSG = 0;
+    int InterruptSkipContiguousBuffer = 0;
+    int InterruptSkipIOC = 0;
+    int InterruptSkipEventData = 0;
+};
