@@ -8,7 +8,10 @@ IMPLEMENT_DYNAMIC(CSettingsPage, CPropertyPage)
 
 CSettingsPage::CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
 
-CSettingsPage::~CSettingsPage() = default;
+CSettingsPage::~CSettingsPage()
+{
+    m_pToolTip.reset();
+}
 
 BOOL CSettingsPage::OnInitDialog()
 {
