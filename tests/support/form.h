@@ -68,6 +68,9 @@ public:
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
 void RunEditor(const std::function<void(Sheet&)>& script);
+// The same where there may be no sheet but the program's error box, which is confirmed; tells whether it was
+// the sheet.
+bool TryRunEditor(const std::function<void(Sheet&)>& script);
 
 // Runs the script once a visible window of this title stands beside those of the moment, in whatever modal
 // loop waits then. To be called before the step that opens it. Fails the test if none comes within some

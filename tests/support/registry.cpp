@@ -8,6 +8,10 @@ namespace
 // Longer than any name that a key or value can have.
 constexpr DWORD NameRoom = 16384;
 
+// What the editor reads or writes lies below these.
+const Text Roots[] = {_T("SOFTWARE\\Halvane"), _T("SOFTWARE\\Ostrel"),
+                      _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
+
 std::vector<BYTE> BytesOf(const void* data, size_t size)
 {
     const auto* bytes = static_cast<const BYTE*>(data);
@@ -52,10 +56,9 @@ void PrintTo(const StoredValue& value, std::ostream* out)
 
 void ClearSettings()
 {
-    for (const LPCTSTR tree : {_T("SOFTWARE\\Halvane"), _T("SOFTWARE\\Ostrel"),
-                               _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")})
+    for (const Text& root : Roots)
     {
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, tree);
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
     }
 }
 
@@ -133,4 +136,29 @@ std::vector<Text> StoredSubkeys(const Text& key)
 bool KeyExists(const Text& key)
 {
     return RegistryKey(key, RegistryKey::Access::Read).IsOpen();
+}
+
+Tree StoredTree(const Text& key)
+{
+    Tree tree;
+    if (KeyExists(key))
+    {
+        tree[key] = StoredValues(key);
+    }
+    for (const Text& subkey : StoredSubkeys(key))
+    {
+        tree.merge(StoredTree(key + _T("\\") + subkey));
+    }
+    return tree;
+}
+
+Tree StoredSettings()
+{
+    Tree settings;
+    for (const Text& root : Roots)
+    {
+        settings.merge(StoredTree(root));
+    }
+    settings.erase(_T("SOFTWARE\\Halvane\\Installed"));
+    return settings;
 }

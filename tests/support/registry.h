@@ -41,3 +41,9 @@ StoredValue Stored(const Text& key, LPCTSTR name);
 std::map<Text, StoredValue> StoredValues(const Text& key);
 std::vector<Text> StoredSubkeys(const Text& key);
 bool KeyExists(const Text& key);
+
+// Values by their keys' paths, of a key and all below it.
+using Tree = std::map<Text, std::map<Text, StoredValue>>;
+Tree StoredTree(const Text& key);
+// All that the editor writes.
+Tree StoredSettings();

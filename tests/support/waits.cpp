@@ -18,6 +18,7 @@ struct Wait
     std::vector<HWND> before;  // windows that stood already
     std::function<void(HWND)> act;
     ULONGLONG giveUp;
+    bool mustCome;
 };
 
 std::map<UINT_PTR, Wait>& Waits()
@@ -42,6 +43,14 @@ std::vector<HWND> VisibleWindows()
     return windows;
 }
 
+void Report(const Wait& wait)
+{
+    if (wait.mustCome)
+    {
+        ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
+    }
+}
+
 void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
 {
     const auto found = Waits().find(timer);
@@ -64,45 +73,61 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     }
     if (GetTickCount64() > found->second.giveUp)
     {
-        ADD_FAILURE() << "no window \"" << Printable(found->second.title) << "\" has come";
+        Report(found->second);
         KillTimer(nullptr, timer);
         Waits().erase(timer);
+        // What stands instead would wait for ever.
+        PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
     }
 }
 
-void AddWait(const Text& title, std::function<void(HWND)> act)
+void AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome = true)
 {
     const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
-    Waits()[timer] = {title, VisibleWindows(), std::move(act), GetTickCount64() + GiveUpMilliseconds};
+    Waits()[timer] = {title, VisibleWindows(), std::move(act), GetTickCount64() + GiveUpMilliseconds,
+                      mustCome};
 }
+
 }  // namespace
 
 void EndWaits()
 {
     for (const auto& [timer, wait] : Waits())
     {
-        ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
+        Report(wait);
         KillTimer(nullptr, timer);
     }
     Waits().clear();
 }
 
-void RunEditor(const std::function<void(Sheet&)>& script)
+bool TryRunEditor(const std::function<void(Sheet&)>& script)
 {
     // The tests are the first instance, whatever else runs on the machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
-    AddWait(_T("Quorvex Bench Settings"),
-            [script](HWND window)
+    bool shown = false;
+    AddWait(
+        _T("Quorvex Bench Settings"),
+        [&script, &shown](HWND window)
+        {
+            shown = true;
+            Sheet sheet(window);
+            script(sheet);
+            if (sheet.IsOpen())
             {
-                Sheet sheet(window);
-                script(sheet);
-                if (sheet.IsOpen())
-                {
-                    sheet.Cancel();
-                }
-            });
+                sheet.Cancel();
+            }
+        },
+        false);
+    AddWait(
+        _T("QB Settings Error"), [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false);
     EXPECT_FALSE(AfxGetApp()->InitInstance());
     EndWaits();
+    return shown;
+}
+
+void RunEditor(const std::function<void(Sheet&)>& script)
+{
+    EXPECT_TRUE(TryRunEditor(script)) << "no sheet";
 }
 
 void WhenOpened(const Text& title, const std::function<void(Form&)>& script)

@@ -1,0 +1,127 @@
+// The whole editor while the system refuses it something: nothing crashes, no key stays open, and what can be
+// stored is stored.
+#include "headless.h"
+#include "support/form.h"
+#include "support/tips.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+class FaultsTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        headless::ClearFaults();
+        ClearSettings();
+        InstallAllTools();
+    }
+
+    void TearDown() override
+    {
+        headless::ClearFaults();
+        ClearSettings();
+    }
+};
+
+void OpenAllPages(const Sheet& sheet)
+{
+    for (const Text& tab : sheet.Tabs())
+    {
+        EXPECT_TRUE(sheet.Select(tab.c_str())) << Printable(tab);
+    }
+}
+
+// Opens every page and stores all of them.
+bool StoreAllPages()
+{
+    return TryRunEditor(
+        [](Sheet& sheet)
+        {
+            OpenAllPages(sheet);
+            sheet.Ok();
+            EXPECT_FALSE(sheet.IsOpen());
+        });
+}
+
+size_t CountValues(const Tree& tree)
+{
+    size_t count = 0;
+    for (const auto& [key, values] : tree)
+    {
+        count += values.size();
+    }
+    return count;
+}
+
+// How many of the values do not stand in the other tree, or stand there with other data.
+size_t CountMissing(const Tree& tree, const Tree& other)
+{
+    size_t missing = 0;
+    for (const auto& [key, values] : tree)
+    {
+        const auto found = other.find(key);
+        for (const auto& [name, value] : values)
+        {
+            missing +=
+                found == other.end() || !found->second.contains(name) || !(found->second.at(name) == value);
+        }
+    }
+    return missing;
+}
+}  // namespace
+
+TEST_F(FaultsTest, EachRegistryCallInTurn)
+{
+    // The identifier is random at first display, so it is there before.
+    Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
+    headless::ResetCallCounts();
+    ASSERT_TRUE(StoreAllPages());
+    const unsigned calls = headless::RegistryCallCount();
+    const Tree whole = StoredSettings();
+    ASSERT_GT(calls, 3U);
+    ASSERT_GT(CountValues(whole), 2U);
+
+    bool sawErrorBox = false;
+    for (unsigned nth = 1; nth <= calls; ++nth)
+    {
+        SCOPED_TRACE(testing::Message() << "call " << nth);
+        headless::FailAnyRegistryCall(nth, ERROR_ACCESS_DENIED);
+        const bool shown = StoreAllPages();
+        headless::ClearFaults();
+        sawErrorBox = sawErrorBox || !shown;
+        EXPECT_EQ(headless::OpenKeyCount(), 0U);
+        if (shown)
+        {
+            // One refused call costs one value at the most, or the ports of one table.
+            EXPECT_LE(CountMissing(whole, StoredSettings()), 1U);
+        }
+        // What was lost is there again after the next save.
+        if (!(StoredSettings() == whole))
+        {
+            ASSERT_TRUE(StoreAllPages());
+            EXPECT_EQ(CountMissing(whole, StoredSettings()), 0U);
+        }
+        if (HasFailure())
+        {
+            break;
+        }
+    }
+    EXPECT_TRUE(sawErrorBox);
+}
+
+TEST_F(FaultsTest, RegistryThatRefusesEveryWrite)
+{
+    headless::FailCallsFrom("RegCreateKeyExW", 1, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(StoreAllPages());
+    headless::ClearFaults();
+    EXPECT_TRUE(StoredSettings().empty() || CountValues(StoredSettings()) == 0);
+    EXPECT_EQ(headless::OpenKeyCount(), 0U);
+
+    headless::FailCallsFrom("RegSetValueExW", 1, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(StoreAllPages());
+    headless::ClearFaults();
+    EXPECT_EQ(CountValues(StoredSettings()), 0U);
+    EXPECT_EQ(headless::OpenKeyCount(), 0U);
+}
