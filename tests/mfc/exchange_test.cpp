@@ -127,7 +127,7 @@ TEST(ExchangeTest, FailureEndsItAtOnce)
     ExpectPrompt();
     EXPECT_FALSE(panel.UpdateData(TRUE));
     EXPECT_EQ(number, 7);
-    EXPECT_STREQ(text, _T("kept"));
+    EXPECT_EQ(Text(text), _T("kept"));
     EXPECT_EQ(GetFocus(), panel.Controls().Control(IdNumber));
     EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, 2));
     // A control that is not there fails as well, in either direction, and the lock is off afterwards.
