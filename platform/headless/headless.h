@@ -52,4 +52,14 @@ struct RegistryCall
 // Switching recording on starts an empty list; switching it off keeps the list.
 void RecordRegistryCalls(bool on);
 const std::vector<RegistryCall>& RegistryCalls();
+
+// --- Windows
+// ------------------------------------------------------------------------------------------------
+
+// Lets the nth window of a class (1 is the next), controls in dialogs included, fail to be made. ClearFaults
+// ends it. Faults of CreateWindowExW itself count the windows of all classes.
+void FailWindowClass(LPCWSTR className, unsigned nth, DWORD error);
+// Destroys all windows, drops messages, timers and hooks, lets go of all keys. Not to be called by a window's
+// own procedure.
+void ResetWindows();
 }  // namespace headless

@@ -1,0 +1,8 @@
+// Stands in until the controls are there.
+#include "system_classes.h"
+
+namespace headless
+{
+__attribute__((weak)) void RegisterStandardControls() {}
+__attribute__((weak)) void RegisterCommonControls() {}
+}  // namespace headless
