@@ -1,0 +1,108 @@
+// How the program starts, and what a second one does.
+#include "journey/editor.h"
+#include "resource.h"
+#include "support/registry.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+constexpr wchar_t SheetTitle[] = L"Quorvex Bench Settings";
+constexpr wchar_t ErrorTitle[] = L"QB Settings Error";
+constexpr int IdMessageText = 0xFFFF;
+
+using Titles = std::vector<std::wstring>;
+
+class StartJourney : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ClearSettings();
+        InstallAllTools();
+    }
+    void TearDown() override { ClearSettings(); }
+};
+
+// Runs a further instance to its end; fails the test if it shows anything.
+void RunSecondInstance()
+{
+    const EditorProcess second;
+    while (second.Runs())
+    {
+        ASSERT_EQ(second.Windows(), Titles());
+        Sleep(1);
+    }
+    EXPECT_TRUE(second.WaitForEnd());
+}
+}  // namespace
+
+TEST_F(StartJourney, SheetOpensOnGeneralSettings)
+{
+    // A command line makes no difference.
+    const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
+    const EditorSheet sheet = editor.WaitForSheet();
+    EXPECT_EQ(editor.Windows(), Titles{SheetTitle});
+    EXPECT_EQ(EditorDialog(sheet.Page()).Title(), L"General Settings");
+    EXPECT_FALSE(sheet.CanApply());
+    const LONG style = GetWindowLongW(sheet.Window(), GWL_STYLE);
+    EXPECT_TRUE(style & WS_MINIMIZEBOX);
+    EXPECT_TRUE(style & WS_MAXIMIZEBOX);
+    const HWND help = GetDlgItem(sheet.Window(), IDHELP);
+    EXPECT_FALSE(help != nullptr && IsWindowVisible(help));
+    EXPECT_TRUE(sheet.Cancel());
+    EXPECT_TRUE(editor.WaitForEnd());
+}
+
+TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
+{
+    const EditorProcess first;
+    const EditorSheet sheet = first.WaitForSheet();
+    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
+                                       900, nullptr, nullptr, nullptr, nullptr);
+    for (const bool minimised : {false, true})
+    {
+        SCOPED_TRACE(minimised);
+        ShowWindow(sheet.Window(), minimised ? SW_MINIMIZE : SW_SHOWNORMAL);
+        SetForegroundWindow(cover);
+        ASSERT_EQ(GetForegroundWindow(), cover);
+        RunSecondInstance();
+        EXPECT_EQ(GetForegroundWindow(), sheet.Window());
+        EXPECT_FALSE(IsIconic(sheet.Window()));
+        EXPECT_EQ(first.Windows(), Titles{SheetTitle});
+    }
+    DestroyWindow(cover);
+    // The sheet is as usable as before.
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    EXPECT_TRUE(sheet.Ok());
+    EXPECT_TRUE(first.WaitForEnd());
+    // With the first gone, the next is first.
+    const EditorProcess next;
+    EXPECT_TRUE(next.WaitForSheet().IsChecked(IDC_CERTIFICATION_MODE));
+}
+
+TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
+{
+    ClearSettings();
+    const EditorProcess editor;
+    const EditorDialog box(editor.WaitForWindow(ErrorTitle));
+    EXPECT_EQ(
+        box.TextOf(IdMessageText),
+        L"Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app "
+        L"installed, that you are running with administrative privileges, and you have UAC turned off.");
+    RunSecondInstance();
+    EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
+    box.ClickToOpen(IDOK);
+    EXPECT_TRUE(editor.WaitForEnd());
+    EXPECT_FALSE(KeyExists(L"SOFTWARE\\Halvane\\QuorvexBench"));
+}
+
+TEST_F(StartJourney, AListThatCannotBeReadWhollyIsNoList)
+{
+    Store(L"SOFTWARE\\Halvane\\Installed", L"KauriQB", Sz(L"yes"));
+    const EditorProcess editor;
+    const EditorDialog box(editor.WaitForWindow(ErrorTitle));
+    EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
+    box.ClickToOpen(IDOK);
+    EXPECT_TRUE(editor.WaitForEnd());
+}

@@ -1,0 +1,88 @@
+# What run, test and tools/wine share; sourced by bash.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+
+BUILD_PACKAGES=(g++ cmake ninja-build googletest)
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix)
+# The fonts hold the metrics of Tahoma, by which dialogs are laid out.
+WINE_PACKAGES=(wine wine64 fonts-wine libxrender1 xvfb)
+
+say() { printf '\n== %s\n' "$*"; }
+die()
+{
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+as_root()
+{
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs those of the packages that are missing.
+need()
+{
+    local package missing=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    command -v apt-get >/dev/null ||
+        die "This needs Debian's apt-get to install ${missing[*]}; use a Debian 12 machine."
+    [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
+        die "The packages ${missing[*]} are missing; install them as root, or run this as root."
+    say "Installing ${missing[*]}"
+    as_root apt-get update -q || true
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}" ||
+        die "The packages ${missing[*]} could not be installed; see apt-get's message above."
+}
+
+# Configures the preset where that is still to be done, and builds the targets (all of them, if none is named).
+build()
+{
+    local preset=$1
+    shift
+    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" -Wno-dev
+    cmake --build "build/$preset" ${1:+--target "$@"}
+}
+
+xvfb_pid=
+wine_used=
+
+end_wine()
+{
+    [ -z "$wine_used" ] || wineserver -k || true
+    [ -z "$xvfb_pid" ] || kill "$xvfb_pid" 2>/dev/null || true
+    wine_used= xvfb_pid=
+}
+
+# Gives this process a screen of its own, on a display number that is free.
+virtual_display()
+{
+    local number
+    coproc XVFB { exec Xvfb -displayfd 1 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp 2>/dev/null; }
+    xvfb_pid=$XVFB_PID
+    read -r -t 30 number <&"${XVFB[0]}" ||
+        die "No virtual display could be started; see what Xvfb says when it is run by hand."
+    export DISPLAY=:$number
+}
+
+# Sets Wine up in a prefix of our own. To be ended by end_wine.
+wine_prefix()
+{
+    export WINEPREFIX=$root/build/wine/$1
+    # Nothing of .NET or HTML is used; without this Wine offers to download both.
+    export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree,mshtml='
+    mkdir -p "$root/build/wine"
+    wine_used=1
+    [ -f "$WINEPREFIX/system.reg" ] || wine wineboot --init >/dev/null 2>&1 ||
+        die "Wine could not set up $WINEPREFIX; remove that folder and try again."
+}
+
+# Our sources and headers, each ended by NUL.
+source_files()
+{
+    find shell framework pages mausb platform tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
+}
