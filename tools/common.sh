@@ -61,10 +61,10 @@ end_wine()
 # Gives this process a screen of its own, on a display number that is free.
 virtual_display()
 {
-    local number
-    coproc XVFB { exec Xvfb -displayfd 1 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp 2>/dev/null; }
-    xvfb_pid=$XVFB_PID
-    read -r -t 30 number <&"${XVFB[0]}" ||
+    local number output
+    exec {output}< <(exec Xvfb -displayfd 1 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp 2>/dev/null)
+    xvfb_pid=$!
+    read -r -t 30 number <&"$output" ||
         die "No virtual display could be started; see what Xvfb says when it is run by hand."
     export DISPLAY=:$number
 }
@@ -79,6 +79,13 @@ wine_prefix()
     wine_used=1
     [ -f "$WINEPREFIX/system.reg" ] || wine wineboot --init >/dev/null 2>&1 ||
         die "Wine could not set up $WINEPREFIX; remove that folder and try again."
+    # Nobody manages windows on a virtual display: Wine draws their frames itself, and waits for no answers.
+    local managed=Y
+    [ -z "$xvfb_pid" ] || managed=N
+    if ! grep -qsx $managed "$WINEPREFIX/managed"; then
+        wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d $managed /f >/dev/null
+        echo $managed > "$WINEPREFIX/managed"
+    fi
 }
 
 # Our sources and headers, each ended by NUL.

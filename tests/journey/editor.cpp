@@ -159,6 +159,12 @@ bool EditorSheet::Select(int dialogId) const
     return index >= 0 && SelectIndex(index);
 }
 
+bool EditorSheet::Shows(int dialogId) const
+{
+    return Send(Window(), PSM_IDTOINDEX, 0, dialogId) ==
+           Send(Window(), PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(Page()));
+}
+
 std::vector<std::wstring> EditorSheet::OpenAll() const
 {
     std::vector<std::wstring> titles;
@@ -239,19 +245,28 @@ std::vector<std::wstring> EditorProcess::Windows() const
     return titles;
 }
 
-HWND EditorProcess::WaitForWindow(const std::wstring& title) const
+HWND EditorProcess::WaitForWindowThat(const std::function<bool(HWND)>& isWanted) const
 {
     HWND found = nullptr;
     WaitUntil(
         [&]
         {
-            for (const HWND window : WindowsOf(Id()))
-            {
-                found = TextOfWindow(window) == title ? window : found;
-            }
+            const std::vector<HWND> windows = WindowsOf(Id());
+            const auto window = std::find_if(windows.begin(), windows.end(), isWanted);
+            found = window != windows.end() ? *window : nullptr;
             return found != nullptr || !Runs();
         });
     return found;
+}
+
+HWND EditorProcess::WaitForWindow(const std::wstring& title) const
+{
+    return WaitForWindowThat([&](HWND window) { return TextOfWindow(window) == title; });
+}
+
+HWND EditorProcess::WaitForWindowBeside(HWND other) const
+{
+    return WaitForWindowThat([&](HWND window) { return window != other; });
 }
 
 EditorSheet EditorProcess::WaitForSheet() const

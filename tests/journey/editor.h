@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,8 @@ public:
     bool SelectIndex(int index) const;
     // Opens the page of that dialog template; false if there is none, or the sheet did not go there.
     bool Select(int dialogId) const;
+    // Whether the page of that dialog template is in front.
+    bool Shows(int dialogId) const;
     // Opens every page and gives their titles, in the tabs' order.
     std::vector<std::wstring> OpenAll() const;
 
@@ -83,9 +86,14 @@ public:
     std::vector<std::wstring> Windows() const;
     // Its visible top-level window of that title, waiting for that some seconds.
     HWND WaitForWindow(const std::wstring& title) const;
+    // The visible top-level window that stands beside a given one: a dialog of the sheet, say. Waits
+    // likewise.
+    HWND WaitForWindowBeside(HWND other) const;
     // The sheet, with its first page up.
     EditorSheet WaitForSheet() const;
 
 private:
+    HWND WaitForWindowThat(const std::function<bool(HWND)>& isWanted) const;
+
     PROCESS_INFORMATION m_process = {};
 };

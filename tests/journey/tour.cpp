@@ -1,0 +1,95 @@
+// Goes through the program's pages for ./run, which takes a picture whenever this prints a name and a place
+// on the screen, and answers with a line. Then changes a setting and leaves with Apply and OK.
+#include "journey/editor.h"
+#include "resource.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <cstdio>
+#include <cwctype>
+
+namespace
+{
+constexpr DWORD PaintMilliseconds = 200;
+constexpr int MediaDialogId = 133;
+constexpr int MediaDialogButtons[] = {1139, 1190};
+
+std::string FileName(const std::wstring& title)
+{
+    std::string name;
+    for (const wchar_t character : title)
+    {
+        if (std::iswalnum(character))
+        {
+            name += static_cast<char>(std::towlower(character));
+        }
+        else if (!name.empty() && name.back() != '-')
+        {
+            name += '-';
+        }
+    }
+    return name;
+}
+
+void TakePicture(HWND window, const std::wstring& title)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    Sleep(PaintMilliseconds);
+    std::printf("%s %ldx%ld+%ld+%ld\n", FileName(title).c_str(), place.right - place.left,
+                place.bottom - place.top, place.left, place.top);
+    std::fflush(stdout);
+    while (std::getchar() != '\n' && !std::feof(stdin))
+    {
+    }
+}
+
+void ShowDialogs(const EditorProcess& editor, const EditorSheet& sheet)
+{
+    for (const int button : MediaDialogButtons)
+    {
+        sheet.ClickToOpen(button);
+        const EditorDialog dialog(editor.WaitForWindowBeside(sheet.Window()));
+        if (dialog.Window() != nullptr)
+        {
+            TakePicture(dialog.Window(), dialog.Title());
+            dialog.ClickToOpen(IDCANCEL);
+            dialog.WaitUntilGone();
+        }
+    }
+}
+}  // namespace
+
+int main()
+{
+    _setmode(_fileno(stdout), _O_BINARY);
+    const EditorProcess editor;
+    const EditorSheet sheet = editor.WaitForSheet();
+    if (sheet.Page() == nullptr)
+    {
+        std::fputs("The sheet did not open.\n", stderr);
+        return 1;
+    }
+    for (int index = 0; index < sheet.PageCount(); ++index)
+    {
+        if (!sheet.SelectIndex(index))
+        {
+            std::fprintf(stderr, "Page %d did not open.\n", index);
+            return 1;
+        }
+        TakePicture(sheet.Window(), EditorDialog(sheet.Page()).Title());
+        if (sheet.Shows(MediaDialogId))
+        {
+            ShowDialogs(editor, sheet);
+        }
+    }
+    sheet.SelectIndex(0);
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    sheet.Apply();
+    if (!sheet.Ok() || !editor.WaitForEnd())
+    {
+        std::fputs("The sheet did not close.\n", stderr);
+        return 1;
+    }
+    return 0;
+}
