@@ -77,8 +77,13 @@ wine_prefix()
     export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree,mshtml='
     mkdir -p "$root/build/wine"
     wine_used=1
-    [ -f "$WINEPREFIX/system.reg" ] || wine wineboot --init >/dev/null 2>&1 ||
-        die "Wine could not set up $WINEPREFIX; remove that folder and try again."
+    if [ ! -f "$WINEPREFIX/system.reg" ]; then
+        # Debian's Wine does not look for its own fonts where the package of them puts them.
+        mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
+        cp /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts"
+        wine wineboot --init >/dev/null 2>&1 ||
+            die "Wine could not set up $WINEPREFIX; remove that folder and try again."
+    fi
     # Nobody manages windows on a virtual display: Wine draws their frames itself, and waits for no answers.
     local managed=Y
     [ -z "$xvfb_pid" ] || managed=N

@@ -34,6 +34,8 @@ std::string FileName(const std::wstring& title)
 void TakePicture(HWND window, const std::wstring& title)
 {
     RECT place = {};
+    // Drawn as the window in use, which without a window manager no window is.
+    SendMessageW(window, WM_NCACTIVATE, TRUE, 0);
     GetWindowRect(window, &place);
     Sleep(PaintMilliseconds);
     std::printf("%s %ldx%ld+%ld+%ld\n", FileName(title).c_str(), place.right - place.left,
