@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "windef.h"
@@ -62,4 +63,23 @@ void FailWindowClass(LPCWSTR className, unsigned nth, DWORD error);
 // Destroys all windows, drops messages, timers and hooks, lets go of all keys. Not to be called by a window's
 // own procedure.
 void ResetWindows();
+
+// --- File dialog
+// ---------------------------------------------------------------------------------------------
+
+// What the last file dialog had been told when it was shown.
+struct FileDialogRequest
+{
+    std::vector<std::pair<std::u16string, std::u16string>> filters;  // text and pattern
+    std::u16string defaultExtension;
+    std::u16string fileName;
+    std::u16string folder;  // empty if none was set
+    DWORD options = 0;
+    HWND owner = nullptr;
+};
+const FileDialogRequest& LastFileDialog();
+// Lets a folder exist; no other does.
+void DeclareFolder(const std::u16string& path);
+// Answers the next dialog at once, without a window; an empty path cancels it.
+void AnswerFileDialog(const std::u16string& path);
 }  // namespace headless
