@@ -3,6 +3,8 @@
 #include "afxshellmanager.h"
 #include "headless.h"
 
+#include <shobjidl.h>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -30,13 +32,13 @@ protected:
     {
         owner = CreateWindowExW(0, _T("STATIC"), _T("Owner"), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
                                 200, nullptr, nullptr, nullptr, nullptr);
-        parent.Attach(owner);
+        parent.SubclassWindow(owner);
         headless::DeclareFolder(u"C:\\Firmware\\");
     }
     void TearDown() override
     {
         headless::ClearFaults();
-        DestroyWindow(parent.Detach());
+        parent.DestroyWindow();
     }
 
     INT_PTR Run(LPCTSTR folder = _T("C:\\Firmware"))
