@@ -4,5 +4,4 @@
 namespace headless
 {
 __attribute__((weak)) void RegisterStandardControls() {}
-__attribute__((weak)) void RegisterCommonControls() {}
 }  // namespace headless
