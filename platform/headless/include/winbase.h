@@ -30,6 +30,15 @@ HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL data);
 DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 
+// A block's handle is its address; it is zeroed and never moves.
+#define GMEM_FIXED 0x0000
+#define GMEM_MOVEABLE 0x0002
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
+SIZE_T WINAPI GlobalSize(HGLOBAL block);
+LPVOID WINAPI GlobalLock(HGLOBAL block);
+BOOL WINAPI GlobalUnlock(HGLOBAL block);
+HGLOBAL WINAPI GlobalFree(HGLOBAL block);
+
 DWORD WINAPI GetTickCount();
 ULONGLONG WINAPI GetTickCount64();
 BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* count);

@@ -223,6 +223,17 @@ BOOL WINAPI SetCursorPos(int x, int y);
 BOOL WINAPI DragDetect(HWND window, POINT point);
 UINT WINAPI GetDoubleClickTime();
 
+// --- Clipboard ---
+
+#define CF_UNICODETEXT 13
+BOOL WINAPI OpenClipboard(HWND owner);
+BOOL WINAPI CloseClipboard();
+BOOL WINAPI EmptyClipboard();
+// The block is the clipboard's from here on.
+HANDLE WINAPI SetClipboardData(UINT format, HANDLE data);
+HANDLE WINAPI GetClipboardData(UINT format);
+BOOL WINAPI IsClipboardFormatAvailable(UINT format);
+
 // --- Dialogs ---
 
 HWND WINAPI CreateDialogParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DLGPROC procedure,
