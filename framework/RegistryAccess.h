@@ -1,5 +1,6 @@
-// The one road to the registry. Keys lie under HKEY_LOCAL_MACHINE and have no leading backslash; a read creates
-// nothing, a write creates the key with all above it; each call opens its key, does one value and closes the key.
+// The one road to the registry. Keys lie under HKEY_LOCAL_MACHINE and have no leading backslash; a read
+// creates nothing, a write creates the key with all above it; each call opens its key, does one value and
+// closes the key.
 #pragma once
 
 #include <afxstr.h>
@@ -18,7 +19,7 @@ inline constexpr LPCTSTR FamilyRoot = _T("SOFTWARE\\Halvane");
 // Shared by the pages of the host and device tools.
 inline const WideString TestServicesKey = _T("SOFTWARE\\Ostrel\\TestServices");
 
-// Opens a key of SettingsRoot, and closes it at the end of its scope.
+// Holds an open key, and closes it at the end of its scope.
 class RegistryKey
 {
 public:
@@ -28,7 +29,10 @@ public:
         Write  // the key is created when absent
     };
 
+    // Opens a key of SettingsRoot.
     RegistryKey(const WideString& path, Access access);
+    // Takes over a key that was opened otherwise.
+    explicit RegistryKey(HKEY key) : m_key(key) {}
     ~RegistryKey();
     RegistryKey(const RegistryKey&) = delete;
     RegistryKey& operator=(const RegistryKey&) = delete;
@@ -43,14 +47,15 @@ private:
 // Stores a REG_DWORD. False if the key or the value was refused.
 bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value);
 
-// The bytes of a value of any type as UTF-16, up to the first NUL. On failure false, and the text is as it was.
+// The bytes of a value of any type as UTF-16, up to the first NUL. On failure false, and the text is as it
+// was.
 bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text);
 
 // Stores a REG_SZ with its terminator; a null pointer counts as the empty text.
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text);
 
-// Replaces the low bytes of the number by the value's bytes, whatever its type; a value of more than four bytes,
-// or none, leaves the number as it was.
+// Replaces the low bytes of the number by the value's bytes, whatever its type; a value of more than four
+// bytes, or none, leaves the number as it was.
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number);
 
 // Copies the value's bytes, whatever its type, but at most `size`; what they do not reach stays as it was.

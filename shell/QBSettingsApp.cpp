@@ -1,5 +1,9 @@
 #include "shell/QBSettingsApp.h"
 
+#include "mausb/MAUSBHubUnderTestParamsDlg.h"
+#include "mausb/MAUSBMediaDlg.h"
+#include "mausb/MAUSBProtocolConstantsDlg.h"
+#include "mausb/MAUSBSettingsDlg.h"
 #include "pages/Chapter9Dlg.h"
 #include "pages/DriversAndFirmwareDlg.h"
 #include "pages/GeneralSettingsDlg.h"
@@ -109,7 +113,10 @@ void CQBSettingsApp::RunSheet()
     const PageRow<CChapter9Dlg> chapter9(sheet);
     const PageRow<CWaiversDlg> waivers(sheet);
     const PageRow<CXHCISettingsDlg> xhci(sheet);
-    // Further pages: one row each.
+    const PageRow<CMAUSBSettingsDlg> identity(sheet);
+    const PageRow<CMAUSBMediaDlg> media(sheet);
+    const PageRow<CMAUSBProtocolConstantsDlg> protocol(sheet);
+    const PageRow<CMAUSBHubUnderTestParamsDlg> hostUnderTest(sheet);
     m_pMainWnd = &sheet;
     sheet.DoModal();
     m_pMainWnd = nullptr;

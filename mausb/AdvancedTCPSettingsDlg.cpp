@@ -1,0 +1,112 @@
+#include "mausb/AdvancedTCPSettingsDlg.h"
+
+#include "framework/ToolTips.h"
+#include "resource.h"
+
+IMPLEMENT_DYNAMIC(CAdvancedTCPSettingsDlg, CDialogEx)
+
+BEGIN_MESSAGE_MAP(CAdvancedTCPSettingsDlg, CDialogEx)
+    ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_SNDBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultSndBuf)
+    ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_RCVBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf)
+END_MESSAGE_MAP()
+
+// Any number but 0 switches TCP_NODELAY on, where a check box would not show most of them.
+CAdvancedTCPSettingsDlg::CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings)
+    : CDialogEx(IDD_ADVANCED_TCP),
+      m_nSocketSendDelay(settings.m_nSocketSendDelay),
+      m_pSettings(&settings),
+      m_nSndBuf(settings.m_nSndBuf),
+      m_nRcvBuf(settings.m_nRcvBuf),
+      m_nTcpNoDelay(settings.m_nTcpNoDelay != 0 ? 1 : 0),
+      m_nUseDefaultSndBuf(settings.m_nUseDefaultSndBuf),
+      m_nUseDefaultRcvBuf(settings.m_nUseDefaultRcvBuf)
+{
+}
+
+CAdvancedTCPSettingsDlg::~CAdvancedTCPSettingsDlg() = default;
+
+void CAdvancedTCPSettingsDlg::DoDataExchange(CDataExchange* pDX)
+{
+    CDialogEx::DoDataExchange(pDX);
+    DDX_Text(pDX, IDC_TCP_SEND_DELAY, m_nSocketSendDelay);
+    DDX_Text(pDX, IDC_TCP_SNDBUF, m_nSndBuf);
+    DDX_Text(pDX, IDC_TCP_RCVBUF, m_nRcvBuf);
+    DDX_Check(pDX, IDC_TCP_NODELAY, m_nTcpNoDelay);
+    DDX_Check(pDX, IDC_TCP_USE_DEFAULT_SNDBUF, m_nUseDefaultSndBuf);
+    DDX_Check(pDX, IDC_TCP_USE_DEFAULT_RCVBUF, m_nUseDefaultRcvBuf);
+}
+
+BOOL CAdvancedTCPSettingsDlg::OnInitDialog()
+{
+    CDialogEx::OnInitDialog();
+    if (CreateToolTips(*this, m_pToolTip))
+    {
+        InitToolTips();
+        ActivateToolTips(*m_pToolTip);
+    }
+    OnUseDefaultSndBuf();
+    OnUseDefaultRcvBuf();
+    return TRUE;
+}
+
+void CAdvancedTCPSettingsDlg::InitToolTips()
+{
+    struct Tip
+    {
+        int id;
+        LPCTSTR text;
+    };
+    static constexpr Tip tips[] = {
+        {IDC_TCP_SEND_DELAY, _T("The amount of time the Dock will wait before sending an MAUSB packet.")},
+        {IDC_TCP_USE_DEFAULT_SNDBUF,
+         _T("If checked, the Dock will ignore the value in the SO_SNDBUF field and use the default value.")},
+        {IDC_TCP_SNDBUF,
+         _T("The size of the Socket send buffer. If this is an invalid value, then the Dock will use the ")
+         _T("default ")
+         _T("value.")},
+        {IDC_TCP_USE_DEFAULT_RCVBUF,
+         _T("If checked, the Dock will ignore the value in the SO_RCVBUF field and use the default value.")},
+        {IDC_TCP_RCVBUF,
+         _T("The size of the Socket receive buffer. If this is an invalid value, then the Dock will use the ")
+         _T("default ")
+         _T("value.")},
+        {IDC_TCP_NODELAY, _T("If checked, the Dock disables the Nagle Algorithm for send coalescing.")}};
+    for (const Tip& tip : tips)
+    {
+        m_pToolTip->AddTool(GetDlgItem(tip.id), tip.text, nullptr, 0);
+    }
+}
+
+// A size that is not in use keeps its number, and is stored all the same.
+void CAdvancedTCPSettingsDlg::OnUseDefaultSndBuf()
+{
+    UpdateData(TRUE);
+    GetDlgItem(IDC_TCP_SNDBUF)->EnableWindow(m_nUseDefaultSndBuf == 0);
+    GetDlgItem(IDC_TCP_SNDBUF_LABEL)->EnableWindow(m_nUseDefaultSndBuf == 0);
+}
+
+void CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf()
+{
+    UpdateData(TRUE);
+    GetDlgItem(IDC_TCP_RCVBUF)->EnableWindow(m_nUseDefaultRcvBuf == 0);
+    GetDlgItem(IDC_TCP_RCVBUF_LABEL)->EnableWindow(m_nUseDefaultRcvBuf == 0);
+}
+
+// The record follows the members also when an edit holds no number and the dialog stays: they are then what
+// the exchange reached.
+void CAdvancedTCPSettingsDlg::OnOK()
+{
+    CDialogEx::OnOK();
+    m_pSettings->m_nSocketSendDelay = m_nSocketSendDelay;
+    m_pSettings->m_nSndBuf = m_nSndBuf;
+    m_pSettings->m_nRcvBuf = m_nRcvBuf;
+    m_pSettings->m_nTcpNoDelay = m_nTcpNoDelay;
+    m_pSettings->m_nUseDefaultSndBuf = m_nUseDefaultSndBuf;
+    m_pSettings->m_nUseDefaultRcvBuf = m_nUseDefaultRcvBuf;
+}
+
+BOOL CAdvancedTCPSettingsDlg::PreTranslateMessage(MSG* pMsg)
+{
+    RelayToToolTips(m_pToolTip.get(), pMsg);
+    return CDialogEx::PreTranslateMessage(pMsg);
+}

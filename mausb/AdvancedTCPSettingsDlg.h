@@ -1,0 +1,51 @@
+// Advanced TCP Settings: edits the six values by which the MAUSB tool tunes its sockets, in memory.
+#pragma once
+
+#include <afxcmn.h>
+#include <afxdialogex.h>
+
+#include <memory>
+
+struct AdvancedTCPSettings
+{
+    UINT m_nSocketSendDelay = 0;  // milliseconds
+    int m_nSndBuf = 0;            // bytes
+    int m_nUseDefaultSndBuf = 1;
+    int m_nRcvBuf = 0;  // bytes
+    int m_nUseDefaultRcvBuf = 1;
+    int m_nTcpNoDelay = 0;
+};
+
+class CAdvancedTCPSettingsDlg : public CDialogEx
+{
+    DECLARE_DYNAMIC(CAdvancedTCPSettingsDlg)
+
+public:
+    // The record stays the caller's; OK changes it.
+    explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);
+    ~CAdvancedTCPSettingsDlg() override;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    BOOL OnInitDialog() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void OnOK() override;
+
+    afx_msg void OnUseDefaultSndBuf();
+    afx_msg void OnUseDefaultRcvBuf();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void InitToolTips();
+
+    UINT m_nSocketSendDelay;
+    AdvancedTCPSettings* m_pSettings;
+    int m_nSndBuf;
+    int m_nRcvBuf;
+    int m_nTcpNoDelay;
+    int m_nUseDefaultSndBuf;
+    int m_nUseDefaultRcvBuf;
+    std::unique_ptr<CToolTipCtrl> m_pToolTip;
+};

@@ -1,0 +1,41 @@
+// MAUSB HUT Params: what the Host Under Test does, in SOFTWARE\Halvane\KauriQB.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CMAUSBHubUnderTestParamsDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CMAUSBHubUnderTestParamsDlg)
+
+public:
+    CMAUSBHubUnderTestParamsDlg();
+    ~CMAUSBHubUnderTestParamsDlg() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    void LoadSettings() override;
+
+    afx_msg void OnRetries(UINT id);
+    afx_msg void OnSendsGetPortBWReq();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    struct RetrySetting
+    {
+        int CMAUSBHubUnderTestParamsDlg::*member;
+        WideString name;
+        int id;
+        LPCTSTR toolTip;
+    };
+    static const RetrySetting RetrySettings[5];
+
+    int m_nBulkTransferRetriesHUT = 5;
+    int m_nControlTransferRetriesHUT = 5;
+    int m_nInterruptTransferRetriesHUT = 3;
+    int m_nManagementRetriesHUT = 4;
+    int m_nTransferSetupRetriesHUT = 4;
+    int m_nSendsGetPortBWReq = 0;
+};

@@ -1,0 +1,276 @@
+#include "mausb/MAUSBMediaDlg.h"
+
+#include "mausb/PortNumbersDialog.h"
+#include "resource.h"
+
+IMPLEMENT_DYNAMIC(CMAUSBMediaDlg, CSettingsPage)
+
+BEGIN_MESSAGE_MAP(CMAUSBMediaDlg, CSettingsPage)
+    ON_BN_CLICKED(IDC_NETWORK_LOG, &CMAUSBMediaDlg::OnNetworkLevelLog)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_NETWORK_TCP, IDC_NETWORK_UDP, &CMAUSBMediaDlg::OnNetworkType)
+    ON_EN_CHANGE(IDC_TCP_CLIENT_ADDRESS, &CMAUSBMediaDlg::OnDefaultIPAddressTCPClient)
+    ON_EN_CHANGE(IDC_UDP_ADDRESS, &CMAUSBMediaDlg::OnDefaultIPAddressUDP)
+    ON_EN_CHANGE(IDC_MAC_ADDRESS, &CMAUSBMediaDlg::OnMACAddr)
+    ON_EN_CHANGE(IDC_MAX_BYTES_TO_LOG, &CMAUSBMediaDlg::OnMaxBytesToLog)
+    ON_EN_CHANGE(IDC_UDP_PORT, &CMAUSBMediaDlg::OnDefaultPortNumberUDP)
+    ON_EN_CHANGE(IDC_SNAP_OUI, &CMAUSBMediaDlg::OnSnapIdOUI)
+    ON_EN_CHANGE(IDC_SNAP_PID, &CMAUSBMediaDlg::OnSnapIdPID)
+    ON_EN_CHANGE(IDC_TCP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeTCP)
+    ON_EN_CHANGE(IDC_UDP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeUDP)
+    ON_EN_CHANGE(IDC_SNAP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeSNAP)
+    ON_BN_CLICKED(IDC_ADVANCED_TCP, &CMAUSBMediaDlg::OnAdvancedTCP)
+    ON_BN_CLICKED(IDC_TCP_CLIENT_PORTS, &CMAUSBMediaDlg::OnPortsClient)
+    ON_BN_CLICKED(IDC_TCP_SERVER_PORTS, &CMAUSBMediaDlg::OnPortsServer)
+END_MESSAGE_MAP()
+
+namespace
+{
+constexpr BYTE SnapIdBase = 16;
+
+// Only from the control to the member: the page itself shows the number in its base. An empty edit is 0; a
+// text that begins with no hexadecimal digit fails the exchange without a word.
+void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
+{
+    const HWND control = pDX->PrepareEditCtrl(nIDC);
+    if (!pDX->m_bSaveAndValidate)
+    {
+        return;
+    }
+    TCHAR text[64] = {};
+    GetWindowTextW(control, text, 64);
+    UINT number = 0;
+    if (text[0] != 0 && _stscanf(text, _T("%x"), &number) != 1)
+    {
+        pDX->Fail();
+    }
+    value = number;
+}
+
+template <size_t Count>
+void EnableWindows(CWnd* const (&windows)[Count], BOOL enabled)
+{
+    for (CWnd* window : windows)
+    {
+        window->EnableWindow(enabled);
+    }
+}
+}  // namespace
+
+CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
+{
+    AddProduct(KauriQB);
+}
+
+CMAUSBMediaDlg::~CMAUSBMediaDlg() = default;
+
+void CMAUSBMediaDlg::DoDataExchange(CDataExchange* pDX)
+{
+    CSettingsPage::DoDataExchange(pDX);
+    BindControls(pDX);
+    DDX_Check(pDX, IDC_NETWORK_LOG, m_nNetworkLevelLog);
+    DDX_Text(pDX, IDC_TCP_CLIENT_ADDRESS, m_strDefaultIPAddressTCPClient);
+    DDX_Radio(pDX, IDC_NETWORK_TCP, m_nNetworkType);
+    DDX_Text(pDX, IDC_MAC_ADDRESS, m_strMACAddr);
+    DDX_Text(pDX, IDC_MAX_BYTES_TO_LOG, m_nMaxBytesToLog);
+    DDX_Text(pDX, IDC_UDP_ADDRESS, m_strDefaultIPAddressUDP);
+    DDX_Text(pDX, IDC_UDP_PORT, m_nDefaultPortNumberUDP);
+    DDX_Hex(pDX, IDC_SNAP_OUI, m_nSnapIdOUI);
+    DDX_Hex(pDX, IDC_SNAP_PID, m_nSnapIdPID);
+    DDX_Text(pDX, IDC_TCP_PACKET_SIZE, m_nMaxPacketSizeTCP);
+    DDX_Text(pDX, IDC_UDP_PACKET_SIZE, m_nMaxPacketSizeUDP);
+    DDX_Text(pDX, IDC_SNAP_PACKET_SIZE, m_nMaxPacketSizeSNAP);
+    DDX_Check(pDX, IDC_USE_UDP_FOR_ISOCH, m_nUseUDPForIsoch);
+    DDX_Text(pDX, IDC_ISOCH, m_nIsoch);
+    DDX_Text(pDX, IDC_MAX_ISOCH, m_nMaxIsoch);
+}
+
+void CMAUSBMediaDlg::BindControls(CDataExchange* pDX)
+{
+    const struct
+    {
+        int id;
+        CWnd& control;
+    } bindings[] = {
+        {IDC_NETWORK_LOG, m_btnNetworkLevelLog},
+        {IDC_MAX_BYTES_TO_LOG_LABEL, m_stMaxBytesToLog},
+        {IDC_MAX_BYTES_TO_LOG, m_edMaxBytesToLog},
+        {IDC_TCP_OPTIONS, m_grpTCPIPOptions},
+        {IDC_TCP_PACKET_SIZE_LABEL, m_stMaxPacketSizeTCP},
+        {IDC_TCP_PACKET_SIZE, m_edMaxPacketSizeTCP},
+        {IDC_ADVANCED_TCP, m_btnAdvancedTCP},
+        {IDC_USE_UDP_FOR_ISOCH, m_btnUseUDPForIsoch},
+        {IDC_ISOCH_LABEL, m_stIsoch},
+        {IDC_ISOCH, m_edIsoch},
+        {IDC_MAX_ISOCH_LABEL, m_stMaxIsoch},
+        {IDC_MAX_ISOCH, m_edMaxIsoch},
+        {IDC_TCP_CLIENT_ADDRESS_LABEL, m_stTCPClientIPAddress},
+        {IDC_TCP_CLIENT_ADDRESS, m_edDefaultIPAddressTCPClient},
+        {IDC_UDP_OPTIONS, m_grpUDPIPOptions},
+        {IDC_UDP_ADDRESS_LABEL, m_stUDPIPAddress},
+        {IDC_UDP_ADDRESS, m_edDefaultIPAddressUDP},
+        {IDC_UDP_PORT_LABEL, m_stUDPPortNumber},
+        {IDC_UDP_PORT, m_edDefaultPortNumberUDP},
+        {IDC_UDP_PACKET_SIZE_LABEL, m_stMaxPacketSizeUDP},
+        {IDC_UDP_PACKET_SIZE, m_edMaxPacketSizeUDP},
+        {IDC_SNAP_OPTIONS, m_grpSNAPOptions},
+        {IDC_MAC_ADDRESS_LABEL, m_stMACAddr},
+        {IDC_MAC_ADDRESS, m_edMACAddr},
+        {IDC_SNAP_ID_LABEL, m_stSnapId},
+        {IDC_SNAP_OUI_LABEL, m_stSnapIdOUI},
+        {IDC_SNAP_OUI, m_edSnapIdOUI},
+        {IDC_SNAP_PID_LABEL, m_stSnapIdPID},
+        {IDC_SNAP_PID, m_edSnapIdPID},
+        {IDC_SNAP_PACKET_SIZE_LABEL, m_stMaxPacketSizeSNAP},
+        {IDC_SNAP_PACKET_SIZE, m_edMaxPacketSizeSNAP},
+    };
+    for (const auto& binding : bindings)
+    {
+        DDX_Control(pDX, binding.id, binding.control);
+    }
+}
+
+void CMAUSBMediaDlg::InitToolTips()
+{
+    AddToolTip(
+        IDC_TCP_CLIENT_PORTS,
+        _T("Select the ports with which you would like to connect to the MAUSB host, when acting as a TCP ")
+        _T("client. Also select which packet types you wish to receive on each port."));
+    AddToolTip(IDC_TCP_SERVER_PORTS,
+               _T("Select the ports to listen on when acting as a TCP server. Also select which ")
+               _T("packet types you wish to receive on each port."));
+}
+
+void CMAUSBMediaDlg::UpdateControlStates()
+{
+    // Each text set here raises its edit's change event, which exchanges all members.
+    m_edSnapIdOUI.SetBase(SnapIdBase);
+    m_edSnapIdPID.SetBase(SnapIdBase);
+    m_edSnapIdOUI.SetNumber(static_cast<ULONGLONG>(m_nLoadedSnapIdOUI));
+    m_edSnapIdPID.SetNumber(static_cast<ULONGLONG>(m_nLoadedSnapIdPID));
+    EnableNetworkControls(m_nNetworkType);
+    EnableMaxBytesToLog();
+    CWnd* const unused[] = {&m_btnUseUDPForIsoch, &m_stIsoch, &m_edIsoch, &m_stMaxIsoch, &m_edMaxIsoch};
+    for (CWnd* window : unused)
+    {
+        window->ShowWindow(SW_HIDE);
+    }
+    UpdateData(TRUE);
+}
+
+void CMAUSBMediaDlg::EnableNetworkControls(int networkType)
+{
+    CWnd* const forTCP[] = {&m_edDefaultIPAddressTCPClient,
+                            &m_stTCPClientIPAddress,
+                            &m_grpTCPIPOptions,
+                            &m_stMaxPacketSizeTCP,
+                            &m_edMaxPacketSizeTCP,
+                            &m_btnAdvancedTCP,
+                            GetDlgItem(IDC_TCP_CLIENT_PORTS),
+                            GetDlgItem(IDC_TCP_SERVER_PORTS)};
+    CWnd* const forUDP[] = {&m_edDefaultIPAddressUDP, &m_edDefaultPortNumberUDP, &m_stUDPIPAddress,
+                            &m_stUDPPortNumber,       &m_grpUDPIPOptions,        &m_stMaxPacketSizeUDP,
+                            &m_edMaxPacketSizeUDP};
+    EnableWindows(forTCP, networkType == NetworkTCP);
+    EnableWindows(forUDP, networkType == NetworkUDP);
+}
+
+void CMAUSBMediaDlg::EnableMaxBytesToLog()
+{
+    m_stMaxBytesToLog.EnableWindow(m_nNetworkLevelLog != 0);
+    m_edMaxBytesToLog.EnableWindow(m_nNetworkLevelLog != 0);
+}
+
+void CMAUSBMediaDlg::OnNetworkLevelLog()
+{
+    CheckModified(m_nNetworkLevelLog);
+    EnableMaxBytesToLog();
+}
+
+void CMAUSBMediaDlg::OnNetworkType(UINT id)
+{
+    const int before = m_nNetworkType;
+    m_nNetworkType = id == IDC_NETWORK_UDP ? NetworkUDP : NetworkTCP;
+    UpdateData(TRUE);
+    EnableNetworkControls(m_nNetworkType);
+    SetModified(m_nNetworkType != before);
+}
+
+void CMAUSBMediaDlg::OnDefaultIPAddressTCPClient()
+{
+    CheckModified(m_strDefaultIPAddressTCPClient);
+}
+
+void CMAUSBMediaDlg::OnDefaultIPAddressUDP()
+{
+    CheckModified(m_strDefaultIPAddressUDP);
+}
+
+void CMAUSBMediaDlg::OnMACAddr()
+{
+    CheckModified(m_strMACAddr);
+}
+
+void CMAUSBMediaDlg::OnMaxBytesToLog()
+{
+    CheckModified(m_nMaxBytesToLog);
+}
+
+void CMAUSBMediaDlg::OnDefaultPortNumberUDP()
+{
+    CheckModified(m_nDefaultPortNumberUDP);
+}
+
+void CMAUSBMediaDlg::OnSnapIdOUI()
+{
+    CheckModified(m_nSnapIdOUI);
+}
+
+void CMAUSBMediaDlg::OnSnapIdPID()
+{
+    CheckModified(m_nSnapIdPID);
+}
+
+void CMAUSBMediaDlg::OnMaxPacketSizeTCP()
+{
+    CheckModified(m_nMaxPacketSizeTCP);
+}
+
+void CMAUSBMediaDlg::OnMaxPacketSizeUDP()
+{
+    CheckModified(m_nMaxPacketSizeUDP);
+}
+
+void CMAUSBMediaDlg::OnMaxPacketSizeSNAP()
+{
+    CheckModified(m_nMaxPacketSizeSNAP);
+}
+
+void CMAUSBMediaDlg::OnAdvancedTCP()
+{
+    CAdvancedTCPSettingsDlg dialog(m_advancedTCP);
+    if (dialog.DoModal() == IDOK)
+    {
+        SetModified(TRUE);
+    }
+}
+
+void CMAUSBMediaDlg::OnPortsClient()
+{
+    EditPorts(_T("Client Port Numbers"), m_portsClient);
+}
+
+void CMAUSBMediaDlg::OnPortsServer()
+{
+    EditPorts(_T("Server Port Numbers"), m_portsServer);
+}
+
+void CMAUSBMediaDlg::EditPorts(LPCTSTR title, PortTable& ports)
+{
+    PortTable edited = ports;
+    CPortNumbersDialog dialog(title, edited, this);
+    if (dialog.DoModal() == IDOK)
+    {
+        ports = edited;
+        SetModified(TRUE);
+    }
+}

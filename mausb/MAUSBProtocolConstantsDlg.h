@@ -1,0 +1,66 @@
+// MAUSB Protocol Settings: the constants of the MAUSB 1.0a specification, in SOFTWARE\Halvane\KauriQB.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+class CMAUSBProtocolConstantsDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CMAUSBProtocolConstantsDlg)
+
+public:
+    CMAUSBProtocolConstantsDlg();
+    ~CMAUSBProtocolConstantsDlg() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    void LoadSettings() override;
+
+    afx_msg void OnField(UINT id);
+    afx_msg void OnSetToDefault();
+    afx_msg void OnSetToSuggested();
+    afx_msg void OnSetToMinimum();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    enum class Group
+    {
+        ResponseTimes,
+        Delays,
+        Retries
+    };
+    struct Setting
+    {
+        int CMAUSBProtocolConstantsDlg::*member;
+        WideString name;
+        int id;
+        int value;  // the default, and what its group's button puts back
+        Group group;
+    };
+    static const Setting Settings[16];
+
+    void ResetGroup(Group group);
+    // Sets a member and its edit. Whether the member changed.
+    bool SetFieldValue(int& member, int value, int id);
+    void AddGroupToolTips(Group group, LPCTSTR text, int buttonId, LPCTSTR buttonText);
+
+    // Response times and delays are in milliseconds.
+    int m_nManagementResponseTime;
+    int m_nTransferResponseTime;
+    int m_nDataChannelDelayTCP;
+    int m_nManagementChannelDelayTCP;
+    int m_nMaxIsochLinkDelayTCP;
+    int m_nDataChannelDelayUDP;
+    int m_nManagementChannelDelayUDP;
+    int m_nMaxIsochLinkDelayUDP;
+    int m_nDataChannelDelaySNAP;
+    int m_nManagementChannelDelaySNAP;
+    int m_nMaxIsochLinkDelaySNAP;
+    int m_nBulkTransferRetries;
+    int m_nControlTransferRetries;
+    int m_nInterruptTransferRetries;
+    int m_nManagementRetries;
+    int m_nTransferSetupRetries;
+};

@@ -1,0 +1,59 @@
+// MAUSB Settings: version, payload alignment, identity and sleep of the MAUSB tool, in
+// SOFTWARE\Halvane\KauriQB.
+#pragma once
+
+#include "framework/SettingsPage.h"
+
+#include <rpc.h>
+
+class CMAUSBSettingsDlg : public CSettingsPage
+{
+    DECLARE_DYNAMIC(CMAUSBSettingsDlg)
+
+public:
+    CMAUSBSettingsDlg();
+    ~CMAUSBSettingsDlg() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void InitToolTips() override;
+    void SaveSettings() override;
+    // Also stores a new Container ID at once if there is none: the tool needs one, applied or not.
+    void LoadSettings() override;
+    void UpdateControlStates() override;
+
+    afx_msg void OnProtocolVersion();
+    afx_msg void OnMaxUSBTransferSize();
+    afx_msg void OnAlignmentByte();
+    afx_msg void OnAlignmentDword();
+    afx_msg void OnNewId();
+    afx_msg void OnRefuseSleepRequests();
+    afx_msg void OnLinkSleepCapability();
+    afx_msg void OnUseDefaultMaxUSBTransferSize();
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void LoadIsochPayloadAlignment();
+    void SetIsochPayloadAlignment(int alignment);
+    // Leaves the ID as it is if the system had no address to make one from.
+    void GenerateContainerId();
+    void ShowContainerId();
+    void EnableMaxUSBTransferSize();
+
+    int m_nIsochPayloadAlignment = 1;  // 1 for BYTE, 4 for DWORD
+    UUID m_RootHubUUID;                // the Container ID; nil for none yet
+    CEdit m_edContainerId;
+    int m_nRefuseSleepRequests = 0;
+    CButton m_btnRefuseSleepRequests;
+    CButton m_btnLinkSleepCapability;
+    int m_nLinkSleepCapability = 0;
+    int m_nProtocolVersionIndex = 0;
+    CString m_strProtocolVersion;  // as loaded; the list has what is saved
+    CComboBox m_cbProtocolVersion;
+    // The transfer size is for the tool alone so far: its controls are never shown.
+    CEdit m_edMaxUSBTransferSize;
+    int m_nMaxUSBTransferSize = 0;
+    int m_nUseDefaultMaxUSBTransferSize = 1;
+    CButton m_btnUseDefaultMaxUSBTransferSize;
+};

@@ -1,0 +1,191 @@
+#include "mausb/PortNumbersDialog.h"
+
+#include "framework/ToolTips.h"
+#include "resource.h"
+
+#include <algorithm>
+
+IMPLEMENT_DYNAMIC(CPortNumbersDialog, CDialogEx)
+
+// The ids of the rows interleave: between one edit and the next lie a combo box and a label, which send no
+// such code.
+BEGIN_MESSAGE_MAP(CPortNumbersDialog, CDialogEx)
+    ON_CONTROL_RANGE(EN_CHANGE, IDC_PORT_EDIT_0, IDC_PORT_EDIT_3, &CPortNumbersDialog::OnPortText)
+END_MESSAGE_MAP()
+
+namespace
+{
+constexpr UINT MaxPort = 65535;
+
+struct RowIds
+{
+    int edit;
+    int comboBox;
+};
+
+constexpr RowIds Rows[] = {{IDC_PORT_EDIT_0, IDC_PORT_TYPE_0},
+                           {IDC_PORT_EDIT_1, IDC_PORT_TYPE_1},
+                           {IDC_PORT_EDIT_2, IDC_PORT_TYPE_2},
+                           {IDC_PORT_EDIT_3, IDC_PORT_TYPE_3}};
+
+// From PacketTypeDefault, which is -1, on.
+constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
+
+int ItemOf(int packetType)
+{
+    return packetType + 1;
+}
+
+int PacketTypeOf(int item)
+{
+    return item - 1;
+}
+}  // namespace
+
+CPortNumbersDialog::CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent)
+    : CDialogEx(IDD_PORT_NUMBERS, parent), m_pszTitle(title), m_pPortTable(&table)
+{
+}
+
+CPortNumbersDialog::~CPortNumbersDialog() = default;
+
+UINT CPortNumbersDialog::ParsePortText(const CString& text)
+{
+    if (text.FindOneOf(_T("123456789")) < 0)
+    {
+        return 0;
+    }
+    UINT port = 0;
+    for (LPCTSTR digit = text; *digit >= _T('0') && *digit <= _T('9'); ++digit)
+    {
+        port = port * 10 + static_cast<UINT>(*digit - _T('0'));
+        if (port > MaxPort)
+        {
+            return 0;
+        }
+    }
+    return port;
+}
+
+void CPortNumbersDialog::DoDataExchange(CDataExchange*) {}
+
+BOOL CPortNumbersDialog::OnInitDialog()
+{
+    CDialogEx::OnInitDialog();
+    SetWindowText(m_pszTitle);
+    for (const RowIds& ids : Rows)
+    {
+        for (const LPCTSTR text : PacketTypeTexts)
+        {
+            GetDlgItem(ids.comboBox)->SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+        }
+    }
+    for (int row = 0; row < RowCount; ++row)
+    {
+        SelectItem(Rows[row].comboBox, ItemOf(PacketTypeDefault));
+        GetDlgItem(Rows[row].comboBox)->EnableWindow(FALSE);
+        m_nRowPacketType[row] = PacketTypeDefault;
+    }
+    const int filled = static_cast<int>(std::min<size_t>(m_pPortTable->size(), RowCount));
+    for (int row = 0; row < filled; ++row)
+    {
+        ShowPortRow(Rows[row].edit, Rows[row].comboBox, m_nRowPort[row], m_nRowPacketType[row], row);
+    }
+    InitToolTips();
+    return TRUE;
+}
+
+void CPortNumbersDialog::InitToolTips()
+{
+    if (!CreateToolTips(*this, m_pToolTip))
+    {
+        return;
+    }
+    for (const RowIds& ids : Rows)
+    {
+        m_pToolTip->AddTool(GetDlgItem(ids.edit), _T("Enter a TCP port number."), nullptr, 0);
+    }
+    for (const RowIds& ids : Rows)
+    {
+        m_pToolTip->AddTool(
+            GetDlgItem(ids.comboBox),
+            _T("Enter the types of packets you will send on this port.\n")
+            _T("If you set it to Default, then all packets that aren't set by other ports will be ")
+            _T("set on this port."),
+            nullptr, 0);
+    }
+    ActivateToolTips(*m_pToolTip);
+}
+
+void CPortNumbersDialog::ShowPortRow(int editId, int comboId, UINT& rowPort, int& rowPacketType, int row)
+{
+    const PortEntry& entry = (*m_pPortTable)[static_cast<size_t>(row)];
+    rowPort = entry.PortNumber;
+    if (rowPort != 0)
+    {
+        CString text;
+        text.Format(_T("%u"), rowPort);
+        // Its change event sets the row by what the text says. What follows stands even for a port that is
+        // too high.
+        GetDlgItem(editId)->SetWindowText(text);
+    }
+    rowPacketType = rowPort != 0 ? entry.PacketType : PacketTypeDefault;
+    SelectItem(comboId, ItemOf(rowPacketType));
+    GetDlgItem(comboId)->EnableWindow(rowPort != 0);
+}
+
+void CPortNumbersDialog::OnPortText(UINT id)
+{
+    for (int row = 0; row < RowCount; ++row)
+    {
+        if (Rows[row].edit == static_cast<int>(id))
+        {
+            OnPortTextChanged(Rows[row].edit, Rows[row].comboBox, m_nRowPacketType[row]);
+        }
+    }
+}
+
+void CPortNumbersDialog::OnPortTextChanged(int editId, int comboId, int& rowPacketType)
+{
+    const UINT port = PortInEdit(editId);
+    if (port == 0)
+    {
+        rowPacketType = PacketTypeDefault;
+        SelectItem(comboId, ItemOf(PacketTypeDefault));
+    }
+    GetDlgItem(comboId)->EnableWindow(port != 0);
+}
+
+void CPortNumbersDialog::OnOK()
+{
+    m_pPortTable->clear();
+    for (const RowIds& ids : Rows)
+    {
+        CollectPortRow(ids.edit, ids.comboBox);
+    }
+    CDialogEx::OnOK();
+}
+
+void CPortNumbersDialog::CollectPortRow(int editId, int comboId)
+{
+    const auto item = static_cast<int>(GetDlgItem(comboId)->SendMessage(CB_GETCURSEL));
+    m_pPortTable->push_back({PortInEdit(editId), PacketTypeOf(item)});
+}
+
+UINT CPortNumbersDialog::PortInEdit(int editId) const
+{
+    CString text;
+    GetDlgItem(editId)->GetWindowText(text);
+    return ParsePortText(text);
+}
+
+void CPortNumbersDialog::SelectItem(int comboId, int item)
+{
+    GetDlgItem(comboId)->SendMessage(CB_SETCURSEL, static_cast<WPARAM>(item));
+}
+
+BOOL CPortNumbersDialog::PreTranslateMessage(MSG* pMsg)
+{
+    RelayToToolTips(m_pToolTip.get(), pMsg);
+    return CDialogEx::PreTranslateMessage(pMsg);
+}

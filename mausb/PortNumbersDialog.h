@@ -1,0 +1,50 @@
+// Port Numbers: edits up to four rows of one port table, in memory.
+#pragma once
+
+#include "mausb/PortTable.h"
+
+#include <afxcmn.h>
+#include <afxdialogex.h>
+
+#include <memory>
+
+class CPortNumbersDialog : public CDialogEx
+{
+    DECLARE_DYNAMIC(CPortNumbersDialog)
+
+public:
+    // The table stays the caller's. OK leaves it with four entries, in the order of the rows, empty rows
+    // included.
+    CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent);
+    ~CPortNumbersDialog() override;
+
+    // 1 to 65535 as the text begins with it, and 0 for any other text.
+    static UINT ParsePortText(const CString& text);
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    BOOL OnInitDialog() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void OnOK() override;
+
+    afx_msg void OnPortText(UINT id);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    static constexpr int RowCount = 4;
+
+    void ShowPortRow(int editId, int comboId, UINT& rowPort, int& rowPacketType, int row);
+    void OnPortTextChanged(int editId, int comboId, int& rowPacketType);
+    void CollectPortRow(int editId, int comboId);
+    UINT PortInEdit(int editId) const;
+    void SelectItem(int comboId, int item);
+    void InitToolTips();
+
+    LPCTSTR m_pszTitle;
+    PortTable* m_pPortTable;
+    UINT m_nRowPort[RowCount] = {};
+    int m_nRowPacketType[RowCount] = {};
+    std::unique_ptr<CToolTipCtrl> m_pToolTip;
+};

@@ -1,0 +1,98 @@
+#include "mausb/PortTable.h"
+
+#include "mausb/ToolKey.h"
+
+#include <algorithm>
+
+namespace
+{
+const WideString NamePacketType = _T("PacketType");
+
+WideString TableKeyPath(const WideString& name)
+{
+    return ToolKey() + _T("\\") + name;
+}
+
+// The type stays as it is if the port has none, or one that does not fit.
+void ReadPacketType(HKEY key, int& packetType)
+{
+    DWORD stored = 0;
+    DWORD size = sizeof(stored);
+    if (RegQueryValueExW(key, NamePacketType.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&stored),
+                         &size) == ERROR_SUCCESS)
+    {
+        packetType = static_cast<int>(stored);
+    }
+}
+
+bool WritePort(HKEY tableKey, const PortEntry& entry)
+{
+    TCHAR name[11] = {};  // ten digits
+    _sntprintf(name, 10, _T("%u"), entry.PortNumber);
+    HKEY created = nullptr;
+    if (RegCreateKeyExW(tableKey, name, 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite, nullptr, &created,
+                        nullptr) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    const RegistryKey key(created);
+    const auto stored = static_cast<DWORD>(entry.PacketType);
+    return RegSetValueExW(key.Get(), NamePacketType.c_str(), 0, REG_DWORD,
+                          reinterpret_cast<const BYTE*>(&stored), sizeof(stored)) == ERROR_SUCCESS;
+}
+}  // namespace
+
+bool LoadPortTable(PortTable& table, const WideString& name)
+{
+    const WideString path = TableKeyPath(name);
+    const RegistryKey key(path, RegistryKey::Access::Read);
+    DWORD longest = 0;
+    if (!key.IsOpen() || RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, nullptr, &longest, nullptr,
+                                          nullptr, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    WideString portName(longest + 1, 0);
+    LSTATUS status = ERROR_SUCCESS;
+    for (DWORD index = 0;; ++index)
+    {
+        DWORD length = longest + 1;
+        status =
+            RegEnumKeyExW(key.Get(), index, portName.data(), &length, nullptr, nullptr, nullptr, nullptr);
+        if (status != ERROR_SUCCESS)
+        {
+            break;
+        }
+        const RegistryKey portKey(path + _T("\\") + portName.c_str(), RegistryKey::Access::Read);
+        if (!portKey.IsOpen())
+        {
+            return false;
+        }
+        PortEntry entry = {static_cast<UINT>(_tcstoul(portName.c_str(), nullptr, 10)), PacketTypeDefault};
+        ReadPacketType(portKey.Get(), entry.PacketType);
+        table.push_back(entry);
+    }
+    std::stable_sort(table.begin(), table.end(),
+                     [](const PortEntry& left, const PortEntry& right)
+                     { return left.PacketType < right.PacketType; });
+    return status == ERROR_NO_MORE_ITEMS;
+}
+
+bool SavePortTable(const PortTable& table, const WideString& name)
+{
+    HKEY created = nullptr;
+    DWORD disposition = 0;
+    if (RegCreateKeyExW(SettingsRoot, TableKeyPath(name).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                        KeyRead | KeyWrite, nullptr, &created, &disposition) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    const RegistryKey key(created);
+    if (disposition == REG_OPENED_EXISTING_KEY && RegDeleteTreeW(key.Get(), nullptr) != ERROR_SUCCESS)
+    {
+        return false;
+    }
+    return std::all_of(table.begin(), table.end(),
+                       [&key](const PortEntry& entry)
+                       { return entry.PortNumber == 0 || WritePort(key.Get(), entry); });
+}
