@@ -10,8 +10,8 @@ RegistryKey::RegistryKey(const WideString& path, Access access)
     const LSTATUS status =
         access == Access::Read
             ? RegOpenKeyExW(SettingsRoot, path.c_str(), 0, KeyRead, &opened)
-            : RegCreateKeyExW(SettingsRoot, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite, nullptr,
-                              &opened, nullptr);
+            : RegCreateKeyExW(SettingsRoot, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite,
+                              nullptr, &opened, nullptr);
     if (status == ERROR_SUCCESS)
     {
         m_key = opened;
@@ -31,8 +31,9 @@ namespace
 bool WriteValueBytes(const WideString& key, const WideString& name, DWORD type, const void* data, size_t size)
 {
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    return opened.IsOpen() && RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
-                                             static_cast<DWORD>(size)) == ERROR_SUCCESS;
+    return opened.IsOpen() &&
+           RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
+                          static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
 // A value's size in bytes; false if there is no such value.
@@ -81,7 +82,8 @@ void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& nu
     if (opened.IsOpen())
     {
         DWORD size = sizeof(number);
-        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
+        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number),
+                         &size);
     }
 }
 

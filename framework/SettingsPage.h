@@ -34,15 +34,16 @@ protected:
     // Enables and disables controls by what the members say. Runs once the controls hold the members' values.
     virtual void UpdateControlStates() {}
 
-    // Moves the controls into the members and marks the page by whether that changed this one. So the mark is that
-    // of the latest change, whatever came before it.
+    // Moves the controls into the members and marks the page by whether that changed this one. So the mark is
+    // that of the latest change, whatever came before it.
     virtual void CheckModified(int& member);
     virtual void CheckModified(UINT& member);
     virtual void CheckModified(CString& member);
     virtual void CheckModified(WideString& member);
 
     virtual void ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer);
-    virtual void WriteBinaryValue(const WideString& key, const WideString& name, DWORD size, const void* buffer);
+    virtual void WriteBinaryValue(const WideString& key, const WideString& name, DWORD size,
+                                  const void* buffer);
     // A REG_DWORD: a number, a check box's flag or a list's index. What is not there leaves the member alone.
     virtual void ReadValue(const WideString& key, const WideString& name, int& member);
     virtual void WriteValue(const WideString& key, const WideString& name, const int& member);

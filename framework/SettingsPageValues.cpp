@@ -6,7 +6,8 @@ void CSettingsPage::ReadBinaryValue(const WideString& key, const WideString& nam
     ReadRegistryBytes(key, name, size, buffer);
 }
 
-void CSettingsPage::WriteBinaryValue(const WideString& key, const WideString& name, DWORD size, const void* buffer)
+void CSettingsPage::WriteBinaryValue(const WideString& key, const WideString& name, DWORD size,
+                                     const void* buffer)
 {
     WriteRegistryBytes(key, name, size, buffer);
 }

@@ -8,7 +8,8 @@
 inline constexpr int MaxTipWidth = 300;
 inline constexpr int TipMilliseconds = 30000;
 
-// Makes a window's tooltip control. False if that failed: the control object stands all the same, without effect.
+// Makes a window's tooltip control. False if that failed: the control object stands all the same, without
+// effect.
 bool CreateToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip);
 
 // To be called once the tools are added.

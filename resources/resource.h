@@ -1,5 +1,5 @@
-// Ids of the program's resources. A control's id means something only within its dialog; several dialogs use the
-// same numbers.
+// Ids of the program's resources. A control's id means something only within its dialog; several dialogs use
+// the same numbers.
 #pragma once
 
 #ifndef IDC_STATIC

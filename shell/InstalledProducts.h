@@ -8,6 +8,6 @@
 // Value name to data. Names are compared exactly, although the registry folds case.
 extern std::map<ProductId, DWORD> InstalledProductMap;
 
-// Fills InstalledProductMap from the values of SOFTWARE\Halvane\Installed. False if the key or any of its values
-// could not be read, or a value has more than four bytes: the map is then not to be used.
+// Fills InstalledProductMap from the values of SOFTWARE\Halvane\Installed. False if the key or any of its
+// values could not be read, or a value has more than four bytes: the map is then not to be used.
 bool LoadInstalledProducts();

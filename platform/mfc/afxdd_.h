@@ -6,7 +6,8 @@
 class CDataExchange
 {
 public:
-    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate) : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd)
+    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
+        : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd)
     {
     }
 
@@ -27,8 +28,8 @@ private:
 // Subclasses the control at the first exchange.
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
-// A text that is no number of the type (an empty one, or one out of range, included) is refused with a message
-// box; the member keeps its value and the exchange fails.
+// A text that is no number of the type (an empty one, or one out of range, included) is refused with a
+// message box; the member keeps its value and the exchange fails.
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);

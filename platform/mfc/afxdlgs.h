@@ -81,8 +81,8 @@ private:
 class CFileDialog
 {
 public:
-    // lpszFilter: "text|pattern|text|pattern||". dwFlags: OFN_ flags. Of the two kinds only the open dialog in the
-    // Vista style is offered; dwSize and the style's flag are there for the signature.
+    // lpszFilter: "text|pattern|text|pattern||". dwFlags: OFN_ flags. Of the two kinds only the open dialog
+    // in the Vista style is offered; dwSize and the style's flag are there for the signature.
     explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);

@@ -1,5 +1,5 @@
-// Message maps. A class declares one with DECLARE_MESSAGE_MAP and lists it between BEGIN_ and END_MESSAGE_MAP;
-// a message that the class's own map does not name is looked up in its base's.
+// Message maps. A class declares one with DECLARE_MESSAGE_MAP and lists it between BEGIN_ and
+// END_MESSAGE_MAP; a message that the class's own map does not name is looked up in its base's.
 #pragma once
 
 #include <windows.h>
@@ -95,23 +95,29 @@ LRESULT CallNcCreate(CCmdTarget* target, WPARAM, LPARAM lParam)
 
 #define afx_msg
 
-#define DECLARE_MESSAGE_MAP()                        \
-protected:                                           \
-    static const AFX_MSGMAP* GetThisMessageMap();    \
+#define DECLARE_MESSAGE_MAP()                     \
+protected:                                        \
+    static const AFX_MSGMAP* GetThisMessageMap(); \
     const AFX_MSGMAP* GetMessageMap() const override;
 
-#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                               \
-    const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }        \
-    const AFX_MSGMAP* theClass::GetThisMessageMap()                                          \
-    {                                                                                        \
-        using ThisClass [[maybe_unused]] = theClass;                                         \
-        using TheBaseClass = baseClass;                                                      \
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)        \
+    const AFX_MSGMAP* theClass::GetMessageMap() const \
+    {                                                 \
+        return GetThisMessageMap();                   \
+    }                                                 \
+    const AFX_MSGMAP* theClass::GetThisMessageMap()   \
+    {                                                 \
+        using ThisClass [[maybe_unused]] = theClass;  \
+        using TheBaseClass = baseClass;               \
         static const AFX_MSGMAP_ENTRY entries[] = {
-#define END_MESSAGE_MAP()                                                                    \
-            {0, 0, 0, 0, nullptr}                                                            \
-        };                                                                                   \
-        static const AFX_MSGMAP map = {&TheBaseClass::GetThisMessageMap, entries};           \
-        return &map;                                                                         \
+#define END_MESSAGE_MAP()                                                      \
+    {                                                                          \
+        0, 0, 0, 0, nullptr                                                    \
+    }                                                                          \
+    }                                                                          \
+    ;                                                                          \
+    static const AFX_MSGMAP map = {&TheBaseClass::GetThisMessageMap, entries}; \
+    return &map;                                                               \
     }
 
 #define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \

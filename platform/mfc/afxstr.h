@@ -48,7 +48,8 @@ public:
     friend CString operator+(CString left, LPCTSTR right) { return std::move(left += right); }
     friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
 
-    // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until then.
+    // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until
+    // then.
     LPTSTR GetBuffer(int length)
     {
         m_text.resize(static_cast<size_t>(length));

@@ -12,7 +12,8 @@ class CCmdTarget : public CObject
     DECLARE_DYNAMIC(CCmdTarget)
 
 public:
-    // Runs the handler that the message maps name for a command or control notification; false if there is none.
+    // Runs the handler that the message maps name for a command or control notification; false if there is
+    // none.
     virtual BOOL OnCmdMsg(UINT nID, UINT nCode);
 
 protected:
@@ -21,9 +22,9 @@ protected:
     const AFX_MSGMAP_ENTRY* FindMessageEntry(UINT nMessage, UINT nCode, UINT nID) const;
 };
 
-// A window. An object is attached to at most one window and a window to at most one object; the object belongs
-// to whoever made it and outlives or predeceases its window as it likes. Every operation on an object that has
-// no window does nothing and gives 0.
+// A window. An object is attached to at most one window and a window to at most one object; the object
+// belongs to whoever made it and outlives or predeceases its window as it likes. Every operation on an object
+// that has no window does nothing and gives 0.
 class CWnd : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWnd)
@@ -167,8 +168,8 @@ protected:
 // The dialog procedure of every dialog and page: hands WM_INITDIALOG to OnInitDialog.
 INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
-// The next dialog window that this thread creates is attached to the object before its first message. That is how
-// WM_NCCREATE of a window that a system function makes reaches a handler.
+// The next dialog window that this thread creates is attached to the object before its first message. That is
+// how WM_NCCREATE of a window that a system function makes reaches a handler.
 void AfxHookWindowCreate(CWnd* pWnd);
 // Ends that. False if no window has come.
 bool AfxUnhookWindowCreate();

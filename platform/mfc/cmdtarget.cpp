@@ -16,7 +16,8 @@ const AFX_MSGMAP_ENTRY* CCmdTarget::FindMessageEntry(UINT nMessage, UINT nCode, 
     {
         for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->pfn != nullptr; ++entry)
         {
-            if (entry->nMessage == nMessage && entry->nCode == nCode && nID >= entry->nID && nID <= entry->nLastID)
+            if (entry->nMessage == nMessage && entry->nCode == nCode && nID >= entry->nID &&
+                nID <= entry->nLastID)
             {
                 return entry;
             }

@@ -34,8 +34,8 @@ int CComboBox::GetCurSel()
 
 int CComboBox::FindStringExact(int nStartAfter, LPCTSTR lpszString)
 {
-    return static_cast<int>(
-        SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(nStartAfter), reinterpret_cast<LPARAM>(lpszString)));
+    return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(nStartAfter),
+                                        reinterpret_cast<LPARAM>(lpszString)));
 }
 
 void CComboBox::GetLBText(int nIndex, CString& rString)
@@ -53,9 +53,9 @@ void CComboBox::GetLBText(int nIndex, CString& rString)
 
 BOOL CToolTipCtrl::Create(CWnd* pParentWnd, DWORD dwStyle)
 {
-    const HWND created =
-        CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | dwStyle, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, pParentWnd->m_hWnd, nullptr, AfxGetInstanceHandle(), nullptr);
+    const HWND created = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | dwStyle, CW_USEDEFAULT,
+                                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, pParentWnd->m_hWnd,
+                                         nullptr, AfxGetInstanceHandle(), nullptr);
     return created != nullptr && SubclassWindow(created);
 }
 

@@ -112,7 +112,8 @@ CString FormatNumber(UINT value)
 }
 
 template <class Number>
-void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, long long least, long long most, LPCTSTR prompt)
+void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, long long least, long long most,
+                    LPCTSTR prompt)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
     if (!pDX->m_bSaveAndValidate)

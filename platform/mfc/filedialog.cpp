@@ -66,7 +66,8 @@ CString PathOf(IFileOpenDialog* dialog)
     CString path;
     ComPointer<IShellItem> item;
     LPWSTR text = nullptr;
-    if (SUCCEEDED(dialog->GetResult(item.Receive())) && SUCCEEDED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
+    if (SUCCEEDED(dialog->GetResult(item.Receive())) &&
+        SUCCEEDED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
     {
         path = CString(text);
         CoTaskMemFree(text);
@@ -94,8 +95,8 @@ INT_PTR CFileDialog::DoModal()
     }
     DWORD options = 0;
     dialog->GetOptions(&options);
-    // The item dialog's options of these meanings have the numbers of the older dialog's flags; it has no read-only
-    // box to hide.
+    // The item dialog's options of these meanings have the numbers of the older dialog's flags; it has no
+    // read-only box to hide.
     options |= m_ofn.Flags & OFN_OVERWRITEPROMPT;
     dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
     const int length = m_strFilter.GetLength();
@@ -114,7 +115,8 @@ INT_PTR CFileDialog::DoModal()
     }
     ComPointer<IShellItem> folder;
     if (m_ofn.lpstrInitialDir != nullptr &&
-        SUCCEEDED(SHCreateItemFromParsingName(m_ofn.lpstrInitialDir, nullptr, IID_IShellItem, folder.ReceiveVoid())))
+        SUCCEEDED(SHCreateItemFromParsingName(m_ofn.lpstrInitialDir, nullptr, IID_IShellItem,
+                                              folder.ReceiveVoid())))
     {
         dialog->SetFolder(folder.get());
     }

@@ -29,8 +29,8 @@ BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
     return FALSE;
 }
 
-// The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the common
-// control's own would not show them.
+// The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the
+// common control's own would not show them.
 int CPropertySheet::DoModal()
 {
     std::vector<PROPSHEETPAGEW> pages;

@@ -25,7 +25,8 @@ CString ProgramName()
 }
 }  // namespace
 
-CWinApp::CWinApp(LPCTSTR lpszAppName) : m_strAppName(lpszAppName != nullptr ? CString(lpszAppName) : ProgramName())
+CWinApp::CWinApp(LPCTSTR lpszAppName)
+    : m_strAppName(lpszAppName != nullptr ? CString(lpszAppName) : ProgramName())
 {
     g_app = this;
 }

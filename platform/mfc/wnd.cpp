@@ -31,7 +31,8 @@ std::map<HWND, std::unique_ptr<CWnd>>& TemporaryMap()
 
 CWnd::~CWnd()
 {
-    // A temporary object never owned its window; a permanent one must not leave a window behind that calls it.
+    // A temporary object never owned its window; a permanent one must not leave a window behind that calls
+    // it.
     if (m_pfnSuper != nullptr)
     {
         DestroyWindow();
