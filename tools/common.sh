@@ -44,7 +44,10 @@ build()
 {
     local preset=$1
     shift
-    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" -Wno-dev
+    if [ ! "build/$preset/configured" -nt CMakePresets.json ]; then
+        cmake --preset "$preset" -Wno-dev
+        : > "build/$preset/configured"
+    fi
     cmake --build "build/$preset" ${1:+--target "$@"}
 }
 
@@ -91,6 +94,21 @@ wine_prefix()
         wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d $managed /f >/dev/null
         echo $managed > "$WINEPREFIX/managed"
     fi
+}
+
+ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,JuniperRig,KauriQB
+
+# Lists the tools as installed, as their own installers do.
+list_tools()
+{
+    local file=build/installed.reg tool
+    {
+        printf 'Windows Registry Editor Version 5.00\r\n\r\n'
+        printf '[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\r\n\r\n'
+        printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\r\n'
+        for tool in ${1//,/ }; do printf '"%s"=dword:00000001\r\n' "$tool"; done
+    } > "$file"
+    wine regedit /S "$file"
 }
 
 # Our sources and headers, each ended by NUL.

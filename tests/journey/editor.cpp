@@ -197,16 +197,16 @@ bool EditorSheet::Cancel() const
     return WaitUntilGone();
 }
 
-std::wstring EditorProcess::Path()
+std::wstring EditorProcess::Path(const std::wstring& program)
 {
     std::wstring path(MAX_PATH, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-    return path.substr(0, path.find_last_of(L'\\') + 1) + L"QBSettings.exe";
+    return path.substr(0, path.find_last_of(L'\\') + 1) + program;
 }
 
-EditorProcess::EditorProcess(const std::wstring& arguments)
+EditorProcess::EditorProcess(const std::wstring& arguments, const std::wstring& program)
 {
-    std::wstring line = L"\"" + Path() + L"\" " + arguments;
+    std::wstring line = L"\"" + Path(program) + L"\" " + arguments;
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &m_process);

@@ -69,14 +69,15 @@ public:
 class EditorProcess
 {
 public:
-    // Starts the QBSettings.exe beside this program.
-    explicit EditorProcess(const std::wstring& arguments = {});
+    // Starts the program of that name beside this one.
+    explicit EditorProcess(const std::wstring& arguments = {},
+                           const std::wstring& program = L"QBSettings.exe");
     EditorProcess(const EditorProcess&) = delete;
     EditorProcess& operator=(const EditorProcess&) = delete;
     // Ends the program the hard way, if it still runs.
     ~EditorProcess();
 
-    static std::wstring Path();
+    static std::wstring Path(const std::wstring& program = L"QBSettings.exe");
 
     DWORD Id() const { return m_process.dwProcessId; }
     bool Runs() const;

@@ -1,0 +1,97 @@
+// How long the editor takes from the start of its process to the visible sheet, beside an empty sheet; and
+// how long each page takes when it is opened for the first time. Arguments: the number of runs.
+#include "journey/editor.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+namespace
+{
+constexpr int DefaultRuns = 21;
+constexpr double Bound = 1.10;
+
+double Milliseconds()
+{
+    LARGE_INTEGER now = {};
+    LARGE_INTEGER frequency = {};
+    QueryPerformanceCounter(&now);
+    QueryPerformanceFrequency(&frequency);
+    return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+double Median(std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+// The least noisy: noise only ever adds.
+double Least(const std::vector<double>& times)
+{
+    return *std::min_element(times.begin(), times.end());
+}
+
+double TimeStart(const wchar_t* program, const wchar_t* title)
+{
+    const double start = Milliseconds();
+    const EditorProcess process({}, program);
+    const EditorSheet sheet(process.WaitForWindow(title));
+    const double time = Milliseconds() - start;
+    sheet.Cancel();
+    process.WaitForEnd();
+    return time;
+}
+
+// From the change of page until it is painted.
+void TimePages(std::map<int, std::vector<double>>& times, std::vector<std::wstring>& titles)
+{
+    const EditorProcess editor;
+    const EditorSheet sheet = editor.WaitForSheet();
+    titles.clear();
+    for (int index = 0; index < sheet.PageCount(); ++index)
+    {
+        const double start = Milliseconds();
+        sheet.SelectIndex(index);
+        RedrawWindow(sheet.Page(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        times[index].push_back(Milliseconds() - start);
+        titles.push_back(EditorDialog(sheet.Page()).Title());
+    }
+    sheet.Cancel();
+    editor.WaitForEnd();
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : DefaultRuns;
+    std::vector<double> empty;
+    std::vector<double> editor;
+    std::map<int, std::vector<double>> pages;
+    std::vector<std::wstring> titles;
+    // The first of each only warms up.
+    for (int run = 0; run <= runs; ++run)
+    {
+        empty.push_back(TimeStart(L"empty_sheet.exe", L"Empty Sheet"));
+        editor.push_back(TimeStart(L"QBSettings.exe", L"Quorvex Bench Settings"));
+        TimePages(pages, titles);
+    }
+    empty.erase(empty.begin());
+    editor.erase(editor.begin());
+
+    const double ratio = Median(editor) / Median(empty);
+    std::printf("start to visible sheet, %d runs      median    least\n", runs);
+    std::printf("  empty sheet                   %8.1f %8.1f ms\n", Median(empty), Least(empty));
+    std::printf("  QBSettings                    %8.1f %8.1f ms\n", Median(editor), Least(editor));
+    std::printf("  ratio %.3f, bound %.2f: %s\n", ratio, Bound, ratio <= Bound ? "kept" : "exceeded");
+    std::printf("first display of a page\n");
+    // The first page comes up with the sheet.
+    for (size_t index = 1; index < titles.size(); ++index)
+    {
+        std::vector<double>& times = pages[static_cast<int>(index)];
+        times.erase(times.begin());
+        std::printf("  %-30ls%8.1f %8.1f ms\n", titles[index].c_str(), Median(times), Least(times));
+    }
+    return 0;
+}
