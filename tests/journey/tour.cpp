@@ -11,8 +11,8 @@
 namespace
 {
 constexpr DWORD PaintMilliseconds = 200;
-constexpr int MediaDialogId = 133;
-constexpr int MediaDialogButtons[] = {1139, 1190};
+// Buttons of MAUSB Media Settings that open a dialog.
+constexpr int DialogButtons[] = {IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS};
 
 std::string FileName(const std::wstring& title)
 {
@@ -48,7 +48,7 @@ void TakePicture(HWND window, const std::wstring& title)
 
 void ShowDialogs(const EditorProcess& editor, const EditorSheet& sheet)
 {
-    for (const int button : MediaDialogButtons)
+    for (const int button : DialogButtons)
     {
         sheet.ClickToOpen(button);
         const EditorDialog dialog(editor.WaitForWindowBeside(sheet.Window()));
@@ -80,7 +80,7 @@ int main()
             return 1;
         }
         TakePicture(sheet.Window(), EditorDialog(sheet.Page()).Title());
-        if (sheet.Shows(MediaDialogId))
+        if (sheet.Shows(IDD_MAUSB_MEDIA))
         {
             ShowDialogs(editor, sheet);
         }
