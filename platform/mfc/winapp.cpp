@@ -15,7 +15,7 @@ CString ProgramName()
     TCHAR path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH - 1);
     const CString whole(path);
-    CString name(path + whole.ReverseFind(_T('\\')) + 1);
+    CString name(path + (whole.ReverseFind(_T('\\')) + 1));
     const int dot = name.ReverseFind(_T('.'));
     if (dot > 0)
     {
