@@ -15,11 +15,13 @@ else()
   find_program(LLVM_RC NAMES llvm-rc llvm-rc-14 HINTS /usr/lib/llvm-14/bin REQUIRED)
   set(res ${CMAKE_BINARY_DIR}/QBSettings.res)
   list(TRANSFORM rc_version PREPEND -D)
+  # llvm-rc takes a path as an option when it begins with a slash and the letter of one, as /check or /fo do: so
+  # it is given bare names, in the folder that they are in.
   add_custom_command(OUTPUT ${res}
     COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c -DRC_INVOKED ${rc_version} -I${CMAKE_CURRENT_SOURCE_DIR}/platform/headless/include
       -I${CMAKE_CURRENT_SOURCE_DIR}/resources ${rc} -o ${CMAKE_BINARY_DIR}/QBSettings.i.rc
-    COMMAND ${LLVM_RC} /no-preprocess /c 65001 /I ${CMAKE_CURRENT_SOURCE_DIR}/resources /fo ${res} ${CMAKE_BINARY_DIR}/QBSettings.i.rc
-    DEPENDS ${resource_files} VERBATIM)
+    COMMAND ${LLVM_RC} /no-preprocess /c 65001 /I ${CMAKE_CURRENT_SOURCE_DIR}/resources /fo QBSettings.res QBSettings.i.rc
+    DEPENDS ${resource_files} WORKING_DIRECTORY ${CMAKE_BINARY_DIR} VERBATIM)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/resources.cpp CONTENT [[
 asm(".section .rodata\n.balign 16\n"
     ".global headless_resources_begin\nheadless_resources_begin:\n.incbin \"@res@\"\n"
