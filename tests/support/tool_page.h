@@ -1,0 +1,71 @@
+// What the tests of the MAUSB tool's pages share.
+#pragma once
+
+#include "support/form.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using Values = std::map<Text, StoredValue>;
+using PageEvents = std::vector<std::string>;
+
+class ToolPageTest : public testing::Test
+{
+protected:
+    // Starts with the one tool installed and nothing stored.
+    void SetUp() override;
+    void TearDown() override;
+
+    // Runs the editor and the script with that tab in front.
+    static void RunOnTab(LPCTSTR tab, const std::function<void(Sheet&)>& script);
+
+    static void StoreValue(LPCTSTR name, const StoredValue& value) { Store(Key, name, value); }
+    static StoredValue StoredUnder(LPCTSTR name) { return Stored(Key, name); }
+    // All that is stored but for General Settings, which every OK stores. Fails the test if any of it lies
+    // outside of the tool's key.
+    static Values StoredByTool();
+
+    static const Text Key;
+};
+
+// A setting shown in an edit of digits.
+struct NumberField
+{
+    int id;
+    LPCTSTR name;
+    DWORD initial;
+};
+
+Text Decimal(int number);
+
+// Notes, while it lives, which edits and buttons tell their page something and what the page tells the sheet
+// of its mark, in order: "1099 changed", "1177 clicked", "marked", "unmarked".
+class EventRecord
+{
+public:
+    explicit EventRecord(HWND page);
+    ~EventRecord();
+    EventRecord(const EventRecord&) = delete;
+    EventRecord& operator=(const EventRecord&) = delete;
+
+    // Those since the last call.
+    PageEvents Take();
+
+private:
+    struct Watched
+    {
+        HWND window;
+        LONG_PTR procedure;
+    };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    void Note(UINT message, WPARAM wParam, LPARAM lParam);
+
+    static EventRecord* s_current;
+    std::vector<Watched> m_watched;
+    PageEvents m_events;
+};
+
+// Presses Tab in the control that has the focus, and gives the id of the one that has it then.
+int PressTab(const Sheet& sheet);
