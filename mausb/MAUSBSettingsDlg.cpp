@@ -142,14 +142,16 @@ void CMAUSBSettingsDlg::InitToolTips()
     AddToolTip(IDC_LINK_SLEEP, _T("If checked, then MA USB device has Link Sleep capability."));
 }
 
-void CMAUSBSettingsDlg::GenerateContainerId()
+bool CMAUSBSettingsDlg::GenerateContainerId()
 {
     UUID id;
     UuidCreateNil(&id);
-    if (UuidCreate(&id) != RPC_S_UUID_NO_ADDRESS)
+    if (UuidCreate(&id) == RPC_S_UUID_NO_ADDRESS)
     {
-        m_RootHubUUID = id;
+        return false;
     }
+    m_RootHubUUID = id;
+    return true;
 }
 
 void CMAUSBSettingsDlg::ShowContainerId()
@@ -193,10 +195,12 @@ void CMAUSBSettingsDlg::SetIsochPayloadAlignment(int alignment)
 void CMAUSBSettingsDlg::OnNewId()
 {
     const UUID before = m_RootHubUUID;
-    GenerateContainerId();
-    if (std::memcmp(&m_RootHubUUID, &before, sizeof(before)) != 0)
+    if (GenerateContainerId())
     {
         ShowContainerId();
+    }
+    if (std::memcmp(&m_RootHubUUID, &before, sizeof(before)) != 0)
+    {
         UpdateData(TRUE);
         SetModified(TRUE);
     }

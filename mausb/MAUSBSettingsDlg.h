@@ -36,8 +36,8 @@ protected:
 private:
     void LoadIsochPayloadAlignment();
     void SetIsochPayloadAlignment(int alignment);
-    // Leaves the ID as it is if the system had no address to make one from.
-    void GenerateContainerId();
+    // False, with the ID left as it is, if the system had no address to make one from.
+    bool GenerateContainerId();
     void ShowContainerId();
     void EnableMaxUSBTransferSize();
 
