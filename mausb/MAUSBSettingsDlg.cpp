@@ -128,8 +128,7 @@ void CMAUSBSettingsDlg::InitToolTips()
                _T("Version 1.0a is supported."));
     AddToolTip(IDC_USE_DEFAULT_MAX_TRANSFER_SIZE,
                _T("If checked, then use the default value for Max USB Transfer Size. The Max USB Transfer ")
-               _T("Size field ")
-               _T("below is ignored."));
+               _T("Size field below is ignored."));
     AddToolTip(IDC_MAX_TRANSFER_SIZE, _T("The size of the largest USB transfer that the Dock can handle."));
     AddToolTip(IDC_ALIGNMENT_DWORD,
                _T("If checked, then MA USB device transmits and expects to receive DWORD-aligned ")
