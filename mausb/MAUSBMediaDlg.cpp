@@ -28,7 +28,8 @@ namespace
 constexpr BYTE SnapIdBase = 16;
 
 // Only from the control to the member: the page itself shows the number in its base. An empty edit is 0; a
-// text that begins with no hexadecimal digit fails the exchange without a word.
+// text that begins with no hexadecimal digit fails the exchange without a word. A number with the top bit set
+// is shown with sixteen digits: all are scanned, and 32 bits of them kept.
 void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
@@ -38,12 +39,12 @@ void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
     }
     TCHAR text[64] = {};
     GetWindowTextW(control, text, 64);
-    UINT number = 0;
-    if (text[0] != 0 && _stscanf(text, _T("%x"), &number) != 1)
+    ULONGLONG number = 0;
+    if (text[0] != 0 && _stscanf(text, _T("%llx"), &number) != 1)
     {
         pDX->Fail();
     }
-    value = number;
+    value = static_cast<UINT>(number);
 }
 
 template <size_t Count>

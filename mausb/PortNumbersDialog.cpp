@@ -31,9 +31,10 @@ constexpr RowIds Rows[] = {{IDC_PORT_EDIT_0, IDC_PORT_TYPE_0},
 // From PacketTypeDefault, which is -1, on.
 constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
 
+// A stored type may be any number; one that has no item selects none.
 int ItemOf(int packetType)
 {
-    return packetType + 1;
+    return packetType >= PacketTypeDefault && packetType <= PacketTypeBulk ? packetType + 1 : CB_ERR;
 }
 
 int PacketTypeOf(int item)

@@ -234,12 +234,19 @@ void SkipBlanks(LPCTSTR* text)
 }
 
 // Reads what strtol would, but no more than width characters, and takes a lone "0x" for 0.
-bool ScanNumber(LPCTSTR* text, int base, std::size_t width, std::uint64_t* value, bool isSigned)
+bool ScanNumber(LPCTSTR* text, int base, std::size_t width, std::uint64_t* value, bool isSigned, Size size)
 {
     std::u16string digits(*text, _tcsnlen(*text, width));
     LPTSTR end = nullptr;
-    *value = isSigned ? static_cast<std::uint64_t>(std::int64_t{_tcstol(digits.c_str(), &end, base)})
-                      : _tcstoul(digits.c_str(), &end, base);
+    if (size == Size::Wide)
+    {
+        *value = _tcstoui64(digits.c_str(), &end, base);
+    }
+    else
+    {
+        *value = isSigned ? static_cast<std::uint64_t>(std::int64_t{_tcstol(digits.c_str(), &end, base)})
+                          : _tcstoul(digits.c_str(), &end, base);
+    }
     auto used = static_cast<std::size_t>(end - digits.c_str());
     if (used > 0 && base == 16 && digits[used - 1] == u'0' && (digits[used] | 0x20) == u'x' && *value == 0)
     {
@@ -370,7 +377,7 @@ int _stscanf(LPCTSTR text, LPCTSTR format, ...)
         int base = NumberBase(kind);
         std::uint64_t value = 0;
         std::size_t limit = width > 0 ? static_cast<std::size_t>(width) : SIZE_MAX;
-        if (base < 0 || !ScanNumber(&text, base, limit, &value, kind == u'd' || kind == u'i'))
+        if (base < 0 || !ScanNumber(&text, base, limit, &value, kind == u'd' || kind == u'i', size.size))
         {
             break;
         }

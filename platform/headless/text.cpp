@@ -44,14 +44,14 @@ int DigitValue(TCHAR character)
 
 struct ParsedNumber
 {
-    std::uint64_t magnitude;  // stays at `limit` once it is above
+    std::uint64_t magnitude;  // the largest number there is, if the text has a larger one
     bool negative;
     LPCTSTR end;  // the start of the text when there is no number
 };
 
 ParsedNumber ParseNumber(LPCTSTR text, int base)
 {
-    constexpr std::uint64_t limit = std::uint64_t{1} << 40;
+    constexpr std::uint64_t limit = std::numeric_limits<std::uint64_t>::max();
     LPCTSTR at = text;
     while (_istspace(*at))
     {
@@ -68,9 +68,10 @@ ParsedNumber ParseNumber(LPCTSTR text, int base)
     ParsedNumber number = {0, negative, text};
     for (; DigitValue(*at) < base; ++at)
     {
+        const auto digit = static_cast<std::uint64_t>(DigitValue(*at));
+        const auto factor = static_cast<std::uint64_t>(base);
         number.magnitude =
-            number.magnitude * static_cast<unsigned>(base) + static_cast<unsigned>(DigitValue(*at));
-        number.magnitude = number.magnitude < limit ? number.magnitude : limit;
+            number.magnitude > (limit - digit) / factor ? limit : number.magnitude * factor + digit;
         number.end = at + 1;
     }
     return number;
@@ -196,7 +197,9 @@ LONG _tcstol(LPCTSTR text, LPTSTR* end, int base)
 {
     ParsedNumber number = ParseNumber(text, base);
     StoreEnd(end, number.end);
-    auto value = static_cast<std::int64_t>(number.magnitude);
+    // Beyond both ends of LONG.
+    constexpr std::uint64_t enough = std::uint64_t{1} << 40;
+    auto value = static_cast<std::int64_t>(number.magnitude < enough ? number.magnitude : enough);
     value = number.negative ? -value : value;
     value = value < std::numeric_limits<LONG>::min() ? std::numeric_limits<LONG>::min() : value;
     return static_cast<LONG>(value > std::numeric_limits<LONG>::max() ? std::numeric_limits<LONG>::max()
@@ -210,6 +213,13 @@ ULONG _tcstoul(LPCTSTR text, LPTSTR* end, int base)
     constexpr ULONG max = std::numeric_limits<ULONG>::max();
     ULONG value = number.magnitude > max ? max : static_cast<ULONG>(number.magnitude);
     return number.negative ? 0 - value : value;
+}
+
+ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base)
+{
+    ParsedNumber number = ParseNumber(text, base);
+    StoreEnd(end, number.end);
+    return number.negative ? 0 - number.magnitude : number.magnitude;
 }
 
 int _ttoi(LPCTSTR text)

@@ -84,6 +84,12 @@ TEST(SystemTest, HexadecimalIsScannedAsTheRuntimeDoes)
     EXPECT_EQ(Scan(_T("")), Scan(EOF, 7));
     EXPECT_EQ(Scan(_T("  ")), Scan(EOF, 7));
 
+    unsigned long long wide = 0;
+    EXPECT_EQ(_stscanf(_T("FFFFFFFF80001234"), _T("%llx"), &wide), 1);
+    EXPECT_EQ(wide, 0xFFFFFFFF80001234U);
+    EXPECT_EQ(_stscanf(_T("10000000000000000"), _T("%llx"), &wide), 1);
+    EXPECT_EQ(wide, ~0ULL);
+
     unsigned parts[2] = {};
     int count = 0;
     EXPECT_EQ(_stscanf(_T("12.34x"), _T("%u.%2u%n"), &parts[0], &parts[1], &count), 2);

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <prsht.h>
 
+#include <cstring>
+
 namespace
 {
 constexpr int IdApply = 0x3021;
@@ -122,6 +124,19 @@ void Form::Retype(int id, const Text& keys) const
     SetFocus(control);
     Send(control, EM_SETSEL, 0, -1);
     Type(id, keys);
+}
+
+void Form::Paste(int id, const Text& text) const
+{
+    const size_t size = (text.size() + 1) * sizeof(TCHAR);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text.c_str(), size);
+    GlobalUnlock(memory);
+    ASSERT_TRUE(OpenClipboard(m_window));
+    EmptyClipboard();
+    EXPECT_NE(SetClipboardData(CF_UNICODETEXT, memory), nullptr);
+    CloseClipboard();
+    Retype(id, _T("\x16"));
 }
 
 void Form::Empty(int id) const

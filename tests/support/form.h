@@ -36,6 +36,8 @@ public:
     void Type(int id, const Text& keys) const;
     // Types over all that stands in the edit.
     void Retype(int id, const Text& keys) const;
+    // Pastes over all that stands in the edit, from the clipboard by Ctrl+V.
+    void Paste(int id, const Text& text) const;
     // Presses Delete with all text selected: one change, to nothing.
     void Empty(int id) const;
     // Picks an item of a list box or combo box, which a user does by key or mouse.

@@ -137,10 +137,8 @@ void WhenOpened(const Text& title, const std::function<void(Form&)>& script)
             {
                 Form form(window);
                 script(form);
-                if (IsWindow(window) && IsWindowVisible(window))
-                {
-                    SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
-                }
+                // Comes to nothing if the script has ended the dialog, which is gone by then.
+                PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
             });
 }
 

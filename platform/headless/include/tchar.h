@@ -34,6 +34,7 @@ LPTSTR _tcscat(LPTSTR target, LPCTSTR source);
 
 LONG _tcstol(LPCTSTR text, LPTSTR* end, int base);
 ULONG _tcstoul(LPCTSTR text, LPTSTR* end, int base);
+ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base);
 int _ttoi(LPCTSTR text);
 LONG _ttol(LPCTSTR text);
 

@@ -1,0 +1,127 @@
+// A port table's road to the registry and back.
+#include "mausb/PortTable.h"
+
+#include "support/registry.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+const Text ToolKey = _T("SOFTWARE\\Halvane\\KauriQB");
+const Text Table = _T("TCPPortsClient");
+const Text TableKey = ToolKey + _T("\\TCPPortsClient");
+
+using Ports = std::vector<std::pair<UINT, int>>;
+
+class PortTableTest : public testing::Test
+{
+protected:
+    void SetUp() override { ClearSettings(); }
+    void TearDown() override { ClearSettings(); }
+
+    static void StorePort(const Text& name, const StoredValue& type = Absent)
+    {
+        const Text key = TableKey + _T("\\") + name;
+        const RegistryKey created(key, RegistryKey::Access::Write);
+        if (!(type == Absent))
+        {
+            Store(key, _T("PacketType"), type);
+        }
+    }
+
+    static Ports Load(bool complete = true)
+    {
+        PortTable table;
+        EXPECT_EQ(LoadPortTable(table, Table), complete);
+        Ports ports;
+        for (const PortEntry& entry : table)
+        {
+            ports.emplace_back(entry.PortNumber, entry.PacketType);
+        }
+        return ports;
+    }
+};
+}  // namespace
+
+TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
+{
+    EXPECT_EQ(Load(false), Ports{});
+    EXPECT_FALSE(KeyExists(ToolKey));
+    // A key with values, the table's among them, but no ports is a complete table.
+    Store(TableKey, _T("9001"), Dword(2));
+    EXPECT_EQ(Load(), Ports{});
+}
+
+TEST_F(PortTableTest, LoadIsOrderedByTypeAndNotByPort)
+{
+    StorePort(_T("9001"), Dword(2));
+    StorePort(_T("80"));
+    StorePort(_T("5"), Dword(0x7FFFFFFF));
+    StorePort(_T("6"), Dword(1));
+    StorePort(_T("7"), Dword(0xFFFFFFFE));
+    StorePort(_T("8"), Dword(0xFFFFFFFF));
+    StorePort(_T("9"), Dword(0));
+    StorePort(_T("3"), Dword(0));
+    EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}))
+        << "of equal types in the registry's order";
+}
+
+TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumber)
+{
+    const std::pair<Text, UINT> cases[] = {{_T("none"), 0},         {_T("12x"), 12},
+                                           {_T("0080"), 80},        {_T("70000"), 70000},
+                                           {_T("-1"), 0xFFFFFFFF},  {_T("4294967295"), 0xFFFFFFFF},
+                                           {_T(" +7"), 7},          {_T("4294967296"), 0xFFFFFFFF},
+                                           {Text(250, _T('0')), 0}, {Text(254, _T('0')) + _T("9"), 9}};
+    for (const auto& [name, port] : cases)
+    {
+        SCOPED_TRACE(Printable(name));
+        ClearSettings();
+        StorePort(name, Dword(1));
+        // A short name beside a long one: the buffer is the longer one's.
+        StorePort(_T("1"), Dword(0));
+        EXPECT_EQ(Load(), (Ports{{1, 0}, {port, 1}}));
+    }
+}
+
+TEST_F(PortTableTest, LoadTakesTheBytesOfATypeThatFit)
+{
+    const std::pair<StoredValue, int> cases[] = {{Binary({2}), 2},     {Binary({0xFF, 0xFF}), 0xFFFF},
+                                                 {Sz(_T("B")), 'B'},   {Binary({}), 0},
+                                                 {Sz(_T("Bulk")), -1}, {Binary({1, 0, 0, 0, 0}), -1}};
+    for (const auto& [stored, type] : cases)
+    {
+        SCOPED_TRACE(testing::PrintToString(stored));
+        StorePort(_T("80"), stored);
+        EXPECT_EQ(Load(), (Ports{{80, type}}));
+    }
+}
+
+TEST_F(PortTableTest, SaveReplacesTheStoredTable)
+{
+    const Text otherKey = ToolKey + _T("\\TCPPortsServer\\9001");
+    Store(ToolKey, _T("MACAddr"), Sz(_T("kept")));
+    Store(otherKey, _T("PacketType"), Dword(1));
+    Store(TableKey, _T("Stray"), Dword(1));
+    StorePort(_T("80"), Dword(2));
+    StorePort(_T("odd\\deeper"), Dword(2));
+    EXPECT_TRUE(SavePortTable({{443, 2}, {0, 5}, {70000, -2}, {443, 0}, {4294967295U, -1}}, Table));
+    const Tree saved = {{ToolKey, {{_T("MACAddr"), Sz(_T("kept"))}}},
+                        {ToolKey + _T("\\TCPPortsServer"), {}},
+                        {otherKey, {{_T("PacketType"), Dword(1)}}},
+                        {TableKey, {}},
+                        {TableKey + _T("\\443"), {{_T("PacketType"), Dword(0)}}},
+                        {TableKey + _T("\\70000"), {{_T("PacketType"), Dword(0xFFFFFFFE)}}},
+                        {TableKey + _T("\\4294967295"), {{_T("PacketType"), Dword(0xFFFFFFFF)}}}};
+    EXPECT_EQ(StoredTree(ToolKey), saved);
+    EXPECT_EQ(Load(), (Ports{{70000, -2}, {4294967295U, -1}, {443, 0}}));
+    EXPECT_TRUE(SavePortTable({{0, -1}, {0, 2}}, Table));
+    EXPECT_TRUE(KeyExists(TableKey));
+    EXPECT_EQ(Load(), Ports{});
+}
+
+TEST_F(PortTableTest, FirstSaveCreatesTheKey)
+{
+    EXPECT_TRUE(SavePortTable({}, Table));
+    EXPECT_EQ(StoredTree(ToolKey), (Tree{{ToolKey, {}}, {TableKey, {}}}));
+}
