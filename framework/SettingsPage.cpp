@@ -6,6 +6,9 @@
 
 IMPLEMENT_DYNAMIC(CSettingsPage, CPropertyPage)
 
+BEGIN_MESSAGE_MAP(CSettingsPage, CPropertyPage)
+END_MESSAGE_MAP()
+
 CSettingsPage::CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
 
 CSettingsPage::~CSettingsPage()
@@ -56,12 +59,12 @@ void CSettingsPage::CheckModified(int& member)
     MarkIfChanged(member);
 }
 
-void CSettingsPage::CheckModified(UINT& member)
+void CSettingsPage::CheckModified(CString& member)
 {
     MarkIfChanged(member);
 }
 
-void CSettingsPage::CheckModified(CString& member)
+void CSettingsPage::CheckModified(UINT& member)
 {
     MarkIfChanged(member);
 }

@@ -37,8 +37,8 @@ protected:
     // Moves the controls into the members and marks the page by whether that changed this one. So the mark is
     // that of the latest change, whatever came before it.
     virtual void CheckModified(int& member);
-    virtual void CheckModified(UINT& member);
     virtual void CheckModified(CString& member);
+    virtual void CheckModified(UINT& member);
     virtual void CheckModified(WideString& member);
 
     virtual void ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer);
@@ -63,6 +63,8 @@ protected:
     static bool IsAnyEhciToolInstalled();
 
     void AddToolTip(int id, LPCTSTR text);
+
+    DECLARE_MESSAGE_MAP()
 
 private:
     template <class Member>
