@@ -74,10 +74,15 @@ size_t CountMissing(const Tree& tree, const Tree& other)
 
 TEST_F(FaultsTest, EachRegistryCallInTurn)
 {
-    // An identifier that cannot be read is replaced by a random one, so it is put there before each run.
-    const auto storeIdentifier = []
-    { Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A))); };
-    storeIdentifier();
+    // Each run starts from nothing, so that what a save leaves out shows; but a missing identifier would be
+    // replaced by a random one.
+    const auto startAfresh = []
+    {
+        ClearSettings();
+        InstallAllTools();
+        Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
+    };
+    startAfresh();
     headless::ResetCallCounts();
     ASSERT_TRUE(StoreAllPages());
     const unsigned calls = headless::RegistryCallCount();
@@ -89,6 +94,7 @@ TEST_F(FaultsTest, EachRegistryCallInTurn)
     for (unsigned nth = 1; nth <= calls; ++nth)
     {
         SCOPED_TRACE(testing::Message() << "call " << nth);
+        startAfresh();
         headless::FailAnyRegistryCall(nth, ERROR_ACCESS_DENIED);
         const bool shown = StoreAllPages();
         headless::ClearFaults();
@@ -98,13 +104,6 @@ TEST_F(FaultsTest, EachRegistryCallInTurn)
         {
             // One refused call costs one value at the most, or the ports of one table.
             EXPECT_LE(CountMissing(whole, StoredSettings()), 1U);
-        }
-        // What was lost is there again after the next save.
-        if (!(StoredSettings() == whole))
-        {
-            storeIdentifier();
-            ASSERT_TRUE(StoreAllPages());
-            EXPECT_EQ(CountMissing(whole, StoredSettings()), 0U);
         }
         if (HasFailure())
         {
