@@ -67,6 +67,9 @@ public:
     void Cancel() const;
 };
 
+// Presses Tab in the control that has the focus, and gives the id of the one that has it then.
+int PressTab(const Sheet& sheet);
+
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
 void RunEditor(const std::function<void(Sheet&)>& script);

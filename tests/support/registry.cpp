@@ -44,6 +44,12 @@ std::string Printable(const Text& text)
     return printable;
 }
 
+Text Decimal(long long number)
+{
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
 void PrintTo(const StoredValue& value, std::ostream* out)
 {
     *out << "type " << value.type << ", " << value.data.size() << " bytes" << std::hex << std::setfill('0');
@@ -62,7 +68,7 @@ void ClearSettings()
     }
 }
 
-void InstallTools(std::initializer_list<ProductId> tools)
+void InstallTools(const std::vector<ProductId>& tools)
 {
     const Text installed = _T("SOFTWARE\\Halvane\\Installed");
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, installed.c_str());

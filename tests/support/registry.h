@@ -3,7 +3,6 @@
 
 #include "framework/ProductId.h"
 
-#include <initializer_list>
 #include <map>
 #include <ostream>
 #include <vector>
@@ -26,12 +25,13 @@ StoredValue Binary(std::vector<BYTE> data);
 inline const StoredValue Absent = {};
 
 std::string Printable(const Text& text);
+Text Decimal(long long number);
 void PrintTo(const StoredValue& value, std::ostream* out);
 
 // Removes everything that the editor reads or writes.
 void ClearSettings();
 // Lists just these tools as installed, each with data 1; the key of installed tools exists afterwards.
-void InstallTools(std::initializer_list<ProductId> tools);
+void InstallTools(const std::vector<ProductId>& tools);
 void InstallAllTools();
 
 // Keys are relative to HKEY_LOCAL_MACHINE.

@@ -45,12 +45,6 @@ Values ToolPageTest::StoredByTool()
     return values;
 }
 
-Text Decimal(int number)
-{
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 EventRecord* EventRecord::s_current = nullptr;
 
 EventRecord::EventRecord(HWND page)
@@ -106,15 +100,4 @@ void EventRecord::Note(UINT message, WPARAM wParam, LPARAM lParam)
     {
         m_events.push_back(id + " clicked");
     }
-}
-
-int PressTab(const Sheet& sheet)
-{
-    MSG message = {};
-    message.hwnd = GetFocus();
-    message.message = WM_KEYDOWN;
-    message.wParam = VK_TAB;
-    message.lParam = 1;
-    SendMessageW(sheet.Window(), PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
-    return GetDlgCtrlID(GetFocus());
 }

@@ -37,8 +37,6 @@ struct NumberField
     DWORD initial;
 };
 
-Text Decimal(int number);
-
 // Notes, while it lives, which edits and buttons tell their page something and what the page tells the sheet
 // of its mark, in order: "1099 changed", "1177 clicked", "marked", "unmarked".
 class EventRecord
@@ -66,6 +64,3 @@ private:
     std::vector<Watched> m_watched;
     PageEvents m_events;
 };
-
-// Presses Tab in the control that has the focus, and gives the id of the one that has it then.
-int PressTab(const Sheet& sheet);
