@@ -4,6 +4,8 @@
 #include "support/form.h"
 #include "support/tips.h"
 
+#include <afxwin.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 namespace
@@ -14,14 +16,22 @@ protected:
     void SetUp() override
     {
         headless::ClearFaults();
-        ClearSettings();
-        InstallAllTools();
+        StartAfresh();
     }
 
     void TearDown() override
     {
         headless::ClearFaults();
         ClearSettings();
+    }
+
+    // With nothing stored, so that what a save leaves out shows; but a missing identifier would be replaced
+    // by a random one.
+    static void StartAfresh()
+    {
+        ClearSettings();
+        InstallAllTools();
+        Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
     }
 };
 
@@ -74,15 +84,6 @@ size_t CountMissing(const Tree& tree, const Tree& other)
 
 TEST_F(FaultsTest, EachRegistryCallInTurn)
 {
-    // Each run starts from nothing, so that what a save leaves out shows; but a missing identifier would be
-    // replaced by a random one.
-    const auto startAfresh = []
-    {
-        ClearSettings();
-        InstallAllTools();
-        Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
-    };
-    startAfresh();
     headless::ResetCallCounts();
     ASSERT_TRUE(StoreAllPages());
     const unsigned calls = headless::RegistryCallCount();
@@ -94,7 +95,7 @@ TEST_F(FaultsTest, EachRegistryCallInTurn)
     for (unsigned nth = 1; nth <= calls; ++nth)
     {
         SCOPED_TRACE(testing::Message() << "call " << nth);
-        startAfresh();
+        StartAfresh();
         headless::FailAnyRegistryCall(nth, ERROR_ACCESS_DENIED);
         const bool shown = StoreAllPages();
         headless::ClearFaults();
@@ -115,15 +116,40 @@ TEST_F(FaultsTest, EachRegistryCallInTurn)
 
 TEST_F(FaultsTest, RegistryThatRefusesEveryWrite)
 {
+    const Tree before = StoredSettings();
     headless::FailCallsFrom("RegCreateKeyExW", 1, ERROR_ACCESS_DENIED);
     EXPECT_TRUE(StoreAllPages());
     headless::ClearFaults();
-    EXPECT_TRUE(StoredSettings().empty() || CountValues(StoredSettings()) == 0);
+    EXPECT_EQ(StoredSettings(), before);
     EXPECT_EQ(headless::OpenKeyCount(), 0U);
 
     headless::FailCallsFrom("RegSetValueExW", 1, ERROR_ACCESS_DENIED);
     EXPECT_TRUE(StoreAllPages());
     headless::ClearFaults();
-    EXPECT_EQ(CountValues(StoredSettings()), 0U);
+    EXPECT_EQ(CountValues(StoredSettings()), CountValues(before));
     EXPECT_EQ(headless::OpenKeyCount(), 0U);
+}
+
+TEST_F(FaultsTest, PagesWithoutTheTooltipsThatCannotBeMade)
+{
+    ASSERT_TRUE(StoreAllPages());
+    const Tree whole = StoredSettings();
+    StartAfresh();
+    for (unsigned nth = 1; nth <= 20; ++nth)
+    {
+        headless::FailWindowClass(TOOLTIPS_CLASSW, nth, ERROR_NOT_ENOUGH_MEMORY);
+    }
+    EXPECT_TRUE(TryRunEditor(
+        [](Sheet& sheet)
+        {
+            OpenAllPages(sheet);
+            EXPECT_EQ(CountTipControls(), 0);
+            // The page has its eye on mouse moves all the same.
+            MSG move = {};
+            move.hwnd = sheet.Page();
+            move.message = WM_MOUSEMOVE;
+            EXPECT_FALSE(CWnd::FromHandlePermanent(sheet.Page())->PreTranslateMessage(&move));
+            sheet.Ok();
+        }));
+    EXPECT_EQ(StoredSettings(), whole);
 }
