@@ -5,9 +5,6 @@
 
 namespace
 {
-constexpr LPCTSTR FirmwareName = _T("FsLsComplianceDeviceFirmware");
-constexpr LPCTSTR FirmwareCopy = _T("fw");
-
 DWORD NumberIn(const StoredValue& value)
 {
     DWORD number = 0;

@@ -15,6 +15,8 @@ inline constexpr LPCTSTR WaiversTab = _T("Waivers");
 inline constexpr LPCTSTR XhciTab = _T("xHCI Settings");
 
 inline const Text TestServices = _T("SOFTWARE\\Ostrel\\TestServices");
+inline constexpr LPCTSTR FirmwareName = _T("FsLsComplianceDeviceFirmware");
+inline constexpr LPCTSTR FirmwareCopy = _T("fw");
 
 struct HostSetting
 {
