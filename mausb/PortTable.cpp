@@ -63,12 +63,13 @@ bool LoadPortTable(PortTable& table, const WideString& name)
         {
             break;
         }
-        const RegistryKey portKey(path + _T("\\") + portName.c_str(), RegistryKey::Access::Read);
+        const LPCTSTR found = portName.c_str();  // up to its end, which the buffer goes beyond
+        const RegistryKey portKey(path + _T("\\") + found, RegistryKey::Access::Read);
         if (!portKey.IsOpen())
         {
             return false;
         }
-        PortEntry entry = {static_cast<UINT>(_tcstoul(portName.c_str(), nullptr, 10)), PacketTypeDefault};
+        PortEntry entry = {static_cast<UINT>(_tcstoul(found, nullptr, 10)), PacketTypeDefault};
         ReadPacketType(portKey.Get(), entry.PacketType);
         table.push_back(entry);
     }

@@ -1,11 +1,13 @@
 // The Advanced TCP Settings dialog, from its page to the registry.
-#include "media_page.h"
-
+#include "resource.h"
 #include "support/tips.h"
+#include "support/tool_page.h"
 
 namespace
 {
-class AdvancedTCPTest : public MediaPage
+constexpr LPCTSTR Tab = _T("MAUSB Media Settings");
+
+class AdvancedTCPTest : public ToolPageTest
 {
 protected:
     // Opens the dialog from its button, and cancels it if the script leaves it open.
@@ -26,7 +28,7 @@ protected:
 
     static Values StoredSix()
     {
-        Values six = StoredValues(ToolKey);
+        Values six = StoredValues(Key);
         std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
         return six;
     }
@@ -46,7 +48,7 @@ protected:
     {
         for (const auto& [name, value] : six)
         {
-            Put(name.c_str(), value);
+            StoreValue(name.c_str(), value);
         }
     }
 };
@@ -54,7 +56,8 @@ protected:
 
 TEST_F(AdvancedTCPTest, ShowsDefaultsAndMarksByOkAlone)
 {
-    Run(
+    RunOnTab(
+        Tab,
         [](Sheet& sheet)
         {
             sheet.Apply();
@@ -105,38 +108,46 @@ TEST_F(AdvancedTCPTest, ShowsDefaultsAndMarksByOkAlone)
 
 TEST_F(AdvancedTCPTest, EditsAreStoredByThePage)
 {
-    Run(
-        [](Sheet& sheet)
-        {
-            Open(sheet,
-                 [](Form& form)
-                 {
-                     form.Click(IDC_TCP_USE_DEFAULT_SNDBUF);
-                     ExpectSizes(form, true, false);
-                     form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
-                     ExpectSizes(form, true, true);
-                     form.Retype(IDC_TCP_SEND_DELAY, _T("x-4294967295"));
-                     form.Retype(IDC_TCP_SNDBUF, _T("2147483647"));
-                     form.Retype(IDC_TCP_RCVBUF, _T("8192"));
-                     form.Click(IDC_TCP_NODELAY);
-                     // Out of use, a size keeps its number.
-                     form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
-                     ExpectSizes(form, true, false);
-                     EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192"));
-                     form.Click(IDOK);
-                 });
-            EXPECT_FALSE(KeyExists(ToolKey));
-            Open(sheet, [](Form& form) { EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("4294967295")); });
-            sheet.Apply();
-            EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
-            Open(sheet,
-                 [](Form& form)
-                 {
-                     form.Click(IDC_TCP_NODELAY);
-                     form.Click(IDOK);
-                 });
-            sheet.Cancel();
-        });
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 Open(sheet,
+                      [](Form& form)
+                      {
+                          form.Click(IDC_TCP_USE_DEFAULT_SNDBUF);
+                          ExpectSizes(form, true, false);
+                          form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
+                          ExpectSizes(form, true, true);
+                          SetFocus(form.Control(IDC_TCP_SEND_DELAY));
+                          for (const int id :
+                               {IDC_TCP_USE_DEFAULT_SNDBUF, IDC_TCP_SNDBUF, IDC_TCP_USE_DEFAULT_RCVBUF,
+                                IDC_TCP_RCVBUF, IDC_TCP_NODELAY, IDOK, IDCANCEL, IDC_TCP_SEND_DELAY})
+                          {
+                              EXPECT_EQ(PressTab(form), id);
+                          }
+                          form.Retype(IDC_TCP_SEND_DELAY, _T("x-4294967295"));
+                          form.Retype(IDC_TCP_SNDBUF, _T("2147483647"));
+                          form.Retype(IDC_TCP_RCVBUF, _T("8192"));
+                          form.Click(IDC_TCP_NODELAY);
+                          // Out of use, a size keeps its number.
+                          form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
+                          ExpectSizes(form, true, false);
+                          EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192"));
+                          form.Click(IDOK);
+                      });
+                 EXPECT_FALSE(KeyExists(Key));
+                 Open(sheet,
+                      [](Form& form) { EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("4294967295")); });
+                 sheet.Apply();
+                 EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
+                 Open(sheet,
+                      [](Form& form)
+                      {
+                          form.Click(IDC_TCP_NODELAY);
+                          form.Click(IDOK);
+                      });
+                 sheet.Cancel();
+             });
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1)) << "lost with the sheet";
 }
 
@@ -151,57 +162,57 @@ TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
         // A size of 0 in use, and a flag that is none of a check box.
         ExpectSizes(form, true, true);
     };
-    Run(
-        [&look](Sheet& sheet)
-        {
-            Open(sheet, look);
-            sheet.Ok();
-        });
+    RunOnTab(Tab,
+             [&look](Sheet& sheet)
+             {
+                 Open(sheet, look);
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), odd);
-    Run(
-        [&look](Sheet& sheet)
-        {
-            Open(sheet,
-                 [&look](Form& form)
-                 {
-                     look(form);
-                     form.Click(IDOK);
-                 });
-            sheet.Ok();
-        });
+    RunOnTab(Tab,
+             [&look](Sheet& sheet)
+             {
+                 Open(sheet,
+                      [&look](Form& form)
+                      {
+                          look(form);
+                          form.Click(IDOK);
+                      });
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 1, 0, 0));
 }
 
 TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
 {
     PutSix(Six(1, 2, 3, 0, 0, 0));
-    Run(
-        [](Sheet& sheet)
-        {
-            sheet.Apply();
-            Open(sheet,
-                 [](Form& form)
-                 {
-                     form.Retype(IDC_TCP_SEND_DELAY, _T("7"));
-                     form.Retype(IDC_TCP_RCVBUF, _T("9"));
-                     form.Click(IDC_TCP_NODELAY);
-                     // Emptied, an edit says nothing before something asks for the numbers.
-                     form.Empty(IDC_TCP_SNDBUF);
-                     int prompts = 0;
-                     ExpectPrompt(&prompts);
-                     form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
-                     EXPECT_EQ(prompts, 1);
-                     ExpectSizes(form, true, true);
-                     ExpectPrompt(&prompts);
-                     form.Click(IDOK);
-                     EXPECT_EQ(prompts, 2);
-                     EXPECT_TRUE(IsWindowVisible(form.Window()));
-                     EXPECT_EQ(GetFocus(), form.Control(IDC_TCP_SNDBUF));
-                     form.Click(IDCANCEL);
-                 });
-            EXPECT_FALSE(sheet.CanApply());
-            sheet.Ok();
-        });
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 sheet.Apply();
+                 Open(sheet,
+                      [](Form& form)
+                      {
+                          form.Retype(IDC_TCP_SEND_DELAY, _T("7"));
+                          form.Retype(IDC_TCP_RCVBUF, _T("9"));
+                          form.Click(IDC_TCP_NODELAY);
+                          // Emptied, an edit says nothing before something asks for the numbers.
+                          form.Empty(IDC_TCP_SNDBUF);
+                          int prompts = 0;
+                          ExpectPrompt(&prompts);
+                          form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
+                          EXPECT_EQ(prompts, 1);
+                          ExpectSizes(form, true, true);
+                          ExpectPrompt(&prompts);
+                          form.Click(IDOK);
+                          EXPECT_EQ(prompts, 2);
+                          EXPECT_TRUE(IsWindowVisible(form.Window()));
+                          EXPECT_EQ(GetFocus(), form.Control(IDC_TCP_SNDBUF));
+                          form.Click(IDCANCEL);
+                      });
+                 EXPECT_FALSE(sheet.CanApply());
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
 }
 
@@ -219,22 +230,22 @@ TEST_F(AdvancedTCPTest, SizesAndTheDelayHaveDifferentBounds)
     for (const auto& edit : edits)
     {
         SCOPED_TRACE(edit.id);
-        Run(
-            [&edit](Sheet& sheet)
-            {
-                Open(sheet,
-                     [&edit](Form& form)
-                     {
-                         form.Retype(edit.id, edit.tooMuch);
-                         int prompts = 0;
-                         ExpectPrompt(&prompts);
-                         form.Click(IDOK);
-                         EXPECT_EQ(prompts, 1);
-                         form.Retype(edit.id, edit.most);
-                         form.Click(IDOK);
-                     });
-                sheet.Ok();
-            });
+        RunOnTab(Tab,
+                 [&edit](Sheet& sheet)
+                 {
+                     Open(sheet,
+                          [&edit](Form& form)
+                          {
+                              form.Retype(edit.id, edit.tooMuch);
+                              int prompts = 0;
+                              ExpectPrompt(&prompts);
+                              form.Click(IDOK);
+                              EXPECT_EQ(prompts, 1);
+                              form.Retype(edit.id, edit.most);
+                              form.Click(IDOK);
+                          });
+                     sheet.Ok();
+                 });
     }
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, 0));
 }
@@ -242,12 +253,12 @@ TEST_F(AdvancedTCPTest, SizesAndTheDelayHaveDifferentBounds)
 TEST_F(AdvancedTCPTest, UnderUDPTheDialogIsOutOfReachAndItsValuesStay)
 {
     PutSix(Six(1, 2, 3, 4, 5, 6));
-    Put(_T("NetworkType"), Sz(_T("UDP/IP")));
-    Run(
-        [](Sheet& sheet)
-        {
-            EXPECT_FALSE(sheet.IsEnabled(IDC_ADVANCED_TCP));
-            sheet.Ok();
-        });
+    StoreValue(_T("NetworkType"), Sz(_T("UDP/IP")));
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 EXPECT_FALSE(sheet.IsEnabled(IDC_ADVANCED_TCP));
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), Six(1, 2, 3, 4, 5, 6));
 }

@@ -1,11 +1,13 @@
 // MAUSB Media Settings: how the page comes up, what an edit does to it, and what is stored.
-#include "media_page.h"
-
+#include "resource.h"
 #include "support/tips.h"
+#include "support/tool_page.h"
 
 namespace
 {
-class MediaTest : public MediaPage
+constexpr LPCTSTR Tab = _T("MAUSB Media Settings");
+
+class MediaTest : public ToolPageTest
 {
 protected:
     // Controls that follow the network type.
@@ -87,49 +89,49 @@ protected:
 
 TEST_F(MediaTest, ShowsDefaultsAndStoresTheWholeTree)
 {
-    Run(
-        [](Sheet& sheet)
-        {
-            EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("100")},
-                                                           {IDC_TCP_CLIENT_ADDRESS, _T("")},
-                                                           {IDC_TCP_PACKET_SIZE, _T("65535")},
-                                                           {IDC_UDP_ADDRESS, _T("")},
-                                                           {IDC_UDP_PORT, _T("9001")},
-                                                           {IDC_UDP_PACKET_SIZE, _T("65507")},
-                                                           {IDC_MAC_ADDRESS, _T("")},
-                                                           {IDC_SNAP_OUI, _T("506F9A")},
-                                                           {IDC_SNAP_PID, _T("1500")},
-                                                           {IDC_SNAP_PACKET_SIZE, _T("1492")}}));
-            EXPECT_EQ(sheet.CheckOf(IDC_NETWORK_LOG), BST_UNCHECKED);
-            ExpectNetwork(sheet, false);
-            ExpectMaxBytes(sheet, false);
-            for (const int id :
-                 {IDC_USE_UDP_FOR_ISOCH, IDC_ISOCH_LABEL, IDC_ISOCH, IDC_MAX_ISOCH_LABEL, IDC_MAX_ISOCH})
-            {
-                EXPECT_FALSE(sheet.IsShown(id)) << id;
-                EXPECT_FALSE(sheet.IsEnabled(id)) << id;
-            }
-            EXPECT_EQ(
-                TipsOf(sheet.Page()),
-                (std::map<int, Text>{
-                    {IDC_TCP_CLIENT_PORTS,
-                     _T("Select the ports with which you would like to connect to the MAUSB host, when ")
-                     _T("acting as a TCP client. Also select which packet types you wish to receive on ")
-                     _T("each port.")},
-                    {IDC_TCP_SERVER_PORTS,
-                     _T("Select the ports to listen on when acting as a TCP server. Also select which ")
-                     _T("packet types you wish to receive on each port.")}}));
-            EXPECT_FALSE(KeyExists(ToolKey));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Apply();
-            EXPECT_FALSE(sheet.CanApply());
-        });
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("100")},
+                                                                {IDC_TCP_CLIENT_ADDRESS, _T("")},
+                                                                {IDC_TCP_PACKET_SIZE, _T("65535")},
+                                                                {IDC_UDP_ADDRESS, _T("")},
+                                                                {IDC_UDP_PORT, _T("9001")},
+                                                                {IDC_UDP_PACKET_SIZE, _T("65507")},
+                                                                {IDC_MAC_ADDRESS, _T("")},
+                                                                {IDC_SNAP_OUI, _T("506F9A")},
+                                                                {IDC_SNAP_PID, _T("1500")},
+                                                                {IDC_SNAP_PACKET_SIZE, _T("1492")}}));
+                 EXPECT_EQ(sheet.CheckOf(IDC_NETWORK_LOG), BST_UNCHECKED);
+                 ExpectNetwork(sheet, false);
+                 ExpectMaxBytes(sheet, false);
+                 for (const int id :
+                      {IDC_USE_UDP_FOR_ISOCH, IDC_ISOCH_LABEL, IDC_ISOCH, IDC_MAX_ISOCH_LABEL, IDC_MAX_ISOCH})
+                 {
+                     EXPECT_FALSE(sheet.IsShown(id)) << id;
+                     EXPECT_FALSE(sheet.IsEnabled(id)) << id;
+                 }
+                 EXPECT_EQ(
+                     TipsOf(sheet.Page()),
+                     (std::map<int, Text>{
+                         {IDC_TCP_CLIENT_PORTS,
+                          _T("Select the ports with which you would like to connect to the MAUSB host, when ")
+                          _T("acting as a TCP client. Also select which packet types you wish to receive on ")
+                          _T("each port.")},
+                         {IDC_TCP_SERVER_PORTS,
+                          _T("Select the ports to listen on when acting as a TCP server. Also select which ")
+                          _T("packet types you wish to receive on each port.")}}));
+                 EXPECT_FALSE(KeyExists(Key));
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Apply();
+                 EXPECT_FALSE(sheet.CanApply());
+             });
     const Values port = {{_T("PacketType"), Dword(0xFFFFFFFF)}};
-    EXPECT_EQ(StoredTree(ToolKey), (Tree{{ToolKey, Defaults()},
-                                         {ToolKey + _T("\\TCPPortsClient"), {}},
-                                         {ToolKey + _T("\\TCPPortsClient\\9001"), port},
-                                         {ToolKey + _T("\\TCPPortsServer"), {}},
-                                         {ToolKey + _T("\\TCPPortsServer\\9001"), port}}));
+    EXPECT_EQ(StoredTree(Key), (Tree{{Key, Defaults()},
+                                     {Key + _T("\\TCPPortsClient"), {}},
+                                     {Key + _T("\\TCPPortsClient\\9001"), port},
+                                     {Key + _T("\\TCPPortsServer"), {}},
+                                     {Key + _T("\\TCPPortsServer\\9001"), port}}));
 }
 
 TEST_F(MediaTest, ShowsAndRewritesWhatIsStored)
@@ -155,15 +157,15 @@ TEST_F(MediaTest, ShowsAndRewritesWhatIsStored)
                            // Of the other pages.
                            {_T("RootHubUUID"), Binary({1})},
                            {_T("aBulkTransferRetries"), Dword(77)}};
-    const Tree before = {{ToolKey, stored},
-                         {ToolKey + _T("\\TCPPortsClient"), {}},
-                         {ToolKey + _T("\\TCPPortsClient\\70000"), {{_T("PacketType"), Dword(9)}}},
-                         {ToolKey + _T("\\TCPPortsClient\\1"), {{_T("PacketType"), Dword(2)}}},
-                         {ToolKey + _T("\\TCPPortsClient\\2"), {{_T("PacketType"), Dword(2)}}},
-                         {ToolKey + _T("\\TCPPortsClient\\3"), {{_T("PacketType"), Dword(0)}}},
-                         {ToolKey + _T("\\TCPPortsClient\\4"), {{_T("PacketType"), Dword(1)}}},
-                         {ToolKey + _T("\\TCPPortsServer"), {}},
-                         {ToolKey + _T("\\TCPPortsServer\\7"), {{_T("PacketType"), Dword(1)}}}};
+    const Tree before = {{Key, stored},
+                         {Key + _T("\\TCPPortsClient"), {}},
+                         {Key + _T("\\TCPPortsClient\\70000"), {{_T("PacketType"), Dword(9)}}},
+                         {Key + _T("\\TCPPortsClient\\1"), {{_T("PacketType"), Dword(2)}}},
+                         {Key + _T("\\TCPPortsClient\\2"), {{_T("PacketType"), Dword(2)}}},
+                         {Key + _T("\\TCPPortsClient\\3"), {{_T("PacketType"), Dword(0)}}},
+                         {Key + _T("\\TCPPortsClient\\4"), {{_T("PacketType"), Dword(1)}}},
+                         {Key + _T("\\TCPPortsServer"), {}},
+                         {Key + _T("\\TCPPortsServer\\7"), {{_T("PacketType"), Dword(1)}}}};
     for (const auto& [key, values] : before)
     {
         for (const auto& [name, value] : values)
@@ -171,35 +173,35 @@ TEST_F(MediaTest, ShowsAndRewritesWhatIsStored)
             Store(key, name.c_str(), value);
         }
     }
-    Run(
-        [](Sheet& sheet)
-        {
-            EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("0")},
-                                                           {IDC_TCP_CLIENT_ADDRESS, _T("no address")},
-                                                           {IDC_TCP_PACKET_SIZE, _T("0")},
-                                                           {IDC_UDP_ADDRESS, _T("10.0.0.300 ")},
-                                                           {IDC_UDP_PORT, _T("70000")},
-                                                           {IDC_UDP_PACKET_SIZE, _T("-2147483648")},
-                                                           {IDC_MAC_ADDRESS, _T("zz-zz")},
-                                                           {IDC_SNAP_OUI, _T("0")},
-                                                           {IDC_SNAP_PID, _T("7FFFFFFF")},
-                                                           {IDC_SNAP_PACKET_SIZE, _T("-1")}}));
-            EXPECT_EQ(sheet.CheckOf(IDC_NETWORK_LOG), BST_CHECKED);
-            ExpectNetwork(sheet, true);
-            ExpectMaxBytes(sheet, true);
-            sheet.Ok();
-            EXPECT_FALSE(sheet.IsOpen());
-        });
-    EXPECT_EQ(StoredTree(ToolKey), before);
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("0")},
+                                                                {IDC_TCP_CLIENT_ADDRESS, _T("no address")},
+                                                                {IDC_TCP_PACKET_SIZE, _T("0")},
+                                                                {IDC_UDP_ADDRESS, _T("10.0.0.300 ")},
+                                                                {IDC_UDP_PORT, _T("70000")},
+                                                                {IDC_UDP_PACKET_SIZE, _T("-2147483648")},
+                                                                {IDC_MAC_ADDRESS, _T("zz-zz")},
+                                                                {IDC_SNAP_OUI, _T("0")},
+                                                                {IDC_SNAP_PID, _T("7FFFFFFF")},
+                                                                {IDC_SNAP_PACKET_SIZE, _T("-1")}}));
+                 EXPECT_EQ(sheet.CheckOf(IDC_NETWORK_LOG), BST_CHECKED);
+                 ExpectNetwork(sheet, true);
+                 ExpectMaxBytes(sheet, true);
+                 sheet.Ok();
+                 EXPECT_FALSE(sheet.IsOpen());
+             });
+    EXPECT_EQ(StoredTree(Key), before);
 }
 
 TEST_F(MediaTest, PageThatWasNeverOpenedLeavesItsValuesAlone)
 {
-    Put(_T("NetworkType"), Sz(_T("neither")));
-    Store(ToolKey + _T("\\TCPPortsClient\\none"), _T("PacketType"), Dword(1));
-    const Tree before = StoredTree(ToolKey);
+    StoreValue(_T("NetworkType"), Sz(_T("neither")));
+    Store(Key + _T("\\TCPPortsClient\\none"), _T("PacketType"), Dword(1));
+    const Tree before = StoredTree(Key);
     RunEditor([](Sheet& sheet) { sheet.Ok(); });
-    EXPECT_EQ(StoredTree(ToolKey), before);
+    EXPECT_EQ(StoredTree(Key), before);
 }
 
 TEST_F(MediaTest, OnlyTheExactTextSelectsUDP)
@@ -217,71 +219,71 @@ TEST_F(MediaTest, OnlyTheExactTextSelectsUDP)
     for (const auto& [stored, udp] : cases)
     {
         SCOPED_TRACE(testing::PrintToString(stored));
-        Put(_T("NetworkType"), stored);
-        Run(
-            [udp = udp](Sheet& sheet)
-            {
-                ExpectNetwork(sheet, udp);
-                sheet.Ok();
-            });
-        EXPECT_EQ(Get(_T("NetworkType")), Sz(udp ? _T("UDP/IP") : _T("TCP/IP")));
+        StoreValue(_T("NetworkType"), stored);
+        RunOnTab(Tab,
+                 [udp = udp](Sheet& sheet)
+                 {
+                     ExpectNetwork(sheet, udp);
+                     sheet.Ok();
+                 });
+        EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(udp ? _T("UDP/IP") : _T("TCP/IP")));
     }
 }
 
 TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
 {
-    Run(
-        [](Sheet& sheet)
-        {
-            sheet.Retype(IDC_TCP_CLIENT_ADDRESS, _T("10.0.0.1"));
-            sheet.Apply();
-            sheet.Click(IDC_NETWORK_UDP);
-            ExpectNetwork(sheet, true);
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Click(IDC_NETWORK_UDP);
-            EXPECT_FALSE(sheet.CanApply()) << "nothing changed by this click";
-            sheet.Click(IDC_NETWORK_TCP);
-            ExpectNetwork(sheet, false);
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Click(IDC_NETWORK_UDP);
-            sheet.Apply();
-            EXPECT_EQ(Get(_T("NetworkType")), Sz(_T("UDP/IP")));
-            EXPECT_EQ(Get(_T("DefaultIPAddressTCPClient")), Sz(_T("10.0.0.1")));
-            sheet.Click(IDC_NETWORK_TCP);
-            sheet.Ok();
-        });
-    EXPECT_EQ(Get(_T("NetworkType")), Sz(_T("TCP/IP")));
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 sheet.Retype(IDC_TCP_CLIENT_ADDRESS, _T("10.0.0.1"));
+                 sheet.Apply();
+                 sheet.Click(IDC_NETWORK_UDP);
+                 ExpectNetwork(sheet, true);
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Click(IDC_NETWORK_UDP);
+                 EXPECT_FALSE(sheet.CanApply()) << "nothing changed by this click";
+                 sheet.Click(IDC_NETWORK_TCP);
+                 ExpectNetwork(sheet, false);
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Click(IDC_NETWORK_UDP);
+                 sheet.Apply();
+                 EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(_T("UDP/IP")));
+                 EXPECT_EQ(StoredUnder(_T("DefaultIPAddressTCPClient")), Sz(_T("10.0.0.1")));
+                 sheet.Click(IDC_NETWORK_TCP);
+                 sheet.Ok();
+             });
+    EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(_T("TCP/IP")));
 }
 
 TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive)
 {
-    Run(
-        [](Sheet& sheet)
-        {
-            sheet.Click(IDC_NETWORK_LOG);
-            EXPECT_TRUE(sheet.CanApply());
-            ExpectMaxBytes(sheet, true);
-            sheet.Retype(IDC_MAX_BYTES_TO_LOG, _T("4096"));
-            sheet.Click(IDC_NETWORK_LOG);
-            ExpectMaxBytes(sheet, false);
-            EXPECT_EQ(sheet.TextOf(IDC_MAX_BYTES_TO_LOG), _T("4096"));
-            sheet.Ok();
-        });
-    EXPECT_EQ(Get(_T("NetworkLevelLog")), Dword(0));
-    EXPECT_EQ(Get(_T("MaxBytesToLog")), Dword(4096));
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 sheet.Click(IDC_NETWORK_LOG);
+                 EXPECT_TRUE(sheet.CanApply());
+                 ExpectMaxBytes(sheet, true);
+                 sheet.Retype(IDC_MAX_BYTES_TO_LOG, _T("4096"));
+                 sheet.Click(IDC_NETWORK_LOG);
+                 ExpectMaxBytes(sheet, false);
+                 EXPECT_EQ(sheet.TextOf(IDC_MAX_BYTES_TO_LOG), _T("4096"));
+                 sheet.Ok();
+             });
+    EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(0));
+    EXPECT_EQ(StoredUnder(_T("MaxBytesToLog")), Dword(4096));
 
     // What a check box does not show is gone with the next save.
     const std::pair<DWORD, DWORD> flags[] = {{2, 1}, {3, 0}, {0xFFFFFFFF, 0}};
     for (const auto& [stored, shown] : flags)
     {
-        Put(_T("NetworkLevelLog"), Dword(stored));
-        Run(
-            [shown = shown](Sheet& sheet)
-            {
-                ExpectMaxBytes(sheet, shown != 0);
-                sheet.Ok();
-            });
-        EXPECT_EQ(Get(_T("NetworkLevelLog")), Dword(shown)) << stored;
+        StoreValue(_T("NetworkLevelLog"), Dword(stored));
+        RunOnTab(Tab,
+                 [shown = shown](Sheet& sheet)
+                 {
+                     ExpectMaxBytes(sheet, shown != 0);
+                     sheet.Ok();
+                 });
+        EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(shown)) << stored;
     }
 }
 
@@ -303,24 +305,70 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
     for (const Case& c : cases)
     {
         SCOPED_TRACE(testing::Message() << c.oui << ", " << c.pid);
-        Put(_T("SnapIdOUI"), Dword(c.oui));
-        Put(_T("SnapIdPID"), Dword(c.pid));
-        Run(
-            [&c](Sheet& sheet)
-            {
-                EXPECT_EQ(sheet.TextOf(IDC_SNAP_OUI), c.ouiText);
-                EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), c.pidText);
-                EXPECT_EQ(sheet.CanApply(), c.marked);
-                // The members are back at the loaded numbers: the same text again changes nothing.
-                sheet.Paste(IDC_SNAP_OUI, c.ouiText);
-                EXPECT_FALSE(sheet.CanApply());
-                sheet.Paste(IDC_SNAP_PID, c.pidText);
-                EXPECT_FALSE(sheet.CanApply());
-                sheet.Ok();
-            });
-        EXPECT_EQ(Get(_T("SnapIdOUI")), Dword(c.oui));
-        EXPECT_EQ(Get(_T("SnapIdPID")), Dword(c.pid));
+        StoreValue(_T("SnapIdOUI"), Dword(c.oui));
+        StoreValue(_T("SnapIdPID"), Dword(c.pid));
+        RunOnTab(Tab,
+                 [&c](Sheet& sheet)
+                 {
+                     EXPECT_EQ(sheet.TextOf(IDC_SNAP_OUI), c.ouiText);
+                     EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), c.pidText);
+                     EXPECT_EQ(sheet.CanApply(), c.marked);
+                     // The members are back at the loaded numbers: the same text again changes nothing.
+                     sheet.Paste(IDC_SNAP_OUI, c.ouiText);
+                     EXPECT_FALSE(sheet.CanApply());
+                     sheet.Paste(IDC_SNAP_PID, c.pidText);
+                     EXPECT_FALSE(sheet.CanApply());
+                     sheet.Ok();
+                 });
+        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(c.oui));
+        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(c.pid));
     }
+}
+
+TEST_F(MediaTest, SnapEditsTellOfEachTextTheyGetWhileThePageComesUp)
+{
+    // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0" in the
+    // PID's; then what was loaded, in each.
+    const std::pair<DWORD, PageEvents> cases[] = {{0x1500, {"marked", "unmarked", "marked", "marked"}},
+                                                  {0, {"marked", "unmarked", "marked", "unmarked"}}};
+    for (const auto& [pid, marks] : cases)
+    {
+        StoreValue(_T("SnapIdPID"), Dword(pid));
+        RunEditor(
+            [marks = marks](Sheet& sheet)
+            {
+                EventRecord record(sheet.Page());
+                EXPECT_TRUE(sheet.Select(Tab));
+                PageEvents events = record.Take();
+                ASSERT_GE(events.size(), marks.size());
+                EXPECT_EQ(PageEvents(events.begin(), events.begin() + 4), marks);
+                EXPECT_EQ(events.back(), marks.back());
+            });
+    }
+}
+
+TEST_F(MediaTest, TabKeyPassesWhatIsLive)
+{
+    const auto press = [](const Sheet& sheet, const std::vector<int>& order)
+    {
+        SetFocus(sheet.Control(order.front()));
+        for (size_t next = 1; next < order.size(); ++next)
+        {
+            EXPECT_EQ(PressTab(sheet), order[next]);
+        }
+    };
+    RunOnTab(Tab,
+             [&press](Sheet& sheet)
+             {
+                 press(sheet, {IDC_NETWORK_TCP, IDC_NETWORK_LOG, IDC_TCP_PACKET_SIZE, IDC_ADVANCED_TCP,
+                               IDC_TCP_CLIENT_ADDRESS, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID,
+                               IDC_SNAP_PACKET_SIZE, IDC_TCP_CLIENT_PORTS, IDC_TCP_SERVER_PORTS, IDOK});
+                 sheet.Click(IDC_NETWORK_LOG);
+                 sheet.Click(IDC_NETWORK_UDP);
+                 press(sheet, {IDC_NETWORK_UDP, IDC_NETWORK_LOG, IDC_MAX_BYTES_TO_LOG, IDC_UDP_ADDRESS,
+                               IDC_UDP_PORT, IDC_UDP_PACKET_SIZE, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID,
+                               IDC_SNAP_PACKET_SIZE, IDOK});
+             });
 }
 
 TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
@@ -344,59 +392,59 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
     for (const Case& c : cases)
     {
         SCOPED_TRACE(Printable(c.keys));
-        Run(
-            [&c](Sheet& sheet)
-            {
-                c.pasted ? sheet.Paste(IDC_SNAP_PID, c.keys) : sheet.Retype(IDC_SNAP_PID, c.keys);
-                EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), c.text);
-                sheet.Ok();
-                EXPECT_FALSE(sheet.IsOpen());
-            });
-        EXPECT_EQ(Get(_T("SnapIdPID")), Dword(c.stored));
-        EXPECT_EQ(Get(_T("SnapIdOUI")), Dword(0x506F9A));
+        RunOnTab(Tab,
+                 [&c](Sheet& sheet)
+                 {
+                     c.pasted ? sheet.Paste(IDC_SNAP_PID, c.keys) : sheet.Retype(IDC_SNAP_PID, c.keys);
+                     EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), c.text);
+                     sheet.Ok();
+                     EXPECT_FALSE(sheet.IsOpen());
+                 });
+        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(c.stored));
+        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(0x506F9A));
     }
 }
 
 TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt)
 {
-    Run(
-        [](Sheet& sheet)
-        {
-            sheet.Paste(IDC_SNAP_OUI, _T("zz"));
-            EXPECT_FALSE(sheet.CanApply());
-            sheet.Ok();
-            EXPECT_TRUE(sheet.IsOpen());
-            EXPECT_FALSE(sheet.Select(_T("General Settings")));
-            EXPECT_EQ(GetFocus(), sheet.Control(IDC_SNAP_OUI));
-            // What the exchange reaches before it is taken, what lies behind it is not.
-            sheet.Retype(IDC_MAC_ADDRESS, _T("a"));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Retype(IDC_SNAP_PACKET_SIZE, _T("7"));
-            EXPECT_FALSE(sheet.CanApply());
-            sheet.Retype(IDC_SNAP_OUI, _T("A"));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Ok();
-        });
-    EXPECT_EQ(Get(_T("SnapIdOUI")), Dword(10));
-    EXPECT_EQ(Get(_T("MaxPacketSizeSNAP")), Dword(7));
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 sheet.Paste(IDC_SNAP_OUI, _T("zz"));
+                 EXPECT_FALSE(sheet.CanApply());
+                 sheet.Ok();
+                 EXPECT_TRUE(sheet.IsOpen());
+                 EXPECT_FALSE(sheet.Select(_T("General Settings")));
+                 EXPECT_EQ(GetFocus(), sheet.Control(IDC_SNAP_OUI));
+                 // What the exchange reaches before it is taken, what lies behind it is not.
+                 sheet.Retype(IDC_MAC_ADDRESS, _T("a"));
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Retype(IDC_SNAP_PACKET_SIZE, _T("7"));
+                 EXPECT_FALSE(sheet.CanApply());
+                 sheet.Retype(IDC_SNAP_OUI, _T("A"));
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Ok();
+             });
+    EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(10));
+    EXPECT_EQ(StoredUnder(_T("MaxPacketSizeSNAP")), Dword(7));
 }
 
 TEST_F(MediaTest, IdentifierOfSixteenDigitsStandsForItsLow32Bits)
 {
-    Put(_T("SnapIdPID"), Dword(0x80001234));
-    Run(
-        [](Sheet& sheet)
-        {
-            EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), _T("FFFFFFFF80001234"));
-            sheet.Paste(IDC_SNAP_PID, _T("80001234"));
-            EXPECT_FALSE(sheet.CanApply()) << "the same number";
-            sheet.Paste(IDC_SNAP_PID, _T("FFFFFFFF80001235"));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.Apply();
-            EXPECT_EQ(Get(_T("SnapIdPID")), Dword(0x80001235));
-            sheet.Type(IDC_SNAP_PID, _T("\b"));
-            EXPECT_TRUE(sheet.CanApply());
-        });
+    StoreValue(_T("SnapIdPID"), Dword(0x80001234));
+    RunOnTab(Tab,
+             [](Sheet& sheet)
+             {
+                 EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), _T("FFFFFFFF80001234"));
+                 sheet.Paste(IDC_SNAP_PID, _T("80001234"));
+                 EXPECT_FALSE(sheet.CanApply()) << "the same number";
+                 sheet.Paste(IDC_SNAP_PID, _T("FFFFFFFF80001235"));
+                 EXPECT_TRUE(sheet.CanApply());
+                 sheet.Apply();
+                 EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(0x80001235));
+                 sheet.Type(IDC_SNAP_PID, _T("\b"));
+                 EXPECT_TRUE(sheet.CanApply());
+             });
 }
 
 TEST_F(MediaTest, EachEditMarksThePageByItsOwnMember)
@@ -415,27 +463,27 @@ TEST_F(MediaTest, EachEditMarksThePageByItsOwnMember)
                  {IDC_MAC_ADDRESS, _T("MACAddr"), false, true},
                  {IDC_SNAP_PACKET_SIZE, _T("MaxPacketSizeSNAP"), true, true},
                  {IDC_MAX_BYTES_TO_LOG, _T("MaxBytesToLog"), true, true}};
-    Run(
-        [&edits](Sheet& sheet)
-        {
-            sheet.Click(IDC_NETWORK_LOG);
-            for (const auto& edit : edits)
-            {
-                SCOPED_TRACE(Printable(edit.name));
-                sheet.Click(edit.udp ? IDC_NETWORK_UDP : IDC_NETWORK_TCP);
-                sheet.Retype(edit.id, edit.number ? _T("1") : _T("x"));
-                EXPECT_TRUE(sheet.CanApply());
-                sheet.Apply();
-                EXPECT_EQ(Get(edit.name), edit.number ? Dword(1) : Sz(_T("x")));
-                // A leading zero leaves a number what it was, and takes away even another's mark.
-                sheet.Click(IDC_NETWORK_LOG);
-                sheet.Click(IDC_NETWORK_LOG);
-                SendMessageW(sheet.Control(edit.id), EM_SETSEL, 0, 0);
-                sheet.Type(edit.id, _T("0"));
-                EXPECT_EQ(sheet.TextOf(edit.id), edit.number ? _T("01") : _T("0x"));
-                EXPECT_EQ(sheet.CanApply(), !edit.number);
-            }
-        });
+    RunOnTab(Tab,
+             [&edits](Sheet& sheet)
+             {
+                 sheet.Click(IDC_NETWORK_LOG);
+                 for (const auto& edit : edits)
+                 {
+                     SCOPED_TRACE(Printable(edit.name));
+                     sheet.Click(edit.udp ? IDC_NETWORK_UDP : IDC_NETWORK_TCP);
+                     sheet.Retype(edit.id, edit.number ? _T("1") : _T("x"));
+                     EXPECT_TRUE(sheet.CanApply());
+                     sheet.Apply();
+                     EXPECT_EQ(StoredUnder(edit.name), edit.number ? Dword(1) : Sz(_T("x")));
+                     // A leading zero leaves a number what it was, and takes away even another's mark.
+                     sheet.Click(IDC_NETWORK_LOG);
+                     sheet.Click(IDC_NETWORK_LOG);
+                     SendMessageW(sheet.Control(edit.id), EM_SETSEL, 0, 0);
+                     sheet.Type(edit.id, _T("0"));
+                     EXPECT_EQ(sheet.TextOf(edit.id), edit.number ? _T("01") : _T("0x"));
+                     EXPECT_EQ(sheet.CanApply(), !edit.number);
+                 }
+             });
 }
 
 TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
@@ -445,27 +493,27 @@ TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
         ClearSettings();
         InstallTools({KauriQB});
         int prompts = 0;
-        Run(
-            [id, &prompts](Sheet& sheet)
-            {
-                ExpectPrompt(&prompts);
-                sheet.Empty(id);
-                EXPECT_EQ(prompts, 1);
-                EXPECT_FALSE(sheet.CanApply());
-                ExpectPrompt(&prompts);
-                EXPECT_FALSE(sheet.Select(_T("General Settings")));
-                EXPECT_EQ(prompts, 2);
-                EXPECT_EQ(GetFocus(), sheet.Control(id));
-                // Too much for 32 bits is no number either.
-                sheet.Type(id, _T("2147483647"));
-                ExpectPrompt(&prompts);
-                sheet.Paste(id, _T("2147483648"));
-                EXPECT_EQ(prompts, 3);
-                EXPECT_FALSE(KeyExists(ToolKey));
-                sheet.Retype(id, _T("65"));
-                sheet.Ok();
-            });
-        EXPECT_EQ(Get(id == IDC_TCP_PACKET_SIZE ? _T("MaxPacketSizeTCP") : _T("MaxPacketSizeSNAP")),
+        RunOnTab(Tab,
+                 [id, &prompts](Sheet& sheet)
+                 {
+                     ExpectPrompt(&prompts);
+                     sheet.Empty(id);
+                     EXPECT_EQ(prompts, 1);
+                     EXPECT_FALSE(sheet.CanApply());
+                     ExpectPrompt(&prompts);
+                     EXPECT_FALSE(sheet.Select(_T("General Settings")));
+                     EXPECT_EQ(prompts, 2);
+                     EXPECT_EQ(GetFocus(), sheet.Control(id));
+                     // Too much for 32 bits is no number either.
+                     sheet.Type(id, _T("2147483647"));
+                     ExpectPrompt(&prompts);
+                     sheet.Paste(id, _T("2147483648"));
+                     EXPECT_EQ(prompts, 3);
+                     EXPECT_FALSE(KeyExists(Key));
+                     sheet.Retype(id, _T("65"));
+                     sheet.Ok();
+                 });
+        EXPECT_EQ(StoredUnder(id == IDC_TCP_PACKET_SIZE ? _T("MaxPacketSizeTCP") : _T("MaxPacketSizeSNAP")),
                   Dword(65));
     }
 }
@@ -489,61 +537,62 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
         InstallTools({KauriQB});
         for (const LPCTSTR port : {_T("1"), _T("2"), _T("3"), _T("4"), _T("5")})
         {
-            Store(ToolKey + c.table + _T("\\") + port, _T("PacketType"), Dword(0));
+            Store(Key + c.table + _T("\\") + port, _T("PacketType"), Dword(0));
         }
-        const auto ports = [&c] { return StoredSubkeys(ToolKey + c.table); };
+        const auto ports = [&c] { return StoredSubkeys(Key + c.table); };
         const auto open = [&c](const Sheet& sheet, const std::function<void(Form&)>& script)
         {
             WhenOpened(c.title, script);
             sheet.Click(c.button);
         };
-        Run(
-            [&](Sheet& sheet)
-            {
-                sheet.Apply();
-                open(sheet,
-                     [](Form& form)
-                     {
-                         EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_3), _T("4"));
-                         form.Retype(IDC_PORT_EDIT_0, _T("81"));
-                         form.Click(IDCANCEL);
-                     });
-                EXPECT_FALSE(sheet.CanApply());
-                sheet.Click(IDC_NETWORK_LOG);
-                sheet.Apply();
-                EXPECT_EQ(ports().size(), 5U) << "cancelled: all five as they were";
-                // Confirmed with nothing changed: marked, and cut to what the dialog shows.
-                open(sheet, [](Form& form) { form.Click(IDOK); });
-                EXPECT_TRUE(sheet.CanApply());
-                EXPECT_EQ(ports().size(), 5U) << "in memory only";
-                sheet.Apply();
-                EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("2"), _T("3"), _T("4")}));
-                open(sheet,
-                     [](Form& form)
-                     {
-                         form.Empty(IDC_PORT_EDIT_1);
-                         form.Pick(IDC_PORT_TYPE_2, 3);
-                         form.Click(IDOK);
-                     });
-                open(sheet,
-                     [](Form& form)
-                     {
-                         EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_1), _T("")) << "the empty row keeps its place";
-                         EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_2), _T("3"));
-                     });
-                sheet.Apply();
-                EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("3"), _T("4")}));
-                EXPECT_EQ(Stored(ToolKey + c.table + _T("\\3"), _T("PacketType")), Dword(2));
-                // Lost with the sheet.
-                open(sheet,
-                     [](Form& form)
-                     {
-                         form.Retype(IDC_PORT_EDIT_0, _T("99"));
-                         form.Click(IDOK);
-                     });
-                sheet.Cancel();
-            });
+        RunOnTab(Tab,
+                 [&](Sheet& sheet)
+                 {
+                     sheet.Apply();
+                     open(sheet,
+                          [](Form& form)
+                          {
+                              EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_3), _T("4"));
+                              form.Retype(IDC_PORT_EDIT_0, _T("81"));
+                              form.Click(IDCANCEL);
+                          });
+                     EXPECT_FALSE(sheet.CanApply());
+                     sheet.Click(IDC_NETWORK_LOG);
+                     sheet.Apply();
+                     EXPECT_EQ(ports().size(), 5U) << "cancelled: all five as they were";
+                     // Confirmed with nothing changed: marked, and cut to what the dialog shows.
+                     open(sheet, [](Form& form) { form.Click(IDOK); });
+                     EXPECT_TRUE(sheet.CanApply());
+                     EXPECT_EQ(ports().size(), 5U) << "in memory only";
+                     sheet.Apply();
+                     EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("2"), _T("3"), _T("4")}));
+                     open(sheet,
+                          [](Form& form)
+                          {
+                              form.Empty(IDC_PORT_EDIT_1);
+                              form.Pick(IDC_PORT_TYPE_2, 3);
+                              form.Click(IDOK);
+                          });
+                     open(sheet,
+                          [](Form& form)
+                          {
+                              EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_1), _T(""))
+                                  << "the empty row keeps its place";
+                              EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_2), _T("3"));
+                          });
+                     sheet.Apply();
+                     EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("3"), _T("4")}));
+                     EXPECT_EQ(Stored(Key + c.table + _T("\\3"), _T("PacketType")), Dword(2));
+                     // Lost with the sheet.
+                     open(sheet,
+                          [](Form& form)
+                          {
+                              form.Retype(IDC_PORT_EDIT_0, _T("99"));
+                              form.Click(IDOK);
+                          });
+                     sheet.Cancel();
+                 });
         EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("3"), _T("4")}));
-        EXPECT_EQ(StoredSubkeys(ToolKey + c.otherTable), std::vector<Text>{_T("9001")});
+        EXPECT_EQ(StoredSubkeys(Key + c.otherTable), std::vector<Text>{_T("9001")});
     }
 }

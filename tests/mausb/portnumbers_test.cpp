@@ -121,6 +121,19 @@ TEST(PortNumbersTest, ShowsAShortTableAndFillsItUp)
               FourEmptyRows);
 }
 
+TEST(PortNumbersTest, TabKeyPassesTheTypesThatAreNotLive)
+{
+    RunDialog({{80, PacketTypeBulk}}, IDCANCEL,
+              [](Form& form)
+              {
+                  SetFocus(form.Control(Edits[0]));
+                  for (const int id : {Types[0], Edits[1], Edits[2], Edits[3], IDOK, IDCANCEL, Edits[0]})
+                  {
+                      EXPECT_EQ(PressTab(form), id);
+                  }
+              });
+}
+
 TEST(PortNumbersTest, CutsALongTableOnlyByOk)
 {
     const PortTable table = {{5, -1}, {0, 2}, {7, 1}, {8, 2}, {9, 2}, {10, 2}};

@@ -222,13 +222,13 @@ void Sheet::Cancel() const
     Send(GetDlgItem(Window(), IDCANCEL), BM_CLICK);
 }
 
-int PressTab(const Sheet& sheet)
+int PressTab(const Form& form)
 {
     MSG message = {};
     message.hwnd = GetFocus();
     message.message = WM_KEYDOWN;
     message.wParam = VK_TAB;
     message.lParam = 1;
-    Send(sheet.Window(), PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
+    IsDialogMessageW(form.Window(), &message);
     return GetDlgCtrlID(GetFocus());
 }

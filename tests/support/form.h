@@ -68,7 +68,7 @@ public:
 };
 
 // Presses Tab in the control that has the focus, and gives the id of the one that has it then.
-int PressTab(const Sheet& sheet);
+int PressTab(const Form& form);
 
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
