@@ -71,6 +71,7 @@ TEST_F(AdvancedTCPTest, ShowsDefaultsAndMarksByOkAlone)
                     EXPECT_EQ(form.CheckOf(IDC_TCP_USE_DEFAULT_SNDBUF), BST_CHECKED);
                     EXPECT_EQ(form.CheckOf(IDC_TCP_USE_DEFAULT_RCVBUF), BST_CHECKED);
                     EXPECT_EQ(form.CheckOf(IDC_TCP_NODELAY), BST_UNCHECKED);
+                    EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);
                     ExpectSizes(form, false, false);
                     const Text sizeTip =
                         _T(" buffer. If this is an invalid value, then the Dock will use ")

@@ -376,19 +376,21 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
     struct Case
     {
         Text keys;
-        bool pasted;
         Text text;
         DWORD stored;
+        bool pasted = false;
     };
-    const Case cases[] = {{_T("g1 -fZ0x"), false, _T("1f0"), 0x1F0},
-                          {_T("80000000"), false, _T("80000000"), 0x80000000},
-                          {_T("FFFFFFFF80000001"), false, _T("FFFFFFFF80000001"), 0x80000001},
-                          {_T("123456789"), false, _T("123456789"), 0x23456789},
-                          {_T("\b"), false, _T(""), 0},
+    const Case cases[] = {{_T("g1 -fZ0x"), _T("1f0"), 0x1F0},
+                          {_T("80000000"), _T("80000000"), 0x80000000},
+                          {_T("FFFFFFFF80000001"), _T("FFFFFFFF80000001"), 0x80000001},
+                          {_T("123456789"), _T("123456789"), 0x23456789},
+                          {_T("\b"), _T(""), 0},
                           // The prefix counts as a digit of 33 here.
-                          {_T("0x1F"), true, _T("0x1F"), 33 * 256 + 0x1F},
-                          {_T("1z"), true, _T("1z"), 16 + 35},
-                          {_T(" 1"), true, _T(" 1"), 0xFFFFFFF1}};
+                          {_T("0x1F"), _T("0x1F"), 33 * 256 + 0x1F, true},
+                          {_T("1z"), _T("1z"), 16 + 35, true},
+                          {_T(" 1"), _T(" 1"), 0xFFFFFFF1, true},
+                          // Longer than what the page's exchange looks at.
+                          {Text(63, _T('0')) + _T("1"), Text(63, _T('0')) + _T("1"), 1, true}};
     for (const Case& c : cases)
     {
         SCOPED_TRACE(Printable(c.keys));
@@ -451,18 +453,18 @@ TEST_F(MediaTest, EachEditMarksThePageByItsOwnMember)
 {
     const struct
     {
-        int id;
         LPCTSTR name;
+        int id;
         bool number;
         bool udp;
-    } edits[] = {{IDC_TCP_CLIENT_ADDRESS, _T("DefaultIPAddressTCPClient"), false, false},
-                 {IDC_TCP_PACKET_SIZE, _T("MaxPacketSizeTCP"), true, false},
-                 {IDC_UDP_ADDRESS, _T("DefaultIPAddressUDP"), false, true},
-                 {IDC_UDP_PORT, _T("DefaultPortNumberUDP"), true, true},
-                 {IDC_UDP_PACKET_SIZE, _T("MaxPacketSizeUDP"), true, true},
-                 {IDC_MAC_ADDRESS, _T("MACAddr"), false, true},
-                 {IDC_SNAP_PACKET_SIZE, _T("MaxPacketSizeSNAP"), true, true},
-                 {IDC_MAX_BYTES_TO_LOG, _T("MaxBytesToLog"), true, true}};
+    } edits[] = {{_T("DefaultIPAddressTCPClient"), IDC_TCP_CLIENT_ADDRESS, false, false},
+                 {_T("MaxPacketSizeTCP"), IDC_TCP_PACKET_SIZE, true, false},
+                 {_T("DefaultIPAddressUDP"), IDC_UDP_ADDRESS, false, true},
+                 {_T("DefaultPortNumberUDP"), IDC_UDP_PORT, true, true},
+                 {_T("MaxPacketSizeUDP"), IDC_UDP_PACKET_SIZE, true, true},
+                 {_T("MACAddr"), IDC_MAC_ADDRESS, false, true},
+                 {_T("MaxPacketSizeSNAP"), IDC_SNAP_PACKET_SIZE, true, true},
+                 {_T("MaxBytesToLog"), IDC_MAX_BYTES_TO_LOG, true, true}};
     RunOnTab(Tab,
              [&edits](Sheet& sheet)
              {

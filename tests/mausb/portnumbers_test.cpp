@@ -114,6 +114,7 @@ TEST(PortNumbersTest, ShowsAShortTableAndFillsItUp)
         }
         EXPECT_EQ(TipsOf(form.Window()), tips);
         EXPECT_TRUE(form.IsEnabled(IDOK));
+        EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);
     };
     EXPECT_EQ(RunDialog({DefaultPortEntry}, IDCANCEL, look), (Ports{{9001, -1}}));
     EXPECT_EQ(RunDialog({DefaultPortEntry}, IDOK, look), (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
