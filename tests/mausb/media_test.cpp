@@ -397,13 +397,16 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
         RunOnTab(Tab,
                  [&c](Sheet& sheet)
                  {
-                     c.pasted ? sheet.Paste(IDC_SNAP_PID, c.keys) : sheet.Retype(IDC_SNAP_PID, c.keys);
-                     EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), c.text);
+                     for (const int id : {IDC_SNAP_OUI, IDC_SNAP_PID})
+                     {
+                         c.pasted ? sheet.Paste(id, c.keys) : sheet.Retype(id, c.keys);
+                         EXPECT_EQ(sheet.TextOf(id), c.text);
+                     }
                      sheet.Ok();
                      EXPECT_FALSE(sheet.IsOpen());
                  });
+        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(c.stored));
         EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(c.stored));
-        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(0x506F9A));
     }
 }
 
@@ -517,6 +520,59 @@ TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
                  });
         EXPECT_EQ(StoredUnder(id == IDC_TCP_PACKET_SIZE ? _T("MaxPacketSizeTCP") : _T("MaxPacketSizeSNAP")),
                   Dword(65));
+    }
+}
+
+TEST_F(MediaTest, AnExchangeTakesWhatStandsBeforeTheTextItFailsOn)
+{
+    struct Edit
+    {
+        int id;
+        LPCTSTR unreadable;  // null: any text is taken
+        bool prompts;
+    };
+    const std::vector<Edit> exchanged = {{IDC_TCP_CLIENT_ADDRESS, nullptr, false},
+                                         {IDC_MAC_ADDRESS, nullptr, false},
+                                         {IDC_MAX_BYTES_TO_LOG, _T(""), true},
+                                         {IDC_UDP_ADDRESS, nullptr, false},
+                                         {IDC_UDP_PORT, _T(""), true},
+                                         {IDC_SNAP_OUI, _T("z"), false},
+                                         {IDC_SNAP_PID, _T("z"), false},
+                                         {IDC_TCP_PACKET_SIZE, _T(""), true},
+                                         {IDC_UDP_PACKET_SIZE, _T(""), true},
+                                         {IDC_SNAP_PACKET_SIZE, _T(""), true}};
+    for (size_t failing = 0; failing < exchanged.size(); ++failing)
+    {
+        const Edit& bad = exchanged[failing];
+        if (bad.unreadable == nullptr)
+        {
+            continue;
+        }
+        SCOPED_TRACE(bad.id);
+        RunOnTab(Tab,
+                 [&](Sheet& sheet)
+                 {
+                     const auto change = [&](int id, LPCTSTR text)
+                     {
+                         int prompts = 0;
+                         if (bad.prompts)
+                         {
+                             ExpectPrompt(&prompts);
+                         }
+                         SetWindowTextW(sheet.Control(id), text);
+                         EXPECT_EQ(prompts, bad.prompts ? 1 : 0) << id;
+                         return sheet.CanApply();
+                     };
+                     EXPECT_FALSE(change(bad.id, bad.unreadable));
+                     for (size_t other = 0; other < exchanged.size(); ++other)
+                     {
+                         if (other != failing)
+                         {
+                             EXPECT_EQ(change(exchanged[other].id, _T("7")), other < failing)
+                                 << exchanged[other].id;
+                         }
+                     }
+                 });
     }
 }
 

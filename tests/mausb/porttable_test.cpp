@@ -66,6 +66,20 @@ TEST_F(PortTableTest, LoadIsOrderedByTypeAndNotByPort)
         << "of equal types in the registry's order";
 }
 
+TEST_F(PortTableTest, LoadKeepsTheRegistrysOrderOfEqualTypes)
+{
+    Ports expected[2];
+    for (int port = 10; port < 42; ++port)
+    {
+        const int type = port % 2;
+        StorePort({static_cast<TCHAR>(_T('0') + port / 10), static_cast<TCHAR>(_T('0') + port % 10)},
+                  Dword(static_cast<DWORD>(type)));
+        expected[type].emplace_back(port, type);
+    }
+    expected[0].insert(expected[0].end(), expected[1].begin(), expected[1].end());
+    EXPECT_EQ(Load(), expected[0]);
+}
+
 TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumber)
 {
     const std::pair<Text, UINT> cases[] = {{_T("none"), 0},         {_T("12x"), 12},
