@@ -49,7 +49,8 @@ void CSettingsPage::AddToolTip(int id, LPCTSTR text)
 template <class Member>
 void CSettingsPage::MarkIfChanged(Member& member)
 {
-    const Member before = member;
+    // Through the exchange the member changes, which is reached by another road.
+    const Member before = member;  // NOLINT(performance-unnecessary-copy-initialization)
     UpdateData(TRUE);
     SetModified(!(before == member));
 }
