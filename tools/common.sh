@@ -96,6 +96,17 @@ wine_prefix()
     fi
 }
 
+# Sets the prefix's dots per inch, which its server reads at its start.
+set_dpi()
+{
+    local dpi
+    dpi=$(cat "$WINEPREFIX/dpi" 2>/dev/null || echo 96)
+    [ "$dpi" != "$1" ] || return 0
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null
+    wineserver -k
+    echo "$1" > "$WINEPREFIX/dpi"
+}
+
 ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,JuniperRig,KauriQB
 
 # Lists the tools as installed, as their own installers do.

@@ -4,9 +4,8 @@
 #include "registry_call.h"
 
 // Null in a build without the address sanitizer.
-extern "C" int __asan_address_is_poisoned(
-    const volatile void* address)  // NOLINT(bugprone-reserved-identifier)
-    __attribute__((weak));
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" int __asan_address_is_poisoned(const volatile void* address) __attribute__((weak));
 
 using namespace headless;
 using namespace headless::registry;

@@ -79,7 +79,7 @@ void CPropertyPage::OnCancel() {}
 BOOL CPropertyPage::PreTranslateMessage(MSG* pMsg)
 {
     // The sheet runs the dialog keys for its pages; a page that did so as well would take Tab for itself.
-    return CWnd::PreTranslateMessage(pMsg);
+    return CWnd::PreTranslateMessage(pMsg);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)

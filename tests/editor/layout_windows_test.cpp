@@ -1,11 +1,12 @@
 // Every page and dialog as it is laid out with the real fonts: nothing cut, nothing overlapping, all within
-// its template. Run at several resolutions.
+// its template. Run at several resolutions; QB_DPI names the one that the system has been set to.
 #include "resource.h"
 #include "support/form.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace
@@ -121,12 +122,18 @@ bool Contains(const RECT& outer, const RECT& inner)
            inner.bottom <= outer.bottom;
 }
 
-void CheckLayout(HWND dialog, int templateId)
+int DotsPerInch()
 {
-    SCOPED_TRACE(Printable(Form(dialog).Title()));
     const HDC screen = GetDC(nullptr);
     const int perInch = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
+    return perInch;
+}
+
+void CheckLayout(HWND dialog, int templateId)
+{
+    SCOPED_TRACE(Printable(Form(dialog).Title()));
+    const int perInch = DotsPerInch();
     SIZE margin = {};
     const SIZE size = TemplateSize(dialog, templateId, &margin);
     const RECT room = {margin.cx, margin.cy, size.cx - margin.cx + 1, size.cy - margin.cy + 1};
@@ -163,6 +170,8 @@ TEST(LayoutTest, NothingIsCutAndNothingOverlaps)
                                            {_T("MAUSB Media Settings"), 133},
                                            {_T("MAUSB Protocol Settings"), 135},
                                            {_T("MAUSB HUT Params"), 137}};
+    const char* asked = std::getenv("QB_DPI");
+    EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
     ClearSettings();
     InstallAllTools();
     RunEditor(

@@ -99,12 +99,14 @@ void StoreSome(Input& input)
     {
         const BYTE where = input.Byte();
         Text key = Keys[where % std::size(Keys)];
-        const Text name = NameFrom(input);
-        const BYTE form = input.Byte();
-        if ((where & 0x80) != 0 && name.find(_T('\\')) == Text::npos && !name.empty())
+        Text name = NameFrom(input);
+        const bool isSubkey = (where & 0x80) != 0 && !name.empty() && name.find(_T('\\')) == Text::npos;
+        if (isSubkey)
         {
             key += _T("\\") + name;
+            name = NameFrom(input);
         }
+        const BYTE form = input.Byte();
         const std::vector<BYTE> data = input.Bytes(form % 8 == 7 ? input.Byte() : form % 8);
         Store(key, name.c_str(), {static_cast<DWORD>(form / 8 % 12), data});
     }
