@@ -5,6 +5,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 BUILD_PACKAGES=(g++ cmake ninja-build googletest)
+# For the sanitizers and the fuzzer, and llvm-rc.
+NATIVE_PACKAGES=(clang-14 libclang-rt-14-dev llvm-14)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix)
 # The fonts hold the metrics of Tahoma, by which dialogs are laid out.
 WINE_PACKAGES=(wine wine64 fonts-wine libxrender1 xvfb)

@@ -4,7 +4,6 @@
 #include "registry_call.h"
 
 // Null in a build without the address sanitizer.
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" int __asan_address_is_poisoned(const volatile void* address) __attribute__((weak));
 
 using namespace headless;

@@ -271,7 +271,7 @@ HWND EditorProcess::WaitForWindowBeside(HWND other) const
 
 EditorSheet EditorProcess::WaitForSheet() const
 {
-    const EditorSheet sheet(WaitForWindow(L"Quorvex Bench Settings"));
+    EditorSheet sheet(WaitForWindow(L"Quorvex Bench Settings"));
     WaitUntil([&] { return sheet.Page() != nullptr || !Runs(); });
     return sheet;
 }
