@@ -1,6 +1,6 @@
 #include "control.h"
 
-#include "system_classes.h"
+#include "commctrl.h"
 
 namespace headless
 {
@@ -43,12 +43,20 @@ bool Control::Release() const
     return IsWindow(window);
 }
 
-void RegisterStandardControls()
+void RegisterControls()
 {
     RegisterButton();
     RegisterStatic();
     RegisterEdit();
     RegisterListBox();
     RegisterComboBox();
+    RegisterTabControl();
+    RegisterToolTips();
 }
 }  // namespace headless
+
+// The classes are there in any case.
+BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes)
+{
+    return classes != nullptr && classes->dwSize == sizeof(*classes);
+}

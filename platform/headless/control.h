@@ -56,17 +56,14 @@ LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
         SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(new T(window)));
     }
     T* control = reinterpret_cast<T*>(GetWindowLongPtrW(window, 0));
-    if (control == nullptr)
-    {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    if (message == WM_NCDESTROY)
+    if (control != nullptr && message == WM_NCDESTROY)
     {
         SetWindowLongPtrW(window, 0, 0);
         delete control;
-        return DefWindowProcW(window, message, wParam, lParam);
+        control = nullptr;
     }
-    return control->Handle(message, wParam, lParam);
+    return control == nullptr ? DefWindowProcW(window, message, wParam, lParam)
+                              : control->Handle(message, wParam, lParam);
 }
 
 template <class T>
@@ -74,16 +71,20 @@ void RegisterControl(LPCWSTR className)
 {
     WNDCLASSEXW windowClass = {};
     windowClass.cbSize = sizeof(windowClass);
-    windowClass.style = CS_GLOBALCLASS | CS_DBLCLKS | CS_PARENTDC;
+    windowClass.style = CS_GLOBALCLASS | CS_DBLCLKS;
     windowClass.lpfnWndProc = ControlProcedure<T>;
     windowClass.cbWndExtra = sizeof(LONG_PTR);
     windowClass.lpszClassName = className;
     RegisterClassExW(&windowClass);
 }
 
+// Registers the classes of all controls, by the functions below. To be called once, before a window is made.
+void RegisterControls();
 void RegisterButton();
 void RegisterStatic();
 void RegisterEdit();
 void RegisterListBox();
 void RegisterComboBox();
+void RegisterTabControl();
+void RegisterToolTips();
 }  // namespace headless

@@ -1,6 +1,7 @@
 // Drop-down lists. The list has no window of its own: dropped is a state, and keys choose in it.
 #include "control.h"
 #include "list_items.h"
+#include "unicode.h"
 
 namespace headless
 {
@@ -58,7 +59,8 @@ public:
         case WM_SETTEXT:
             return CB_ERR;
         case WM_GETTEXT:
-            return OnGetText(wParam, reinterpret_cast<LPWSTR>(lParam));
+            return static_cast<LRESULT>(
+                CopyText(reinterpret_cast<LPWSTR>(lParam), wParam, m_items.Text(m_items.Selected())));
         case WM_GETTEXTLENGTH:
             return static_cast<LRESULT>(m_items.Text(m_items.Selected()).size());
         default:
@@ -119,17 +121,6 @@ private:
         GetWindowRect(Window(), &rect);
         SetWindowPos(Window(), nullptr, 0, 0, rect.right - rect.left, Height,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-
-    LRESULT OnGetText(std::size_t size, LPWSTR buffer) const
-    {
-        if (size == 0 || buffer == nullptr)
-        {
-            return 0;
-        }
-        std::size_t length = m_items.Text(m_items.Selected()).copy(buffer, size - 1);
-        buffer[length] = u'\0';
-        return static_cast<LRESULT>(length);
     }
 
     [[nodiscard]] bool Drop()

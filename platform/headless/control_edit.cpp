@@ -4,6 +4,7 @@
 
 #include "control.h"
 #include "edit_text.h"
+#include "unicode.h"
 
 namespace headless
 {
@@ -65,7 +66,7 @@ public:
             OnSetText(reinterpret_cast<LPCWSTR>(lParam));
             return TRUE;
         case WM_GETTEXT:
-            return OnGetText(wParam, reinterpret_cast<LPWSTR>(lParam));
+            return static_cast<LRESULT>(CopyText(reinterpret_cast<LPWSTR>(lParam), wParam, m_text.Text()));
         case WM_GETTEXTLENGTH:
             return static_cast<LRESULT>(m_text.Size());
         case WM_SETFOCUS:
@@ -156,17 +157,6 @@ private:
         m_text.Set(text == nullptr ? u"" : text);
         m_modified = false;
         TellChange();
-    }
-
-    LRESULT OnGetText(std::size_t size, LPWSTR buffer) const
-    {
-        if (size == 0 || buffer == nullptr)
-        {
-            return 0;
-        }
-        std::size_t length = m_text.Text().copy(buffer, size - 1);
-        buffer[length] = u'\0';
-        return static_cast<LRESULT>(length);
     }
 
     LRESULT OnGetSelection(LPDWORD start, LPDWORD end) const

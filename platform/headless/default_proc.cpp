@@ -1,4 +1,5 @@
 // What a window does with the messages that its own procedure leaves to the system.
+#include "unicode.h"
 #include "window.h"
 
 using namespace headless;
@@ -10,17 +11,6 @@ LRESULT StoreText(HWND window, LPCWSTR text)
     // A number names a picture to show, and is no text.
     Find(window)->text = IS_INTRESOURCE(text) ? u"" : text;
     return TRUE;
-}
-
-LRESULT ReadText(const std::u16string& text, std::size_t size, LPWSTR buffer)
-{
-    if (size == 0 || buffer == nullptr)
-    {
-        return 0;
-    }
-    const std::size_t length = text.copy(buffer, size - 1);
-    buffer[length] = 0;
-    return static_cast<LRESULT>(length);
 }
 
 void TellPlace(HWND window, const WINDOWPOS& position)
@@ -106,7 +96,7 @@ LRESULT Default(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SETTEXT:
         return StoreText(window, reinterpret_cast<LPCWSTR>(lParam));
     case WM_GETTEXT:
-        return ReadText(target.text, wParam, reinterpret_cast<LPWSTR>(lParam));
+        return static_cast<LRESULT>(CopyText(reinterpret_cast<LPWSTR>(lParam), wParam, target.text));
     case WM_GETTEXTLENGTH:
         return static_cast<LRESULT>(target.text.size());
     case WM_CLOSE:

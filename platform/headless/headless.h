@@ -15,7 +15,8 @@ namespace headless
 
 // Lets the nth use from now on of a function (1 is the next) fail with `error`: an error code or RPC status,
 // according to the function. The use has no effect and fills no more out-parameters than the real function
-// does when it fails; RegCloseKey alone closes the key all the same. Several faults may be armed, also on one
+// does when it fails; RegCloseKey alone closes the key all the same. "TTM_ADDTOOLW" names the adding of a
+// tool to a tooltip control, which is a message and no function. Several faults may be armed, also on one
 // function; each strikes once.
 void FailCall(const char* function, unsigned nth, DWORD error);
 // Lets every use fail from the nth on.

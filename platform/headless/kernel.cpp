@@ -168,14 +168,10 @@ DWORD WINAPI GetModuleFileNameW(HMODULE, LPWSTR buffer, DWORD size)
     char path[4096];
     ssize_t length = readlink("/proc/self/exe", path, sizeof(path));
     std::u16string name = headless::ToWide({path, static_cast<std::size_t>(std::max<ssize_t>(length, 0))});
+    headless::CopyText(buffer, size, name);
     if (name.size() < size)
     {
-        buffer[name.copy(buffer, size)] = 0;
         return static_cast<DWORD>(name.size());
-    }
-    if (size > 0)
-    {
-        buffer[name.copy(buffer, size - 1)] = 0;
     }
     SetLastError(ERROR_INSUFFICIENT_BUFFER);
     return size;

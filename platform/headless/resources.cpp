@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tchar.h"
+#include "unicode.h"
 #include "windows.h"
 
 // Absent from programs without resources.
@@ -194,9 +195,7 @@ int WINAPI LoadStringW(HINSTANCE, UINT id, LPWSTR buffer, int size)
         std::memcpy(buffer, &start, sizeof(start));
         return static_cast<int>(text.size());
     }
-    std::size_t copied = text.copy(buffer, static_cast<std::size_t>(size) - 1);
-    buffer[copied] = 0;
-    return static_cast<int>(copied);
+    return static_cast<int>(headless::CopyText(buffer, static_cast<std::size_t>(size), text));
 }
 
 // An icon is a token: nothing here paints. The system's own icons, asked for without a module, always exist.

@@ -93,6 +93,17 @@ std::string ToNarrow(std::u16string_view text)
     return narrow;
 }
 
+std::size_t CopyText(char16_t* buffer, std::size_t size, std::u16string_view text)
+{
+    if (buffer == nullptr || size == 0)
+    {
+        return 0;
+    }
+    const std::size_t length = text.copy(buffer, size - 1);
+    buffer[length] = u'\0';
+    return length;
+}
+
 namespace
 {
 // The contract that both conversion functions share: a length of -1 takes the terminator along, a size of 0

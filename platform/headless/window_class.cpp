@@ -1,8 +1,9 @@
 // Window classes.
 #include <algorithm>
 
-#include "system_classes.h"
+#include "control.h"
 #include "tchar.h"
+#include "unicode.h"
 #include "window.h"
 
 namespace headless
@@ -62,8 +63,7 @@ void EnsureSystemClasses()
     info.lpfnWndProc = DefDlgProcW;
     info.cbWndExtra = DLGWINDOWEXTRA;
     AddClass(info, u"#32770", DialogAtom);
-    RegisterStandardControls();
-    RegisterCommonControls();
+    RegisterControls();
     registeringSystemClasses = false;
 }
 }  // namespace
@@ -160,9 +160,7 @@ int WINAPI GetClassNameW(HWND window, LPWSTR className, int size)
     {
         return 0;
     }
-    const std::size_t length = found->windowClass->name.copy(className, static_cast<std::size_t>(size) - 1);
-    className[length] = 0;
-    return static_cast<int>(length);
+    return static_cast<int>(CopyText(className, static_cast<std::size_t>(size), found->windowClass->name));
 }
 
 UINT WINAPI RealGetWindowClassW(HWND window, LPWSTR className, UINT size)

@@ -1,6 +1,7 @@
 // What a window carries: its numbers, text, properties and procedure.
 #include <cstring>
 
+#include "unicode.h"
 #include "window.h"
 
 using namespace headless;
@@ -212,9 +213,7 @@ int WINAPI InternalGetWindowText(HWND window, LPWSTR text, int size)
     {
         return 0;
     }
-    const std::size_t length = found->text.copy(text, static_cast<std::size_t>(size) - 1);
-    text[length] = 0;
-    return static_cast<int>(length);
+    return static_cast<int>(CopyText(text, static_cast<std::size_t>(size), found->text));
 }
 
 BOOL WINAPI SetPropW(HWND window, LPCWSTR name, HANDLE data)

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "commctrl.h"
-#include "control_object.h"
+#include "control.h"
 #include "fault.h"
+#include "unicode.h"
 
 namespace headless
 {
@@ -42,12 +43,12 @@ bool HasParam(const TTTOOLINFOW& info)
     return info.cbSize >= TTTOOLINFOW_V2_SIZE;
 }
 
-class ToolTips
+class ToolTips : public Control
 {
 public:
-    explicit ToolTips(HWND window) : m_window(window) { SetTimes(-1); }
+    explicit ToolTips(HWND window) : Control(window) { SetTimes(-1); }
 
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam)
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (NeedsRecord(message))
         {
@@ -58,16 +59,11 @@ public:
         switch (message)
         {
         case WM_CREATE:
-            SetWindowLongPtrW(m_window, GWL_EXSTYLE,
-                              GetWindowLongPtrW(m_window, GWL_EXSTYLE) | WS_EX_TOOLWINDOW);
+            SetWindowLongPtrW(Window(), GWL_EXSTYLE,
+                              GetWindowLongPtrW(Window(), GWL_EXSTYLE) | WS_EX_TOOLWINDOW);
             return 0;
         case WM_NCHITTEST:
             return HTTRANSPARENT;
-        case WM_SETFONT:
-            m_font = wParam;
-            return 0;
-        case WM_GETFONT:
-            return static_cast<LRESULT>(m_font);
         case TTM_GETTOOLCOUNT:
             return static_cast<LRESULT>(m_tools.size());
         case TTM_SETMAXTIPWIDTH:
@@ -85,7 +81,7 @@ public:
         case TTM_UPDATE:
             return 0;
         default:
-            return DefWindowProcW(m_window, message, wParam, lParam);
+            return Control::Handle(message, wParam, lParam);
         }
     }
 
@@ -219,9 +215,7 @@ private:
         }
     }
 
-    HWND m_window;
     std::vector<Tool> m_tools;
-    WPARAM m_font = 0;
     int m_maxWidth = -1;
     int m_initial = 0;
     int m_reshow = 0;
@@ -231,6 +225,6 @@ private:
 
 void RegisterToolTips()
 {
-    RegisterObject<ToolTips>(TOOLTIPS_CLASSW);
+    RegisterControl<ToolTips>(TOOLTIPS_CLASSW);
 }
 }  // namespace headless

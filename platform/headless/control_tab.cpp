@@ -3,7 +3,8 @@
 #include <vector>
 
 #include "commctrl.h"
-#include "control_object.h"
+#include "control.h"
+#include "unicode.h"
 
 namespace headless
 {
@@ -22,25 +23,20 @@ struct Tab
     LPARAM param = 0;
 };
 
-class TabControl
+class TabControl : public Control
 {
 public:
-    explicit TabControl(HWND window) : m_window(window) {}
+    using Control::Control;
 
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam)
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         const int index = static_cast<int>(wParam);
         switch (message)
         {
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
-        case WM_SETFONT:
-            m_font = wParam;
-            return 0;
-        case WM_GETFONT:
-            return static_cast<LRESULT>(m_font);
         case WM_LBUTTONDOWN:
-            return Click({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+            return Click({MouseX(lParam), MouseY(lParam)});
         case WM_KEYDOWN:
             return Key(wParam);
         case TCM_GETITEMCOUNT:
@@ -72,7 +68,7 @@ public:
         case TCM_ADJUSTRECT:
             return Adjust(wParam != 0, reinterpret_cast<RECT*>(lParam));
         default:
-            return DefWindowProcW(m_window, message, wParam, lParam);
+            return Control::Handle(message, wParam, lParam);
         }
     }
 
@@ -203,7 +199,7 @@ private:
     // False if the parent's handler destroyed the control, and with it this object.
     bool Notify(UINT code, LRESULT* answer)
     {
-        const HWND window = m_window;
+        const HWND window = Window();
         NMHDR header = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)), code};
         *answer =
             SendMessageW(GetParent(window), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
@@ -236,7 +232,7 @@ private:
             // Only a click on the tab that is selected already takes the focus out of the page.
             if (index == m_selected)
             {
-                SetFocus(m_window);
+                SetFocus(Window());
             }
             else
             {
@@ -269,15 +265,13 @@ private:
         return 0;
     }
 
-    HWND m_window;
     std::vector<Tab> m_tabs;
-    WPARAM m_font = 0;
     int m_selected = -1;
 };
 }  // namespace
 
 void RegisterTabControl()
 {
-    RegisterObject<TabControl>(WC_TABCONTROLW);
+    RegisterControl<TabControl>(WC_TABCONTROLW);
 }
 }  // namespace headless
