@@ -14,10 +14,10 @@ namespace
 constexpr size_t MaximumSize = size_t{400} * 1024;
 
 // Windows takes each of these from its own folders even where a file of that name lies beside the program; of
-// comctl32 that holds by the manifest.
-const std::set<std::string> SystemLibraries = {"advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",
-                                               "kernel32.dll", "msvcrt.dll",   "ole32.dll",    "rpcrt4.dll",
-                                               "shell32.dll",  "user32.dll"};
+// comctl32 that holds by the manifest. The shell is not among them: it is loaded when it is first called.
+const std::set<std::string> SystemLibraries = {"advapi32.dll", "comctl32.dll", "comdlg32.dll",
+                                               "gdi32.dll",    "kernel32.dll", "msvcrt.dll",
+                                               "ole32.dll",    "rpcrt4.dll",   "user32.dll"};
 
 std::string ReadProgram()
 {
