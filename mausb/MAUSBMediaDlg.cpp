@@ -29,7 +29,7 @@ constexpr BYTE SnapIdBase = 16;
 
 // Only from the control to the member: the page itself shows the number in its base. An empty edit is 0; a
 // text that begins with no hexadecimal digit fails the exchange without a word. A number with the top bit set
-// is shown with sixteen digits: all are scanned, and 32 bits of them kept.
+// is shown with sixteen digits: the runtime's own scan keeps the last eight, that of mingw-w64 would not.
 void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
@@ -38,13 +38,13 @@ void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
         return;
     }
     TCHAR text[64] = {};
-    GetWindowTextW(control, text, 64);
-    ULONGLONG number = 0;
-    if (text[0] != 0 && _stscanf(text, _T("%llx"), &number) != 1)
+    const int length = GetWindowTextW(control, text, 64);
+    UINT number = 0;
+    if (length > 0 && _sntscanf(text, length, _T("%x"), &number) != 1)
     {
         pDX->Fail();
     }
-    value = static_cast<UINT>(number);
+    value = number;
 }
 
 template <size_t Count>

@@ -233,45 +233,6 @@ void SkipBlanks(LPCTSTR* text)
     }
 }
 
-// Reads what strtol would, but no more than width characters, and takes a lone "0x" for 0.
-bool ScanNumber(LPCTSTR* text, int base, std::size_t width, std::uint64_t* value, bool isSigned, Size size)
-{
-    std::u16string digits(*text, _tcsnlen(*text, width));
-    LPTSTR end = nullptr;
-    if (size == Size::Wide)
-    {
-        *value = _tcstoui64(digits.c_str(), &end, base);
-    }
-    else
-    {
-        *value = isSigned ? static_cast<std::uint64_t>(std::int64_t{_tcstol(digits.c_str(), &end, base)})
-                          : _tcstoul(digits.c_str(), &end, base);
-    }
-    auto used = static_cast<std::size_t>(end - digits.c_str());
-    if (used > 0 && base == 16 && digits[used - 1] == u'0' && (digits[used] | 0x20) == u'x' && *value == 0)
-    {
-        ++used;
-    }
-    *text += used;
-    return used > 0;
-}
-
-int NumberBase(TCHAR kind)
-{
-    switch (kind)
-    {
-    case u'd':
-    case u'u':
-        return 10;
-    case u'x':
-    case u'X':
-        return 16;
-    case u'o':
-        return 8;
-    default:
-        return kind == u'i' ? 0 : -1;
-    }
-}
 }  // namespace
 
 int _vsctprintf(LPCTSTR format, va_list arguments)
@@ -332,57 +293,37 @@ int _stprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...)
     return length;
 }
 
-int _stscanf(LPCTSTR text, LPCTSTR format, ...)
+int _sntscanf(LPCTSTR text, size_t size, LPCTSTR format, ...)
 {
-    va_list list;
-    va_start(list, format);
-    Arguments arguments(list);
-    va_end(list);
-    LPCTSTR start = text;
-    int converted = 0;
-    while (*format != 0)
+    if (_tcscmp(format, u"%x") != 0)
     {
-        if (_istspace(*format))
-        {
-            SkipBlanks(&format);
-            SkipBlanks(&text);
-            continue;
-        }
-        if (*format != u'%' || format[1] == u'%')
-        {
-            format += *format == u'%' ? 1 : 0;
-            if (*text != *format)
-            {
-                break;
-            }
-            ++text;
-            ++format;
-            continue;
-        }
-        ++format;
-        int width = ReadCount(&format, arguments);
-        SizeMark size = ReadSize(&format);
-        TCHAR kind = *format;
-        format += kind != 0 ? 1 : 0;
-        if (kind == u'n')
-        {
-            arguments.StoreNumber(size.size, static_cast<std::uint64_t>(text - start));
-            continue;
-        }
-        SkipBlanks(&text);
-        if (*text == 0)
-        {
-            return converted > 0 ? converted : EOF;
-        }
-        int base = NumberBase(kind);
-        std::uint64_t value = 0;
-        std::size_t limit = width > 0 ? static_cast<std::size_t>(width) : SIZE_MAX;
-        if (base < 0 || !ScanNumber(&text, base, limit, &value, kind == u'd' || kind == u'i', size.size))
-        {
-            break;
-        }
-        arguments.StoreNumber(size.size, value);
-        ++converted;
+        std::abort();
     }
-    return converted;
+    const std::u16string input(text, _tcsnlen(text, size));
+    LPCTSTR at = input.c_str();
+    SkipBlanks(&at);
+    if (*at == 0)
+    {
+        return EOF;
+    }
+    const bool isNegative = *at == u'-';
+    at += isNegative || *at == u'+' ? 1 : 0;
+    if (!Skip(&at, u"0x"))
+    {
+        Skip(&at, u"0X");
+    }
+    if (!_istxdigit(*at))
+    {
+        return 0;
+    }
+    unsigned number = 0;
+    for (; _istxdigit(*at); ++at)
+    {
+        number = number << 4 | static_cast<unsigned>(_istdigit(*at) ? *at - u'0' : (*at & 0x5F) - u'A' + 10);
+    }
+    va_list arguments;
+    va_start(arguments, format);
+    *va_arg(arguments, unsigned*) = isNegative ? 0 - number : number;
+    va_end(arguments);
+    return 1;
 }

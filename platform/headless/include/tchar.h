@@ -49,9 +49,9 @@ int _vstprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments);
 // The length that the text would have, without the terminator.
 int _sctprintf(LPCTSTR format, ...);
 int _vsctprintf(LPCTSTR format, va_list arguments);
-// Conversions: d i u x X o n %, with width and the sizes hh h l ll, and plain characters. Returns the number
-// of items converted, or EOF when the text ends before the first.
-int _stscanf(LPCTSTR text, LPCTSTR format, ...);
+// Conversion: "%x" alone, of at most size characters, into 32 bits; more digits push the first ones out. Returns
+// the number of items converted, or EOF when the text ends before the first.
+int _sntscanf(LPCTSTR text, size_t size, LPCTSTR format, ...);
 
 int _istdigit(_TINT character);
 int _istxdigit(_TINT character);
