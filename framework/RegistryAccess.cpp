@@ -1,5 +1,7 @@
 #include "framework/RegistryAccess.h"
 
+#include "framework/ProductId.h"
+
 #include <algorithm>
 #include <cstring>
 #include <memory>
@@ -57,14 +59,14 @@ bool ReadRegistryString(const WideString& key, const WideString& name, WideStrin
     {
         return false;
     }
-    // Twice the room that the size asks for: the value may end in half a character or without a terminator.
+    // Room for a terminator behind the last byte, which may be half a character; the other half is then 0.
     const auto buffer = std::make_unique<TCHAR[]>(static_cast<size_t>(size) + 1);
     if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(buffer.get()),
                          &size) != ERROR_SUCCESS)
     {
         return false;
     }
-    buffer[size / sizeof(TCHAR)] = 0;
+    std::memset(reinterpret_cast<BYTE*>(buffer.get()) + size, 0, sizeof(TCHAR));
     text = buffer.get();
     return true;
 }
@@ -74,6 +76,11 @@ bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR 
     const LPCTSTR stored = text != nullptr ? text : _T("");
     const size_t length = std::char_traits<TCHAR>::length(stored);
     return WriteValueBytes(key, name, REG_SZ, stored, (length + 1) * sizeof(TCHAR));
+}
+
+void MakeProductKeyPath(WideString& path, const ProductId& product)
+{
+    path = WideString(FamilyRoot) + _T("\\") + product;
 }
 
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)

@@ -66,8 +66,3 @@ bool IsProductInstalled(const ProductId& product)
     const auto entry = InstalledProductMap.find(product);
     return entry != InstalledProductMap.end() && entry->second != 0;
 }
-
-void MakeProductKeyPath(WideString& path, const ProductId& product)
-{
-    path = WideString(FamilyRoot) + _T("\\") + product;
-}
