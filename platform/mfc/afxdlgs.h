@@ -72,6 +72,8 @@ protected:
     BOOL OnCmdMsg(UINT nID, UINT nCode) override;
 
 private:
+    void RestoreFocus();
+
     CString m_strCaption;
     CWnd* m_pParentWnd;
     std::vector<CPropertyPage*> m_pages;

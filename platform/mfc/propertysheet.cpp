@@ -68,6 +68,15 @@ BOOL CPropertySheet::ContinueModal()
     return CWnd::ContinueModal() && m_hWnd != nullptr && SendMessage(PSM_GETCURRENTPAGEHWND) != 0;
 }
 
+// Apply disables itself, and the focus that its click gave it is then nowhere: no key would reach the sheet.
+void CPropertySheet::RestoreFocus()
+{
+    if (m_hWnd != nullptr && GetFocus() == nullptr && GetActiveWindow() == m_hWnd)
+    {
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(::GetDlgItem(m_hWnd, IDOK)), TRUE);
+    }
+}
+
 LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
@@ -77,9 +86,11 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         CenterWindow();
         break;
     case WM_COMMAND:
+    case PSM_PRESSBUTTON:
+        RestoreFocus();
+        [[fallthrough]];
     case WM_SYSCOMMAND:
     case WM_CLOSE:
-    case PSM_PRESSBUTTON:
         // Any of these may have closed the sheet, and one that was sent does not wake the modal loop.
         PostMessageW(m_hWnd, WM_NULL, 0, 0);
         break;

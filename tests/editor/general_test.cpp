@@ -97,6 +97,7 @@ TEST_F(GeneralTest, EditsAreAppliedAndCancelDropsLaterOnes)
             EXPECT_FALSE(KeyExists(BenchKey));
             sheet.Apply();
             EXPECT_FALSE(sheet.CanApply());
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
             EXPECT_EQ(StoredValues(BenchKey),
                       (Values{{Mode, Dword(1)}, {Verbosity, Dword(1)}, {UpdateTime, Dword(1250)}}));
             sheet.Click(IdMode);
@@ -133,10 +134,13 @@ TEST_F(GeneralTest, EmptiedNumberPromptsAndHoldsThePage)
     RunEditor(
         [&prompts](Sheet& sheet)
         {
+            sheet.Click(IdMode);
+            sheet.Click(IdMode);
+            EXPECT_TRUE(sheet.CanApply());
             ExpectPrompt(&prompts);
             sheet.Empty(IdUpdateTime);
             EXPECT_EQ(prompts, 1);
-            EXPECT_FALSE(sheet.CanApply());
+            EXPECT_FALSE(sheet.CanApply()) << "the member has not changed";
             // Neither OK nor another way out: the number is missing still.
             ExpectPrompt(&prompts);
             sheet.Ok();
