@@ -23,6 +23,7 @@ public:
 
     int number = 300;
     bool hasTip = true;
+    bool marksItself = false;
 
 protected:
     void DoDataExchange(CDataExchange* pDX) override
@@ -48,6 +49,10 @@ protected:
     {
         Note("states");
         EXPECT_EQ(Form(m_hWnd).TextOf(IDC_DISPLAY_UPDATE_TIME), _T("250"));
+        if (marksItself)
+        {
+            SetModified();
+        }
     }
 
 private:
@@ -85,6 +90,15 @@ void RunSheet(NotedPage& first, NotedPage& second, const std::function<void(Shee
 void Turn(const Sheet& sheet, WPARAM page)
 {
     SendMessageW(sheet.Window(), PSM_SETCURSEL, page, 0);
+}
+
+WNDPROC tipProcedure;
+int relayed;
+
+LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    relayed += message == TTM_RELAYEVENT ? 1 : 0;
+    return CallWindowProcW(tipProcedure, tips, message, wParam, lParam);
 }
 
 using Steps = std::vector<std::string>;
@@ -176,7 +190,26 @@ TEST(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent)
              });
 }
 
-TEST(LifecycleTest, TipsWrapAndStay)
+// The common control knows nothing of a page whose dialog is being made.
+TEST(LifecycleTest, MarkOfAPageBeingCreatedStays)
+{
+    NotedPage first("1");
+    NotedPage second("2");
+    first.marksItself = true;
+    second.marksItself = true;
+    RunSheet(first, second,
+             [&](Sheet& sheet)
+             {
+                 EXPECT_TRUE(sheet.CanApply());
+                 Turn(sheet, 1);
+                 first.SetModified(FALSE);
+                 EXPECT_TRUE(sheet.CanApply());
+                 second.SetModified(FALSE);
+                 EXPECT_FALSE(sheet.CanApply());
+             });
+}
+
+TEST(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets)
 {
     NotedPage first("1");
     NotedPage second("2");
@@ -190,6 +223,15 @@ TEST(LifecycleTest, TipsWrapAndStay)
             ASSERT_NE(tips, nullptr);
             EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
             EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
+            tipProcedure = reinterpret_cast<WNDPROC>(
+                SetWindowLongPtrW(tips, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountRelays)));
+            relayed = 0;
+            MSG move = {};
+            move.hwnd = sheet.Control(IDC_DISPLAY_UPDATE_TIME);
+            move.message = WM_MOUSEMOVE;
+            EXPECT_FALSE(CWnd::FromHandlePermanent(sheet.Page())->PreTranslateMessage(&move));
+            EXPECT_EQ(relayed, 1);
+            SetWindowLongPtrW(tips, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(tipProcedure));
             const int count = CountTipControls();
             Turn(sheet, 1);
             EXPECT_EQ(CountTipControls(), count + 1) << "made although nothing has a tip";

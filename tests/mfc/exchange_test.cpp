@@ -63,6 +63,16 @@ BEGIN_MESSAGE_MAP(Panel, CWnd)
     ON_CONTROL_RANGE(EN_CHANGE, IdNumber, IdText, &Panel::OnChange)
 END_MESSAGE_MAP()
 
+// A window that sees what the modal loop is about to dispatch.
+template <class Window>
+class Watched : public Window
+{
+public:
+    std::function<BOOL(const MSG*)> onMessage;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override { return onMessage(pMsg); }
+};
+
 // Saves one number from the text; false if it was refused, which takes a prompt.
 template <class Number>
 bool Save(Panel& panel, LPCTSTR text, Number& number, bool promptExpected)
@@ -251,4 +261,27 @@ TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
     const HWND window = owned->m_hWnd;
     owned.reset();
     EXPECT_FALSE(IsWindow(window)) << "an object takes its window along";
+}
+
+TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
+{
+    Watched<Panel> panel;
+    Watched<CEdit> edit;
+    edit.SubclassWindow(panel.Controls().Control(IdText));
+    std::vector<const CWnd*> seen;
+    const auto watch = [&](const CWnd& window, const MSG* message)
+    {
+        if (message->message == WM_CHAR)
+        {
+            seen.push_back(&window);
+            panel.EndModalLoop(3);
+        }
+        return message->message == WM_CHAR && &window == &panel;
+    };
+    edit.onMessage = [&](const MSG* message) { return watch(edit, message); };
+    panel.onMessage = [&](const MSG* message) { return watch(panel, message); };
+    PostMessageW(edit.m_hWnd, WM_CHAR, _T('a'), 1);
+    EXPECT_EQ(panel.RunModalLoop(), 3);
+    EXPECT_EQ(seen, (std::vector<const CWnd*>{&edit, &panel}));
+    EXPECT_EQ(panel.changes, 0) << "a message that was taken is not dispatched";
 }
