@@ -34,11 +34,11 @@ need()
     command -v apt-get >/dev/null ||
         die "This needs Debian's apt-get to install ${missing[*]}; use a Debian 12 machine."
     [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
-        die "The packages ${missing[*]} are missing; install them as root, or run this as root."
+        die "Packages are missing, and only root can install them: apt-get install --no-install-recommends ${missing[*]}"
     say "Installing ${missing[*]}"
     as_root apt-get update -q || true
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}" ||
-        die "The packages ${missing[*]} could not be installed; see apt-get's message above."
+        die "The packages ${missing[*]} could not be installed; see the messages above."
 }
 
 # Configures the preset where that is still to be done, and builds the targets (all of them, if none is named).
@@ -47,7 +47,7 @@ build()
     local preset=$1
     shift
     if [ ! "build/$preset/configured" -nt CMakePresets.json ]; then
-        cmake --preset "$preset" -Wno-dev
+        cmake --preset "$preset" -Wno-dev || return
         : > "build/$preset/configured"
     fi
     cmake --build "build/$preset" ${1:+--target "$@"}
@@ -83,6 +83,7 @@ wine_prefix()
     mkdir -p "$root/build/wine"
     wine_used=1
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
+        say "Setting up Wine in ${WINEPREFIX#"$root"/}"
         # Debian's Wine does not look for its own fonts where the package of them puts them.
         mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
         cp /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts"
