@@ -206,6 +206,11 @@ TEST(LifecycleTest, MarkOfAPageBeingCreatedStays)
                  EXPECT_TRUE(sheet.CanApply());
                  second.SetModified(FALSE);
                  EXPECT_FALSE(sheet.CanApply());
+                 // Once applied, a mark does not come back with its page.
+                 first.SetModified(TRUE);
+                 sheet.Apply();
+                 Turn(sheet, 0);
+                 EXPECT_FALSE(sheet.CanApply());
              });
 }
 

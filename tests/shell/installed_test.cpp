@@ -31,8 +31,10 @@ void ExpectErrorBox()
                              _T("have UAC turned off."));
                    box.Click(IDOK);
                });
-    g_dwInstanceMutexError = ERROR_SUCCESS;
+    // A mutex that could not be made at all marks no other instance.
+    g_dwInstanceMutexError = ERROR_ACCESS_DENIED;
     EXPECT_FALSE(AfxGetApp()->InitInstance());
+    g_dwInstanceMutexError = ERROR_SUCCESS;
     EXPECT_TRUE(seen);
     EndWaits();
 }

@@ -68,7 +68,11 @@ std::map<int, Text> TipsOf(HWND dialog)
         TCHAR text[1024] = {};
         tool.lpszText = text;
         SendMessageW(control, TTM_GETTEXTW, 1024, reinterpret_cast<LPARAM>(&tool));
-        tips[GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId))] = text;
+        // A tool that is not its window shows its tip nowhere: none here has a rectangle.
+        if ((tool.uFlags & TTF_IDISHWND) != 0)
+        {
+            tips[GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId))] = text;
+        }
     }
     return tips;
 }
