@@ -21,28 +21,27 @@ const Browser Browsers[] = {
     {1052, 1051, u"inf", 1038, u"net2280"},  {1049, 1048, u"hex", 1048, u""},
 };
 
-class BrowseRequestTest : public HostPagesTest
+class BrowseRequestTest : public SettingsTest
 {
 protected:
     void SetUp() override
     {
-        HostPagesTest::SetUp();
-        InstallAllTools();
+        SettingsTest::SetUp();
+        InstallTools(AllTools);
     }
 
     // Runs the script with the page in front for each button.
     static void ForEachButton(const std::function<void(const Sheet&, const Browser&)>& script)
     {
-        RunEditor(
-            [&script](const Sheet& sheet)
-            {
-                ASSERT_TRUE(sheet.Select(DriversTab));
-                for (const Browser& browser : Browsers)
-                {
-                    SCOPED_TRACE(browser.button);
-                    script(sheet, browser);
-                }
-            });
+        RunOnTab(tabs::Drivers,
+                 [&script](const Sheet& sheet)
+                 {
+                     for (const Browser& browser : Browsers)
+                     {
+                         SCOPED_TRACE(browser.button);
+                         script(sheet, browser);
+                     }
+                 });
     }
 
     static const headless::FileDialogRequest& Browse(const Sheet& sheet, const Browser& browser,

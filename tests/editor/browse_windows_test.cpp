@@ -8,7 +8,6 @@ namespace
 constexpr int IdPath = 1034;
 constexpr int IdBrowse = 1035;
 constexpr int IdFirmwareBrowse = 1049;
-const Text PathKey = _T("SOFTWARE\\Ostrel\\ehci_driver");
 
 // A folder for the test alone, with a driver's file in it and in the folder that Browse starts in.
 class DriverFolder
@@ -93,12 +92,12 @@ void Answer(const Text& file, int button)
                });
 }
 
-class BrowseTest : public HostPagesTest
+class BrowseTest : public SettingsTest
 {
 protected:
     void SetUp() override
     {
-        HostPagesTest::SetUp();
+        SettingsTest::SetUp();
         InstallTools({AlderQB});
     }
 
@@ -108,40 +107,38 @@ protected:
 
 TEST_F(BrowseTest, FolderOfTheChosenFileIsSavedByOkThoughApplyStaysDisabled)
 {
-    RunEditor(
-        [this](const Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(DriversTab));
-            Answer(folder.Path() + DriverFolder::File, IDCANCEL);
-            sheet.Click(IdBrowse);
-            EXPECT_EQ(sheet.TextOf(IdPath), _T(""));
-            Answer(folder.Path() + DriverFolder::File, IDOK);
-            sheet.Click(IdBrowse);
-            EXPECT_EQ(sheet.TextOf(IdPath), folder.Path());
-            EXPECT_FALSE(sheet.CanApply());
-            // A name alone is one in the folder that the dialog starts in.
-            Answer(DriverFolder::File, IDOK);
-            sheet.Click(IdBrowse);
-            EXPECT_EQ(sheet.TextOf(IdPath), folder.Start());
-            EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
-            sheet.Ok();
-        });
-    EXPECT_EQ(Stored(PathKey, _T("Path")), Sz(folder.Start().c_str()));
+    RunOnTab(tabs::Drivers,
+             [this](const Sheet& sheet)
+             {
+                 Answer(folder.Path() + DriverFolder::File, IDCANCEL);
+                 sheet.Click(IdBrowse);
+                 EXPECT_EQ(sheet.TextOf(IdPath), _T(""));
+                 Answer(folder.Path() + DriverFolder::File, IDOK);
+                 sheet.Click(IdBrowse);
+                 EXPECT_EQ(sheet.TextOf(IdPath), folder.Path());
+                 EXPECT_FALSE(sheet.CanApply());
+                 // A name alone is one in the folder that the dialog starts in.
+                 Answer(DriverFolder::File, IDOK);
+                 sheet.Click(IdBrowse);
+                 EXPECT_EQ(sheet.TextOf(IdPath), folder.Start());
+                 EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
+                 sheet.Ok();
+             });
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(folder.Start().c_str()));
 }
 
 TEST_F(BrowseTest, FirmwareIsAHexFile)
 {
-    RunEditor(
-        [](const Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(DriversTab));
-            WhenOpened(_T("Open"),
-                       [](const Form& dialog)
-                       {
-                           EXPECT_EQ(Form(Descendant(dialog.Window(), _T("Edit"))).Title(), _T("*.hex"));
-                           dialog.Click(IDCANCEL);
-                       });
-            sheet.Click(IdFirmwareBrowse);
-            EXPECT_FALSE(sheet.CanApply());
-        });
+    RunOnTab(tabs::Drivers,
+             [](const Sheet& sheet)
+             {
+                 WhenOpened(_T("Open"),
+                            [](const Form& dialog)
+                            {
+                                EXPECT_EQ(Form(Descendant(dialog.Window(), _T("Edit"))).Title(), _T("*.hex"));
+                                dialog.Click(IDCANCEL);
+                            });
+                 sheet.Click(IdFirmwareBrowse);
+                 EXPECT_FALSE(sheet.CanApply());
+             });
 }

@@ -20,14 +20,10 @@ struct Stack
 const std::vector<Stack>& Stacks()
 {
     static const std::vector<Stack> stacks = {
-        {1041, 1032, 1033, 1034, 1035, HazelQB, _T("SOFTWARE\\Ostrel\\ehci_driver"),
-         _T("EnableEhciStackSwitcher")},
-        {1040, 1036, 1037, 1038, 1039, KauriQB, _T("SOFTWARE\\Ostrel\\xhci_driver"),
-         _T("EnableXhciStackSwitcher")},
-        {1044, 1045, 1046, 1053, 1054, CedarQB, _T("SOFTWARE\\Halvane\\Drivers\\usb4hi"),
-         _T("EnableUsb4HiStackSwitcher")},
-        {1199, 1200, 1201, 1202, 1203, CedarQB, _T("SOFTWARE\\Halvane\\Drivers\\rvsk"),
-         _T("EnableRvskStackSwitcher")},
+        {1041, 1032, 1033, 1034, 1035, HazelQB, keys::EhciDriver, _T("EnableEhciStackSwitcher")},
+        {1040, 1036, 1037, 1038, 1039, KauriQB, keys::XhciDriver, _T("EnableXhciStackSwitcher")},
+        {1044, 1045, 1046, 1053, 1054, CedarQB, keys::Usb4Driver, _T("EnableUsb4HiStackSwitcher")},
+        {1199, 1200, 1201, 1202, 1203, CedarQB, keys::RvskDriver, _T("EnableRvskStackSwitcher")},
     };
     return stacks;
 }
@@ -39,20 +35,9 @@ void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled)
         EXPECT_EQ(sheet.IsEnabled(control), enabled) << control;
     }
 }
-
-// Runs the editor with the page in front.
-void RunOnPage(const std::function<void(const Sheet&)>& script)
-{
-    RunEditor(
-        [&script](const Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(DriversTab));
-            script(sheet);
-        });
-}
 }  // namespace
 
-using DriversAndFirmwareTest = HostPagesTest;
+using DriversAndFirmwareTest = SettingsTest;
 
 TEST_F(DriversAndFirmwareTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole)
 {
@@ -60,22 +45,22 @@ TEST_F(DriversAndFirmwareTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole)
     {
         SCOPED_TRACE(Printable(tool));
         InstallTools({tool});
-        RunOnPage(
-            [&tool](const Sheet& sheet)
-            {
-                for (const Stack& stack : Stacks())
-                {
-                    SCOPED_TRACE(stack.group);
-                    const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
-                    EXPECT_EQ(sheet.IsEnabled(stack.group), needed);
-                    EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
-                    ExpectPathEnabled(sheet, stack, needed);
-                }
-                for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
-                {
-                    EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
-                }
-            });
+        RunOnTab(tabs::Drivers,
+                 [&tool](const Sheet& sheet)
+                 {
+                     for (const Stack& stack : Stacks())
+                     {
+                         SCOPED_TRACE(stack.group);
+                         const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
+                         EXPECT_EQ(sheet.IsEnabled(stack.group), needed);
+                         EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
+                         ExpectPathEnabled(sheet, stack, needed);
+                     }
+                     for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
+                     {
+                         EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
+                     }
+                 });
     }
 }
 
@@ -90,26 +75,26 @@ TEST_F(DriversAndFirmwareTest, SwitchTurnedOffDisablesItsPathAndKeepsIt)
     for (const Stack& stack : Stacks())
     {
         SCOPED_TRACE(Printable(stack.switchName));
-        RunOnPage(
-            [&](const Sheet& sheet)
-            {
-                sheet.Click(stack.enableSwitcher);
-                for (const Stack& other : Stacks())
-                {
-                    const bool isOff = sheet.CheckOf(other.enableSwitcher) == BST_UNCHECKED;
-                    EXPECT_EQ(isOff, &other <= &stack) << "those of earlier runs, and this";
-                    ExpectPathEnabled(sheet, other, !isOff);
-                    EXPECT_TRUE(sheet.IsEnabled(other.group));
-                    EXPECT_TRUE(sheet.IsEnabled(other.enableSwitcher));
-                    EXPECT_EQ(sheet.TextOf(other.path), folder);
-                }
-                sheet.Click(stack.enableSwitcher);
-                ExpectPathEnabled(sheet, stack, true);
-                sheet.Click(stack.enableSwitcher);
-                ExpectPathEnabled(sheet, stack, false);
-                sheet.Ok();
-            });
-        EXPECT_EQ(Stored(TestServices, stack.switchName), Dword(0));
+        RunOnTab(tabs::Drivers,
+                 [&](const Sheet& sheet)
+                 {
+                     sheet.Click(stack.enableSwitcher);
+                     for (const Stack& other : Stacks())
+                     {
+                         const bool isOff = sheet.CheckOf(other.enableSwitcher) == BST_UNCHECKED;
+                         EXPECT_EQ(isOff, &other <= &stack) << "those of earlier runs, and this";
+                         ExpectPathEnabled(sheet, other, !isOff);
+                         EXPECT_TRUE(sheet.IsEnabled(other.group));
+                         EXPECT_TRUE(sheet.IsEnabled(other.enableSwitcher));
+                         EXPECT_EQ(sheet.TextOf(other.path), folder);
+                     }
+                     sheet.Click(stack.enableSwitcher);
+                     ExpectPathEnabled(sheet, stack, true);
+                     sheet.Click(stack.enableSwitcher);
+                     ExpectPathEnabled(sheet, stack, false);
+                     sheet.Ok();
+                 });
+        EXPECT_EQ(Stored(keys::TestServices, stack.switchName), Dword(0));
         EXPECT_EQ(Stored(stack.pathKey, _T("Path")), Sz(folder.c_str()));
     }
 }
@@ -118,21 +103,21 @@ TEST_F(DriversAndFirmwareTest, PathsOfAnyTypeAndLengthBecomeText)
 {
     const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
     InstallTools({CedarQB});
-    Store(TestServices, _T("HSComplianceDeviceDriverPath"), {REG_EXPAND_SZ, {'%', 0, 'W', 0, '%', 0}});
+    Store(keys::TestServices, _T("HSComplianceDeviceDriverPath"), {REG_EXPAND_SZ, {'%', 0, 'W', 0, '%', 0}});
     Store(Stacks()[2].pathKey, _T("Path"), Sz(longPath.c_str()));
     Store(Stacks()[3].pathKey, _T("Path"), Dword('R'));
-    RunOnPage(
-        [&longPath](const Sheet& sheet)
-        {
-            EXPECT_EQ(sheet.TextOf(1051), _T("%W%"));
-            EXPECT_EQ(sheet.TextOf(1053), longPath);
-            EXPECT_EQ(sheet.TextOf(1202), _T("R"));
-            SendMessageW(sheet.Control(1053), EM_SETSEL, longPath.size(),
-                         static_cast<LPARAM>(longPath.size()));
-            sheet.Type(1053, _T("\\y"));
-            sheet.Ok();
-        });
-    EXPECT_EQ(Stored(TestServices, _T("HSComplianceDeviceDriverPath")), Sz(_T("%W%")));
+    RunOnTab(tabs::Drivers,
+             [&longPath](const Sheet& sheet)
+             {
+                 EXPECT_EQ(sheet.TextOf(1051), _T("%W%"));
+                 EXPECT_EQ(sheet.TextOf(1053), longPath);
+                 EXPECT_EQ(sheet.TextOf(1202), _T("R"));
+                 SendMessageW(sheet.Control(1053), EM_SETSEL, longPath.size(),
+                              static_cast<LPARAM>(longPath.size()));
+                 sheet.Type(1053, _T("\\y"));
+                 sheet.Ok();
+             });
+    EXPECT_EQ(Stored(keys::TestServices, _T("HSComplianceDeviceDriverPath")), Sz(_T("%W%")));
     EXPECT_EQ(Stored(Stacks()[2].pathKey, _T("Path")), Sz((longPath + _T("\\y")).c_str()));
     EXPECT_EQ(Stored(Stacks()[3].pathKey, _T("Path")), Sz(_T("R")));
 }

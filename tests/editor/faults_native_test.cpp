@@ -2,15 +2,15 @@
 // stored is stored.
 #include "headless.h"
 #include "support/form.h"
+#include "support/settings_test.h"
 #include "support/tips.h"
 
 #include <afxwin.h>
 #include <commctrl.h>
-#include <gtest/gtest.h>
 
 namespace
 {
-class FaultsTest : public testing::Test
+class FaultsTest : public SettingsTest
 {
 protected:
     void SetUp() override
@@ -22,7 +22,7 @@ protected:
     void TearDown() override
     {
         headless::ClearFaults();
-        ClearSettings();
+        SettingsTest::TearDown();
     }
 
     // With nothing stored, so that what a save leaves out shows; but a missing identifier would be replaced
@@ -30,8 +30,8 @@ protected:
     static void StartAfresh()
     {
         ClearSettings();
-        InstallAllTools();
-        Store(_T("SOFTWARE\\Halvane\\KauriQB"), _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
+        InstallTools(AllTools);
+        Store(keys::Kauri, _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
     }
 };
 
@@ -39,7 +39,7 @@ void OpenAllPages(const Sheet& sheet)
 {
     for (const Text& tab : sheet.Tabs())
     {
-        EXPECT_TRUE(sheet.Select(tab.c_str())) << Printable(tab);
+        EXPECT_TRUE(sheet.Select(tab)) << Printable(tab);
     }
 }
 

@@ -1,21 +1,17 @@
 // General Settings and the road of an edit: from the registry to the page and back.
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 #include <cstdlib>
 
 namespace
 {
-const Text BenchKey = _T("SOFTWARE\\Halvane\\QuorvexBench");
 constexpr LPCTSTR Mode = _T("CertificationMode");
 constexpr LPCTSTR Verbosity = _T("QBLogVerbosity");
 constexpr LPCTSTR UpdateTime = _T("QBMinimumDisplayUpdateTime");
 constexpr int IdMode = 1006;
 constexpr int IdVerbosity = 1053;
 constexpr int IdUpdateTime = 1127;
-
-using Values = std::map<Text, StoredValue>;
 
 // getenv of the program is what is asked for, so it is the program's own variable that is set.
 void AllowDiagnostic(const char* value)
@@ -30,19 +26,19 @@ void AllowDiagnostic(const char* value)
 #endif
 }
 
-class GeneralTest : public testing::Test
+class GeneralTest : public SettingsTest
 {
 protected:
     void SetUp() override
     {
-        ClearSettings();
+        SettingsTest::SetUp();
         InstallTools({});
     }
 
     void TearDown() override
     {
         AllowDiagnostic(nullptr);
-        ClearSettings();
+        SettingsTest::TearDown();
     }
 };
 }  // namespace
@@ -52,8 +48,8 @@ TEST_F(GeneralTest, ShowsDefaultsAndStoresThemAllOnOk)
     RunEditor(
         [](Sheet& sheet)
         {
-            EXPECT_EQ(sheet.Title(), _T("Quorvex Bench Settings"));
-            EXPECT_EQ(sheet.Tabs(), std::vector<Text>{_T("General Settings")});
+            EXPECT_EQ(sheet.Title(), titles::Sheet);
+            EXPECT_EQ(sheet.Tabs(), std::vector<Text>{tabs::General});
             EXPECT_EQ(sheet.CheckOf(IdMode), BST_UNCHECKED);
             EXPECT_EQ(sheet.ItemsOf(IdVerbosity), (std::vector<Text>{_T("Quiet"), _T("Minimal"), _T("Low"),
                                                                      _T("Normal"), _T("Verbose")}));
@@ -63,17 +59,14 @@ TEST_F(GeneralTest, ShowsDefaultsAndStoresThemAllOnOk)
             sheet.Ok();
             EXPECT_FALSE(sheet.IsOpen());
         });
-    EXPECT_EQ(StoredValues(BenchKey),
+    EXPECT_EQ(StoredValues(keys::Bench),
               (Values{{Mode, Dword(0)}, {Verbosity, Dword(3)}, {UpdateTime, Dword(300)}}));
 }
 
 TEST_F(GeneralTest, ShowsAndRewritesWhatIsStored)
 {
     const Values stored = {{Mode, Dword(1)}, {Verbosity, Dword(0)}, {UpdateTime, Dword(0)}};
-    for (const auto& [name, value] : stored)
-    {
-        Store(BenchKey, name.c_str(), value);
-    }
+    Store(keys::Bench, stored);
     RunEditor(
         [](Sheet& sheet)
         {
@@ -82,7 +75,7 @@ TEST_F(GeneralTest, ShowsAndRewritesWhatIsStored)
             EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("0"));
             sheet.Ok();
         });
-    EXPECT_EQ(StoredValues(BenchKey), stored);
+    EXPECT_EQ(StoredValues(keys::Bench), stored);
 }
 
 TEST_F(GeneralTest, EditsAreAppliedAndCancelDropsLaterOnes)
@@ -94,16 +87,16 @@ TEST_F(GeneralTest, EditsAreAppliedAndCancelDropsLaterOnes)
             EXPECT_TRUE(sheet.CanApply());
             sheet.Pick(IdVerbosity, 1);
             sheet.Retype(IdUpdateTime, _T("1250"));
-            EXPECT_FALSE(KeyExists(BenchKey));
+            EXPECT_FALSE(KeyExists(keys::Bench));
             sheet.Apply();
             EXPECT_FALSE(sheet.CanApply());
             EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
-            EXPECT_EQ(StoredValues(BenchKey),
+            EXPECT_EQ(StoredValues(keys::Bench),
                       (Values{{Mode, Dword(1)}, {Verbosity, Dword(1)}, {UpdateTime, Dword(1250)}}));
             sheet.Click(IdMode);
             sheet.Cancel();
         });
-    EXPECT_EQ(Stored(BenchKey, Mode), Dword(1));
+    EXPECT_EQ(Stored(keys::Bench, Mode), Dword(1));
 }
 
 TEST_F(GeneralTest, MarkIsThatOfTheLastEvent)
@@ -116,8 +109,7 @@ TEST_F(GeneralTest, MarkIsThatOfTheLastEvent)
             sheet.Click(IdMode);
             EXPECT_TRUE(sheet.CanApply());
             // A leading zero changes the text and not the number.
-            SendMessageW(sheet.Control(IdUpdateTime), EM_SETSEL, 0, 0);
-            sheet.Type(IdUpdateTime, _T("0"));
+            sheet.TypeInFront(IdUpdateTime, _T("0"));
             EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("0300"));
             EXPECT_FALSE(sheet.CanApply());
             sheet.Pick(IdVerbosity, 2);
@@ -125,7 +117,7 @@ TEST_F(GeneralTest, MarkIsThatOfTheLastEvent)
             sheet.Pick(IdVerbosity, 2);
             EXPECT_FALSE(sheet.CanApply());
         });
-    EXPECT_FALSE(KeyExists(BenchKey));
+    EXPECT_FALSE(KeyExists(keys::Bench));
 }
 
 TEST_F(GeneralTest, EmptiedNumberPromptsAndHoldsThePage)
@@ -146,14 +138,14 @@ TEST_F(GeneralTest, EmptiedNumberPromptsAndHoldsThePage)
             sheet.Ok();
             EXPECT_EQ(prompts, 2);
             EXPECT_TRUE(sheet.IsOpen());
-            EXPECT_FALSE(KeyExists(BenchKey));
+            EXPECT_FALSE(KeyExists(keys::Bench));
             EXPECT_EQ(GetFocus(), sheet.Control(IdUpdateTime));
             // Digits only are taken, and the number comes back with them.
             sheet.Type(IdUpdateTime, _T("x-4 2"));
             EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("42"));
             sheet.Ok();
         });
-    EXPECT_EQ(Stored(BenchKey, UpdateTime), Dword(42));
+    EXPECT_EQ(Stored(keys::Bench, UpdateTime), Dword(42));
 }
 
 TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
@@ -172,7 +164,7 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
     {
         SCOPED_TRACE(testing::Message() << c.stored);
         AllowDiagnostic(c.variable);
-        Store(BenchKey, Verbosity, Dword(c.stored));
+        Store(keys::Bench, Verbosity, Dword(c.stored));
         // The variable is asked when the page is made, which is at start.
         RunEditor(
             [&c](Sheet& sheet)
@@ -181,15 +173,15 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
                 EXPECT_EQ(sheet.SelectionOf(IdVerbosity), c.shown);
                 sheet.Ok();
             });
-        EXPECT_EQ(Stored(BenchKey, Verbosity), Dword(c.saved));
+        EXPECT_EQ(Stored(keys::Bench, Verbosity), Dword(c.saved));
     }
 }
 
 TEST_F(GeneralTest, OtherTypesAndLengthsAreTakenAsBytesThatFit)
 {
-    Store(BenchKey, Mode, Sz(_T("")));                                    // two bytes, 0
-    Store(BenchKey, Verbosity, Binary({1}));                              // the low byte of the default, 3
-    Store(BenchKey, UpdateTime, Binary({0x10, 0x27, 0, 0, 0, 0, 0, 0}));  // too long
+    Store(keys::Bench, Mode, Sz(_T("")));                                    // two bytes, 0
+    Store(keys::Bench, Verbosity, Binary({1}));                              // the low byte of the default, 3
+    Store(keys::Bench, UpdateTime, Binary({0x10, 0x27, 0, 0, 0, 0, 0, 0}));  // too long
     RunEditor(
         [](Sheet& sheet)
         {
@@ -198,5 +190,5 @@ TEST_F(GeneralTest, OtherTypesAndLengthsAreTakenAsBytesThatFit)
             EXPECT_EQ(sheet.TextOf(IdUpdateTime), _T("300"));
         });
     // Read, and left as they were.
-    EXPECT_EQ(Stored(BenchKey, Verbosity), Binary({1}));
+    EXPECT_EQ(Stored(keys::Bench, Verbosity), Binary({1}));
 }

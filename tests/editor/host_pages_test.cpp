@@ -3,15 +3,10 @@
 #include "support/host_settings.h"
 #include "support/tips.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 namespace
 {
-const Tools EveryTool = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
-                         GinkgoQB, HazelQB, IvyRig,  JuniperRig, KauriQB};
-
 // Values that nobody's page would store, of types and lengths that a page could only spoil.
 StoredValue OddValue(size_t index)
 {
@@ -55,13 +50,13 @@ void StoreBeforeStart(const Tools& tools)
                          settings[index].IsLiveFor(tools) ? settings[index].Changed() : OddValue(index));
     }
     // Only ever written: what stands there means nothing to the page.
-    Store(TestServices, FirmwareCopy, OddValue(0));
+    Store(keys::TestServices, FirmwareCopy, OddValue(0));
 }
 
 // Goes through the pages of the tools: what they need shows its value, the rest is as the page was laid out.
 void ExpectPages(const Sheet& sheet, const Tools& tools)
 {
-    for (const LPCTSTR tab : HostTabs())
+    for (const Text& tab : HostTabs())
     {
         const std::vector<HostSetting> settings = HostSettingsOf(tab);
         const bool concerned =
@@ -83,12 +78,14 @@ void ExpectPages(const Sheet& sheet, const Tools& tools)
         EXPECT_FALSE(sheet.CanApply());
     }
 }
+
+using HostPagesTest = SettingsTest;
 }  // namespace
 
 TEST_F(HostPagesTest, EachToolBringsItsOwnSettingsAndLeavesAllOthers)
 {
     std::vector<Tools> sets = {{KauriQB, HazelQB}, {AlderQB, FirQB}, {}};
-    std::transform(EveryTool.begin(), EveryTool.end(), std::back_inserter(sets),
+    std::transform(AllTools.begin(), AllTools.end(), std::back_inserter(sets),
                    [](const ProductId& tool) { return Tools{tool}; });
     for (const Tools& tools : sets)
     {
@@ -111,7 +108,7 @@ TEST_F(HostPagesTest, EachToolBringsItsOwnSettingsAndLeavesAllOthers)
                         StoreHostSetting(setting, OddValue(0));
                         if (setting.name == FirmwareName)
                         {
-                            stored[TestServices][FirmwareCopy] = setting.Changed();
+                            stored[keys::TestServices][FirmwareCopy] = setting.Changed();
                         }
                     }
                 }
@@ -123,14 +120,14 @@ TEST_F(HostPagesTest, EachToolBringsItsOwnSettingsAndLeavesAllOthers)
 
 TEST_F(HostPagesTest, PageThatWasShownStoresItsDefaultsAndOthersNothing)
 {
-    for (const LPCTSTR tab : HostTabs())
+    for (const Text& tab : HostTabs())
     {
         SCOPED_TRACE(Printable(tab));
         const std::vector<HostSetting> settings = HostSettingsOf(tab);
         const Tree defaults = TreeAfter(
             [&settings]
             {
-                InstallTools(EveryTool);
+                InstallTools(AllTools);
                 for (const HostSetting& setting : settings)
                 {
                     StoreHostSetting(setting, setting.Initial());
@@ -139,7 +136,7 @@ TEST_F(HostPagesTest, PageThatWasShownStoresItsDefaultsAndOthersNothing)
         const Tree stored = TreeAfter(
             [&]
             {
-                InstallTools(EveryTool);
+                InstallTools(AllTools);
                 RunEditor(
                     [&](const Sheet& sheet)
                     {
@@ -162,18 +159,18 @@ TEST_F(HostPagesTest, EachControlChangesItsOwnValue)
     const Tree changed = TreeAfter(
         []
         {
-            InstallTools(EveryTool);
+            InstallTools(AllTools);
             for (const HostSetting& setting : HostSettings())
             {
                 StoreHostSetting(setting, setting.Changed());
             }
         });
     ClearSettings();
-    InstallTools(EveryTool);
+    InstallTools(AllTools);
     RunEditor(
         [](const Sheet& sheet)
         {
-            for (const LPCTSTR tab : HostTabs())
+            for (const Text& tab : HostTabs())
             {
                 ASSERT_TRUE(sheet.Select(tab));
                 for (const HostSetting& setting : HostSettingsOf(tab))
@@ -186,7 +183,7 @@ TEST_F(HostPagesTest, EachControlChangesItsOwnValue)
                     if (sheet.CanApply())
                     {
                         sheet.Apply();
-                        EXPECT_EQ(Stored(setting.key, setting.name.c_str()), setting.Changed());
+                        EXPECT_EQ(Stored(setting.key, setting.name), setting.Changed());
                     }
                 }
             }
@@ -208,20 +205,20 @@ TEST_F(HostPagesTest, SwitchesHaveTips)
                host + _T(" Host.");
     };
     const std::map<Text, std::map<int, Text>> tips = {
-        {DriversTab,
+        {tabs::Drivers,
          {{1032, stackTip(_T("compliance driver"), _T("EHCI"))},
           {1036, stackTip(_T("compliance driver"), _T("xHCI"))},
           {1045, stackTip(_T("compliance driver"), _T("USB4"))},
           {1200, stackTip(_T("RVSK"), _T("USB4"))}}},
-        {Chapter9Tab, {{1182, bos}, {1183, bos}}},
-        {WaiversTab, {}},
-        {XhciTab, {}},
+        {tabs::Chapter9, {{1182, bos}, {1183, bos}}},
+        {tabs::Waivers, {}},
+        {tabs::Xhci, {}},
     };
-    InstallTools(EveryTool);
+    InstallTools(AllTools);
     RunEditor(
         [&tips](const Sheet& sheet)
         {
-            for (const LPCTSTR tab : HostTabs())
+            for (const Text& tab : HostTabs())
             {
                 ASSERT_TRUE(sheet.Select(tab));
                 EXPECT_EQ(TipsOf(sheet.Page()), tips.at(tab)) << Printable(tab);
@@ -232,27 +229,22 @@ TEST_F(HostPagesTest, SwitchesHaveTips)
 TEST_F(HostPagesTest, TabGoesThroughThePageInReadingOrder)
 {
     const std::map<Text, std::vector<int>> stops = {
-        {DriversTab,
-         {1032, 1034, 1035, 1036, 1038, 1039, 1045, 1053, 1054, 1200, 1202, 1203, 1048, 1049, 1051, 1052}},
-        {Chapter9Tab, {1182, 1183}},
-        {WaiversTab, {1024, 1031}},
-        {XhciTab, {1002, 1000, 1003, 1004, 1005, 1020, 1021, 1022, 1023, 1008, 1009, 1012, 1013}},
+        {tabs::Drivers,
+         {1032, 1034, 1035, 1036, 1038, 1039, 1045, 1053, 1054, 1200, 1202, 1203, 1048, 1049, 1051, 1052,
+          IDOK}},
+        {tabs::Chapter9, {1182, 1183, IDOK}},
+        {tabs::Waivers, {1024, 1031, IDOK}},
+        {tabs::Xhci, {1002, 1000, 1003, 1004, 1005, 1020, 1021, 1022, 1023, 1008, 1009, 1012, 1013, IDOK}},
     };
-    InstallTools(EveryTool);
+    InstallTools(AllTools);
     RunEditor(
         [&stops](const Sheet& sheet)
         {
-            for (const LPCTSTR tab : HostTabs())
+            for (const Text& tab : HostTabs())
             {
                 SCOPED_TRACE(Printable(tab));
                 ASSERT_TRUE(sheet.Select(tab));
-                const std::vector<int>& ids = stops.at(tab);
-                SetFocus(sheet.Control(ids.front()));
-                for (size_t next = 1; next < ids.size(); ++next)
-                {
-                    EXPECT_EQ(PressTab(sheet), ids[next]);
-                }
-                EXPECT_EQ(PressTab(sheet), IDOK);
+                ExpectTabOrder(sheet, stops.at(tab));
             }
         });
 }

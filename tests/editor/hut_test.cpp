@@ -6,9 +6,6 @@
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB HUT Params");
-constexpr LPCTSTR ProtocolTab = _T("MAUSB Protocol Settings");
-
 const NumberField Fields[] = {{1160, _T("aBulkTransferRetriesHUT"), 5},
                               {1164, _T("aControlTransferRetriesHUT"), 5},
                               {1168, _T("aInterruptTransferRetriesHUT"), 3},
@@ -49,13 +46,13 @@ std::vector<Text> Texts(const std::vector<int>& numbers)
 
 TEST_F(HutTest, ShowsDefaultsAndStoresThemAllOnOk)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::HostUnderTest,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(ShownRetries(sheet), Texts({5, 5, 3, 4, 4}));
                  EXPECT_EQ(sheet.CheckOf(IdSends), BST_UNCHECKED);
                  EXPECT_FALSE(sheet.CanApply());
-                 EXPECT_FALSE(KeyExists(Key));
+                 EXPECT_FALSE(KeyExists(keys::Kauri));
                  sheet.Ok();
              });
     EXPECT_EQ(StoredByTool(), Settings({5, 5, 3, 4, 4}, 0));
@@ -64,11 +61,8 @@ TEST_F(HutTest, ShowsDefaultsAndStoresThemAllOnOk)
 TEST_F(HutTest, ShowsRewritesAndReplacesWhatIsStored)
 {
     const Values stored = Settings({0, 0xFFFFFFFF, 12, 13, 0x80000000}, 1);
-    for (const auto& [name, value] : stored)
-    {
-        StoreValue(name.c_str(), value);
-    }
-    RunOnTab(Tab,
+    Store(keys::Kauri, stored);
+    RunOnTab(tabs::HostUnderTest,
              [&stored](Sheet& sheet)
              {
                  EXPECT_EQ(ShownRetries(sheet), Texts({0, -1, 12, 13, INT_MIN}));
@@ -79,8 +73,7 @@ TEST_F(HutTest, ShowsRewritesAndReplacesWhatIsStored)
                  {
                      sheet.Retype(field.id, Decimal(number++));
                      EXPECT_TRUE(sheet.CanApply());
-                     SendMessageW(sheet.Control(field.id), EM_SETSEL, 0, 0);
-                     sheet.Type(field.id, _T("0"));
+                     sheet.TypeInFront(field.id, _T("0"));
                      EXPECT_FALSE(sheet.CanApply()) << "the same number";
                  }
                  sheet.Click(IdSends);
@@ -99,13 +92,13 @@ TEST_F(HutTest, ShowsRewritesAndReplacesWhatIsStored)
 TEST_F(HutTest, EmptiedFieldPromptsAtEveryEventAndHoldsThePage)
 {
     int prompts = 0;
-    RunOnTab(Tab,
+    RunOnTab(tabs::HostUnderTest,
              [&prompts](Sheet& sheet)
              {
                  ExpectPrompt(&prompts);
                  sheet.Empty(1162);
                  ExpectPrompt(&prompts);
-                 EXPECT_FALSE(sheet.Select(ProtocolTab));
+                 EXPECT_FALSE(sheet.Select(tabs::Protocol));
                  // The click reads all controls and comes to the empty one before its own.
                  ExpectPrompt(&prompts);
                  sheet.Click(IdSends);
@@ -123,11 +116,8 @@ TEST_F(HutTest, TwoSetsOfRetriesAreIndependent)
     // The page that is not opened leaves its values alone, whatever their type.
     const Values odd = {{_T("aBulkTransferRetries"), Sz(_T("five"))},
                         {_T("aTransferSetupRetries"), Binary({1, 2, 3, 4, 5})}};
-    for (const auto& [name, value] : odd)
-    {
-        StoreValue(name.c_str(), value);
-    }
-    RunOnTab(Tab,
+    Store(keys::Kauri, odd);
+    RunOnTab(tabs::HostUnderTest,
              [](Sheet& sheet)
              {
                  sheet.Retype(1160, _T("77"));
@@ -138,16 +128,16 @@ TEST_F(HutTest, TwoSetsOfRetriesAreIndependent)
     EXPECT_EQ(StoredByTool(), expected);
 
     // With both open, an edit and a button of the other page concern only that page.
-    RunOnTab(ProtocolTab,
+    RunOnTab(tabs::Protocol,
              [](Sheet& sheet)
              {
                  sheet.Retype(1106, _T("66"));
-                 EXPECT_TRUE(sheet.Select(Tab));
+                 EXPECT_TRUE(sheet.Select(tabs::HostUnderTest));
                  EXPECT_EQ(ShownRetries(sheet), Texts({77, 5, 3, 4, 4}));
                  sheet.Retype(1160, _T("88"));
                  sheet.Apply();
                  EXPECT_EQ(StoredUnder(_T("aBulkTransferRetries")), Dword(66));
-                 EXPECT_TRUE(sheet.Select(ProtocolTab));
+                 EXPECT_TRUE(sheet.Select(tabs::Protocol));
                  sheet.Click(1179);
                  sheet.Ok();
              });
@@ -157,14 +147,9 @@ TEST_F(HutTest, TwoSetsOfRetriesAreIndependent)
 
 TEST_F(HutTest, TabKeyGoesDownTheColumns)
 {
-    RunOnTab(Tab,
-             [](Sheet& sheet)
-             {
-                 SetFocus(sheet.Control(1160));
-                 for (const int id : {1164, 1168, 1162, 1166, IdSends})
-                 {
-                     EXPECT_EQ(PressTab(sheet), id);
-                 }
+    RunOnTab(tabs::HostUnderTest,
+             [](Sheet& sheet) {
+                 ExpectTabOrder(sheet, {1160, 1164, 1168, 1162, 1166, IdSends});
              });
 }
 
@@ -183,5 +168,5 @@ TEST_F(HutTest, EveryEditAndTheCheckBoxHaveTheirTips)
                        _T(" retries the Host Under Test will send.\n")
                        _T("See Table 71 of the MAUSB 1.0a specification.");
     }
-    RunOnTab(Tab, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
+    RunOnTab(tabs::HostUnderTest, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
 }

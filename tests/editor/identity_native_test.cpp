@@ -6,7 +6,6 @@
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB Settings");
 constexpr LPCTSTR Identifier = _T("RootHubUUID");
 constexpr int IdContainer = 1130;
 constexpr int IdNew = 1132;
@@ -28,7 +27,7 @@ protected:
     }
     static void RemoveIdentifier()
     {
-        const RegistryKey key(Key, RegistryKey::Access::Write);
+        const RegistryKey key(keys::Kauri, RegistryKey::Access::Write);
         EXPECT_EQ(RegDeleteValueW(key.Get(), Identifier), ERROR_SUCCESS);
     }
 };
@@ -40,7 +39,7 @@ const StoredValue Some = Binary(std::vector<BYTE>(16, 0x5A));
 TEST_F(IdentityFaultTest, NoAddressAtDisplayStoresNilOnceAndTriesAgainNextTime)
 {
     headless::FailCall("UuidCreate", 1, RPC_S_UUID_NO_ADDRESS);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
@@ -53,7 +52,7 @@ TEST_F(IdentityFaultTest, NoAddressAtDisplayStoresNilOnceAndTriesAgainNextTime)
                  EXPECT_EQ(StoredByTool().size(), 6U);
              });
     StoreValue(Identifier, Nil);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  EXPECT_NE(sheet.TextOf(IdContainer), NilText);
@@ -64,7 +63,7 @@ TEST_F(IdentityFaultTest, NoAddressAtDisplayStoresNilOnceAndTriesAgainNextTime)
 TEST_F(IdentityFaultTest, NoAddressKeepsTheOldIdentifier)
 {
     StoreValue(Identifier, Some);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  const Text before = sheet.TextOf(IdContainer);
@@ -88,7 +87,7 @@ TEST_F(IdentityFaultTest, AnyOtherStatusCountsAsAnIdentifier)
 {
     // What came of it here is nil, which is shown and marks the page, but is not saved.
     StoreValue(Identifier, Some);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  headless::FailCall("UuidCreate", 1, OtherStatus);
@@ -109,7 +108,7 @@ TEST_F(IdentityFaultTest, AnyOtherStatusCountsAsAnIdentifier)
 TEST_F(IdentityFaultTest, RefusedWriteAtDisplayIsMadeUpForByOk)
 {
     headless::FailCall("RegSetValueExW", 1, ERROR_ACCESS_DENIED);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(StoredUnder(Identifier), Absent);

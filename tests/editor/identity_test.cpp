@@ -7,8 +7,6 @@
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB Settings");
-
 constexpr int IdVersion = 1138;
 constexpr int IdByte = 1123;
 constexpr int IdDword = 1124;
@@ -78,7 +76,7 @@ protected:
 
 TEST_F(IdentityTest, FirstDisplayStoresANewIdentifierAlone)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  EXPECT_FALSE(sheet.CanApply());
@@ -89,7 +87,7 @@ TEST_F(IdentityTest, FirstDisplayStoresANewIdentifierAlone)
     EXPECT_EQ(made.type, DWORD{REG_BINARY});
     ASSERT_EQ(made.data.size(), 16U);
     EXPECT_NE(made.data, Bytes(16, 0));
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [&made](Sheet& sheet)
              {
                  EXPECT_EQ(sheet.TextOf(IdContainer), ShownAs(made.data));
@@ -109,11 +107,8 @@ TEST_F(IdentityTest, ShowsAndRewritesWhatIsStored)
                            {Identifier, Binary(SomeBytes)}, {RefuseSleep, Dword(1)},
                            {LinkSleep, Dword(1)},           {Size, Dword(0xFFFFFFFF)},
                            {UseDefaultSize, Dword(0)}};
-    for (const auto& [name, value] : stored)
-    {
-        StoreValue(name.c_str(), value);
-    }
-    RunOnTab(Tab,
+    Store(keys::Kauri, stored);
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  EXPECT_FALSE(sheet.CanApply());
@@ -135,7 +130,7 @@ TEST_F(IdentityTest, TransferSizeIsEnabledByItsSwitchAndNeverShown)
         SCOPED_TRACE(useDefault);
         StoreValue(Size, Dword(512));
         StoreValue(UseDefaultSize, Dword(useDefault));
-        RunOnTab(Tab,
+        RunOnTab(tabs::Identity,
                  [useDefault](Sheet& sheet)
                  {
                      EXPECT_EQ(sheet.IsEnabled(IdSize), useDefault == 0);
@@ -189,7 +184,7 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength)
         SCOPED_TRACE(testing::PrintToString(c.stored));
         StoreValue(Identifier, c.stored);
         StoredValue atDisplay;
-        RunOnTab(Tab,
+        RunOnTab(tabs::Identity,
                  [&](Sheet& sheet)
                  {
                      atDisplay = StoredUnder(Identifier);
@@ -207,7 +202,7 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength)
 TEST_F(IdentityTest, NewIdentifierIsStoredByApplyOnly)
 {
     StoreValue(Identifier, Binary(SomeBytes));
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  ClickAndExpect(sheet, IdNew, true);
@@ -216,7 +211,7 @@ TEST_F(IdentityTest, NewIdentifierIsStoredByApplyOnly)
              });
     EXPECT_EQ(StoredByTool(), (Values{{Identifier, Binary(SomeBytes)}}));
     Text shown;
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [&shown](Sheet& sheet)
              {
                  sheet.Click(IdNew);
@@ -234,7 +229,7 @@ TEST_F(IdentityTest, NewIdentifierIsStoredByApplyOnly)
 TEST_F(IdentityTest, MarkIsThatOfTheLastEvent)
 {
     StoreValue(Identifier, Binary(SomeBytes));
-    RunOnTab(Tab,
+    RunOnTab(tabs::Identity,
              [](Sheet& sheet)
              {
                  ClickAndExpect(sheet, IdByte, false);
@@ -271,7 +266,7 @@ TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
         SCOPED_TRACE(testing::PrintToString(c.alignment));
         StoreValue(Alignment, c.alignment);
         StoreValue(Version, Sz(c.version));
-        RunOnTab(Tab,
+        RunOnTab(tabs::Identity,
                  [&c](Sheet& sheet)
                  {
                      EXPECT_EQ(CheckedRadio(sheet), c.saved == 4 ? IdDword : IdByte);
@@ -297,7 +292,7 @@ TEST_F(IdentityTest, SwitchThatIsNeitherOnNorOffIsSavedAsTheControlHoldsIt)
         {
             StoreValue(name, Dword(stored));
         }
-        RunOnTab(Tab,
+        RunOnTab(tabs::Identity,
                  [saved = saved, marked = marked](Sheet& sheet)
                  {
                      EXPECT_EQ(sheet.CanApply(), marked);
@@ -321,18 +316,14 @@ TEST_F(IdentityTest, TabKeyStopsAtTheCheckedRadioButtonAndChangesNothing)
     {
         SCOPED_TRACE(alignment);
         StoreValue(Alignment, Dword(alignment));
-        RunOnTab(
-            Tab,
-            [alignment](Sheet& sheet)
-            {
-                SetFocus(sheet.Control(IdVersion));
-                for (const int id : {alignment == 4 ? IdDword : IdByte, IdNew, IdRefuseSleep, IdLinkSleep})
-                {
-                    EXPECT_EQ(PressTab(sheet), id);
-                }
-                EXPECT_FALSE(sheet.CanApply());
-                sheet.Ok();
-            });
+        RunOnTab(tabs::Identity,
+                 [alignment](Sheet& sheet)
+                 {
+                     ExpectTabOrder(sheet, {IdVersion, alignment == 4 ? IdDword : IdByte, IdNew,
+                                            IdRefuseSleep, IdLinkSleep});
+                     EXPECT_FALSE(sheet.CanApply());
+                     sheet.Ok();
+                 });
         EXPECT_EQ(StoredUnder(Alignment), Dword(alignment));
     }
 }
@@ -357,5 +348,5 @@ TEST_F(IdentityTest, TipsOfShownAndHiddenControls)
          _T("If checked, then use the default value for Max USB Transfer Size. The Max USB Transfer Size ")
          _T("field ")
          _T("below is ignored.")}};
-    RunOnTab(Tab, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
+    RunOnTab(tabs::Identity, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
 }

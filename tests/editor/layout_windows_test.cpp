@@ -2,8 +2,7 @@
 // its template. Run at several resolutions; QB_DPI names the one that the system has been set to.
 #include "resource.h"
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -159,21 +158,17 @@ void CheckLayout(HWND dialog, int templateId)
 }
 }  // namespace
 
-TEST(LayoutTest, NothingIsCutAndNothingOverlaps)
+using LayoutTest = SettingsTest;
+
+TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
 {
-    const std::map<Text, int> templates = {{_T("General Settings"), 130},
-                                           {_T("Drivers && Firmware"), 132},
-                                           {_T("Chapter 9"), 140},
-                                           {_T("Waivers"), 131},
-                                           {_T("xHCI Settings"), 102},
-                                           {_T("MAUSB Settings"), 136},
-                                           {_T("MAUSB Media Settings"), 133},
-                                           {_T("MAUSB Protocol Settings"), 135},
-                                           {_T("MAUSB HUT Params"), 137}};
+    const std::map<Text, int> templates = {
+        {tabs::General, 130}, {tabs::Drivers, 132},  {tabs::Chapter9, 140},
+        {tabs::Waivers, 131}, {tabs::Xhci, 102},     {tabs::Identity, 136},
+        {tabs::Media, 133},   {tabs::Protocol, 135}, {tabs::HostUnderTest, 137}};
     const char* asked = std::getenv("QB_DPI");
     EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
-    ClearSettings();
-    InstallAllTools();
+    InstallTools(AllTools);
     RunEditor(
         [&templates](Sheet& sheet)
         {
@@ -182,14 +177,13 @@ TEST(LayoutTest, NothingIsCutAndNothingOverlaps)
             {
                 SCOPED_TRACE(Printable(tab));
                 ASSERT_TRUE(templates.contains(tab));
-                sheet.Select(tab.c_str());
+                sheet.Select(tab);
                 CheckLayout(sheet.Page(), templates.at(tab));
             }
-            sheet.Select(_T("MAUSB Media Settings"));
-            WhenOpened(_T("Client Port Numbers"), [](Form& form) { CheckLayout(form.Window(), 143); });
+            sheet.Select(tabs::Media);
+            WhenOpened(titles::ClientPorts, [](Form& form) { CheckLayout(form.Window(), 143); });
             sheet.Click(1190);
-            WhenOpened(_T("Advanced TCP Settings"), [](Form& form) { CheckLayout(form.Window(), 104); });
+            WhenOpened(titles::AdvancedTCP, [](Form& form) { CheckLayout(form.Window(), 104); });
             sheet.Click(1139);
         });
-    ClearSettings();
 }

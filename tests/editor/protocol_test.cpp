@@ -4,8 +4,6 @@
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB Protocol Settings");
-
 const NumberField Fields[] = {
     {1099, _T("aManagementResponseTime"), 5},      {1100, _T("aTransferResponseTime"), 10},
     {1087, _T("aDataChannelDelayTCP"), 100},       {1088, _T("aManagementChannelDelayTCP"), 100},
@@ -71,13 +69,6 @@ protected:
         }
         return numbers;
     }
-    static void StoreNumbers(const Numbers& numbers)
-    {
-        for (size_t field = 0; field < FieldCount; ++field)
-        {
-            StoreValue(Fields[field].name, Dword(static_cast<DWORD>(numbers[field])));
-        }
-    }
     static Numbers Shown(const Sheet& sheet)
     {
         Numbers numbers;
@@ -102,12 +93,12 @@ protected:
 
 TEST_F(ProtocolTest, ShowsDefaultsAndStoresThemAllOnOk)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(Shown(sheet), Initial());
                  EXPECT_FALSE(sheet.CanApply());
-                 EXPECT_FALSE(KeyExists(Key)) << "reading creates nothing";
+                 EXPECT_FALSE(KeyExists(keys::Kauri)) << "reading creates nothing";
                  sheet.Ok();
              });
     EXPECT_EQ(StoredByTool(), AsStored(Initial()));
@@ -120,16 +111,16 @@ TEST_F(ProtocolTest, ShowsAndRewritesWhatIsStored)
     numbers[3] = -1;
     numbers[10] = INT_MIN;
     numbers[15] = INT_MAX;
-    StoreNumbers(numbers);
-    RunOnTab(Tab,
+    Store(keys::Kauri, AsStored(numbers));
+    RunOnTab(tabs::Protocol,
              [&numbers](Sheet& sheet)
              {
                  EXPECT_EQ(Shown(sheet), numbers);
                  EXPECT_FALSE(sheet.CanApply());
                  // Another program's change is not picked up, and is overwritten.
-                 StoreNumbers(Initial());
-                 EXPECT_TRUE(sheet.Select(_T("General Settings")));
-                 EXPECT_TRUE(sheet.Select(Tab));
+                 Store(keys::Kauri, AsStored(Initial()));
+                 EXPECT_TRUE(sheet.Select(tabs::General));
+                 EXPECT_TRUE(sheet.Select(tabs::Protocol));
                  EXPECT_EQ(Shown(sheet), numbers);
                  sheet.Ok();
              });
@@ -148,7 +139,7 @@ TEST_F(ProtocolTest, OtherTypesAndLengthsBecomeNumbers)
     expected[1] = _T('7');
     expected[3] = 300;
     expected[8] = 7;
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [&expected](Sheet& sheet)
              {
                  EXPECT_EQ(Shown(sheet), expected);
@@ -160,8 +151,8 @@ TEST_F(ProtocolTest, OtherTypesAndLengthsBecomeNumbers)
 TEST_F(ProtocolTest, EachEditMarksAndStoresItsOwnNumber)
 {
     const Numbers typed = Distinct(200);
-    StoreNumbers(Initial());
-    RunOnTab(Tab,
+    Store(keys::Kauri, AsStored(Initial()));
+    RunOnTab(tabs::Protocol,
              [&typed](Sheet& sheet)
              {
                  for (size_t field = 0; field < FieldCount; ++field)
@@ -171,8 +162,7 @@ TEST_F(ProtocolTest, EachEditMarksAndStoresItsOwnNumber)
                      sheet.Retype(id, Decimal(typed[field]));
                      EXPECT_TRUE(sheet.CanApply());
                      // The number is the same, and this event the last: the fields before it do not count.
-                     SendMessageW(sheet.Control(id), EM_SETSEL, 0, 0);
-                     sheet.Type(id, _T("0"));
+                     sheet.TypeInFront(id, _T("0"));
                      EXPECT_FALSE(sheet.CanApply());
                  }
                  // A digit more and taken away again: two changes.
@@ -198,8 +188,8 @@ TEST_F(ProtocolTest, ButtonPutsItsGroupBackAndNoOther)
         {
             expected[field] = static_cast<int>(Fields[field].initial);
         }
-        StoreNumbers(stored);
-        RunOnTab(Tab,
+        Store(keys::Kauri, AsStored(stored));
+        RunOnTab(tabs::Protocol,
                  [&](Sheet& sheet)
                  {
                      EventRecord record(sheet.Page());
@@ -215,7 +205,7 @@ TEST_F(ProtocolTest, ButtonPutsItsGroupBackAndNoOther)
                      EXPECT_EQ(Shown(sheet), expected);
                  });
         EXPECT_EQ(StoredByTool(), AsStored(stored)) << "cancelled";
-        RunOnTab(Tab,
+        RunOnTab(tabs::Protocol,
                  [&button](Sheet& sheet)
                  {
                      sheet.Click(button.id);
@@ -228,7 +218,7 @@ TEST_F(ProtocolTest, ButtonPutsItsGroupBackAndNoOther)
 
 TEST_F(ProtocolTest, ButtonMarksForAnyOneFieldOfItsGroup)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [](Sheet& sheet)
              {
                  EventRecord record(sheet.Page());
@@ -255,7 +245,7 @@ TEST_F(ProtocolTest, ButtonMarksForAnyOneFieldOfItsGroup)
 TEST_F(ProtocolTest, EmptiedFieldPromptsAtOnceAndHoldsThePage)
 {
     int prompts = 0;
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [&prompts](Sheet& sheet)
              {
                  EventRecord record(sheet.Page());
@@ -265,12 +255,12 @@ TEST_F(ProtocolTest, EmptiedFieldPromptsAtOnceAndHoldsThePage)
                  EXPECT_EQ(record.Take(), (PageEvents{"1091 changed", "unmarked"}));
                  EXPECT_EQ(GetFocus(), sheet.Control(1091));
                  ExpectPrompt(&prompts);
-                 EXPECT_FALSE(sheet.Select(_T("General Settings")));
+                 EXPECT_FALSE(sheet.Select(tabs::General));
                  ExpectPrompt(&prompts);
                  sheet.Ok();
                  EXPECT_EQ(prompts, 3);
                  EXPECT_TRUE(sheet.IsOpen());
-                 EXPECT_FALSE(KeyExists(Key));
+                 EXPECT_FALSE(KeyExists(keys::Kauri));
                  // So does a number that is too great, at the digit that makes it so.
                  ExpectPrompt(&prompts);
                  sheet.Type(1091, _T("2147483648"));
@@ -288,7 +278,7 @@ TEST_F(ProtocolTest, EmptiedFieldPromptsAtOnceAndHoldsThePage)
 TEST_F(ProtocolTest, ButtonFillsAnEmptiedField)
 {
     int prompts = 0;
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [&prompts](Sheet& sheet)
              {
                  // The member has kept its number, which is the one that the button puts there.
@@ -306,24 +296,22 @@ TEST_F(ProtocolTest, ButtonFillsAnEmptiedField)
                  EXPECT_EQ(prompts, 3);
                  EXPECT_EQ(Shown(sheet), Initial());
                  EXPECT_FALSE(sheet.CanApply());
-                 EXPECT_TRUE(sheet.Select(_T("General Settings")));
+                 EXPECT_TRUE(sheet.Select(tabs::General));
              });
 }
 
 TEST_F(ProtocolTest, TabKeyGoesDownTheColumns)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Protocol,
              [](Sheet& sheet)
              {
-                 SetFocus(sheet.Control(Fields[0].id));
-                 for (size_t field = 1; field < FieldCount; ++field)
+                 std::vector<int> ids;
+                 for (const NumberField& field : Fields)
                  {
-                     EXPECT_EQ(PressTab(sheet), Fields[field].id);
+                     ids.push_back(field.id);
                  }
-                 for (const Button& button : Buttons)
-                 {
-                     EXPECT_EQ(PressTab(sheet), button.id);
-                 }
+                 ids.insert(ids.end(), {1177, 1178, 1179});
+                 ExpectTabOrder(sheet, ids);
              });
 }
 
@@ -341,5 +329,5 @@ TEST_F(ProtocolTest, EveryEditAndButtonHasItsTip)
         }
         expected[Buttons[group].id] = Text(_T("Reset to ")) + kinds[group] + _T(" defined in ") + place;
     }
-    RunOnTab(Tab, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
+    RunOnTab(tabs::Protocol, [&expected](Sheet& sheet) { EXPECT_EQ(TipsOf(sheet.Page()), expected); });
 }

@@ -1,9 +1,7 @@
 // How values of every kind, type and length reach members, and how members are stored.
 #include "framework/SettingsPage.h"
 #include "resource.h"
-#include "support/registry.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 #include <cstring>
 
@@ -37,15 +35,12 @@ protected:
     void LoadSettings() override {}
 };
 
-class ValuesTest : public testing::Test
+class ValuesTest : public SettingsTest
 {
 protected:
-    void SetUp() override { ClearSettings(); }
-    void TearDown() override { ClearSettings(); }
-
     static void StoreBytes(const std::vector<BYTE>& bytes, DWORD type = REG_BINARY)
     {
-        Store(Key, Name.c_str(), {type, bytes});
+        Store(Key, Name, {type, bytes});
     }
 
     ValuePage page;
@@ -79,22 +74,22 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
 TEST_F(ValuesTest, WriteCreatesKeyAndValue)
 {
     page.WriteValue(Key, Name, -2);
-    EXPECT_EQ(Stored(Key, Name.c_str()), Dword(0xFFFFFFFE));
+    EXPECT_EQ(Stored(Key, Name), Dword(0xFFFFFFFE));
     page.WriteValue(Key, Name, 0x80000000U);
-    EXPECT_EQ(Stored(Key, Name.c_str()), Dword(0x80000000));
+    EXPECT_EQ(Stored(Key, Name), Dword(0x80000000));
     page.WriteValue(Key, Name, true);
-    EXPECT_EQ(Stored(Key, Name.c_str()), Dword(1));
+    EXPECT_EQ(Stored(Key, Name), Dword(1));
     page.WriteValue(Key, Name, false);
-    EXPECT_EQ(Stored(Key, Name.c_str()), Dword(0));
+    EXPECT_EQ(Stored(Key, Name), Dword(0));
     // n characters take 2n + 2 bytes, none take 2.
     page.WriteValue(Key, Name, CString());
-    EXPECT_EQ(Stored(Key, Name.c_str()), (StoredValue{REG_SZ, {0, 0}}));
+    EXPECT_EQ(Stored(Key, Name), (StoredValue{REG_SZ, {0, 0}}));
     page.WriteValue(Key, Name, CString(_T("ab")));
-    EXPECT_EQ(Stored(Key, Name.c_str()), (StoredValue{REG_SZ, {'a', 0, 'b', 0, 0, 0}}));
+    EXPECT_EQ(Stored(Key, Name), (StoredValue{REG_SZ, {'a', 0, 'b', 0, 0, 0}}));
     EXPECT_TRUE(WriteRegistryString(Key, Name, nullptr));
-    EXPECT_EQ(Stored(Key, Name.c_str()), Sz(_T("")));
+    EXPECT_EQ(Stored(Key, Name), Sz(_T("")));
     page.WriteBinaryValue(Key, Name, 3, "\1\2\3");
-    EXPECT_EQ(Stored(Key, Name.c_str()), Binary({1, 2, 3}));
+    EXPECT_EQ(Stored(Key, Name), Binary({1, 2, 3}));
 
     const Text other = _T("SOFTWARE\\Halvane\\Other");
     page.WriteBinaryValue(other, Name, 0, "x");
@@ -112,16 +107,16 @@ TEST_F(ValuesTest, NumbersTakeTheBytesOfAnyTypeThatFit)
     EXPECT_EQ(page.Read(42), 42);
     StoreBytes({1, 2, 3, 4, 5});
     EXPECT_EQ(page.Read(42), 42);
-    Store(Key, Name.c_str(), Sz(_T("A")));
+    Store(Key, Name, Sz(_T("A")));
     EXPECT_EQ(page.Read(-1), 'A');
-    Store(Key, Name.c_str(), Dword(0x80000000));
+    Store(Key, Name, Dword(0x80000000));
     EXPECT_EQ(page.Read(0), INT32_MIN);
 }
 
 TEST_F(ValuesTest, TextsTakeTheBytesOfAnyTypeUpToTheFirstNul)
 {
     const auto read = [this] { return Text(page.Read(CString(_T("before")))); };
-    Store(Key, Name.c_str(), Dword(5));
+    Store(Key, Name, Dword(5));
     EXPECT_EQ(read(), Text(1, 5));
     StoreBytes({'a', 0, 'b', 0}, REG_SZ);
     EXPECT_EQ(read(), _T("ab")) << "no terminator";
@@ -132,7 +127,7 @@ TEST_F(ValuesTest, TextsTakeTheBytesOfAnyTypeUpToTheFirstNul)
     StoreBytes({});
     EXPECT_EQ(read(), _T(""));
     const Text text(20000, _T('x'));
-    Store(Key, Name.c_str(), Sz(text.c_str()));
+    Store(Key, Name, Sz(text.c_str()));
     EXPECT_EQ(read(), text);
 }
 
@@ -152,5 +147,5 @@ TEST_F(ValuesTest, KeyOfATool)
 {
     WideString path = _T("what stood there");
     MakeProductKeyPath(path, KauriQB);
-    EXPECT_EQ(path, _T("SOFTWARE\\Halvane\\KauriQB"));
+    EXPECT_EQ(path, keys::Kauri);
 }

@@ -12,19 +12,10 @@
 
 namespace
 {
-const Text Keys[] = {_T("SOFTWARE\\Halvane\\Installed"),
-                     _T("SOFTWARE\\Halvane\\QuorvexBench"),
-                     _T("SOFTWARE\\Halvane\\AlderQB"),
-                     _T("SOFTWARE\\Halvane\\BirchQB"),
-                     _T("SOFTWARE\\Halvane\\KauriQB"),
-                     _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsClient"),
-                     _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsServer"),
-                     _T("SOFTWARE\\Ostrel\\TestServices"),
-                     _T("SOFTWARE\\Ostrel\\ehci_driver"),
-                     _T("SOFTWARE\\Ostrel\\xhci_driver"),
-                     _T("SOFTWARE\\Halvane\\Drivers\\usb4hi"),
-                     _T("SOFTWARE\\Halvane\\Drivers\\rvsk"),
-                     _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters")};
+const Text Keys[] = {keys::Installed,  keys::Bench,       keys::Alder,       keys::Birch,
+                     keys::Kauri,      keys::ClientPorts, keys::ServerPorts, keys::TestServices,
+                     keys::EhciDriver, keys::XhciDriver,  keys::Usb4Driver,  keys::RvskDriver,
+                     keys::PortDriver};
 
 // Cuts the fuzzer's bytes into numbers and texts; gives zeros when they have run out.
 class Input
@@ -53,13 +44,13 @@ const std::vector<Text>& KnownNames()
     static const std::vector<Text> names = []
     {
         ClearSettings();
-        InstallAllTools();
+        InstallTools(AllTools);
         RunEditor(
             [](Sheet& sheet)
             {
                 for (const Text& tab : sheet.Tabs())
                 {
-                    sheet.Select(tab.c_str());
+                    sheet.Select(tab);
                 }
                 sheet.Ok();
             });
@@ -94,7 +85,7 @@ Text NameFrom(Input& input)
 
 void StoreSome(Input& input)
 {
-    InstallAllTools();
+    InstallTools(AllTools);
     while (!input.IsEmpty())
     {
         const BYTE where = input.Byte();
@@ -108,7 +99,7 @@ void StoreSome(Input& input)
         }
         const BYTE form = input.Byte();
         const std::vector<BYTE> data = input.Bytes(form % 8 == 7 ? input.Byte() : form % 8);
-        Store(key, name.c_str(), {static_cast<DWORD>(form / 8 % 12), data});
+        Store(key, name, {static_cast<DWORD>(form / 8 % 12), data});
     }
 }
 
@@ -133,7 +124,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         {
             for (const Text& tab : sheet.Tabs())
             {
-                Check(sheet.Select(tab.c_str()), "every page opens");
+                Check(sheet.Select(tab), "every page opens");
             }
             SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
             const Tree first = StoredSettings();

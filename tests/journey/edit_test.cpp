@@ -1,16 +1,10 @@
 // Edits in the real program, and what is in the registry after Apply, OK and Cancel.
 #include "journey/editor.h"
 #include "resource.h"
-#include "support/registry.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 namespace
 {
-constexpr wchar_t BenchKey[] = L"SOFTWARE\\Halvane\\QuorvexBench";
-
-using Values = std::map<Text, StoredValue>;
-
 Values BenchValues(DWORD mode, DWORD level, DWORD updateTime)
 {
     return {{L"CertificationMode", Dword(mode)},
@@ -18,15 +12,14 @@ Values BenchValues(DWORD mode, DWORD level, DWORD updateTime)
             {L"QBMinimumDisplayUpdateTime", Dword(updateTime)}};
 }
 
-class EditJourney : public testing::Test
+class EditJourney : public SettingsTest
 {
 protected:
     void SetUp() override
     {
-        ClearSettings();
+        SettingsTest::SetUp();
         InstallTools({});
     }
-    void TearDown() override { ClearSettings(); }
 };
 }  // namespace
 
@@ -39,15 +32,15 @@ TEST_F(EditJourney, ApplyStoresAndTheNextStartShows)
         sheet.MoveSelection(IDC_LOG_VERBOSITY, -2);
         sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"1500");
         EXPECT_TRUE(sheet.CanApply());
-        EXPECT_FALSE(KeyExists(BenchKey));
+        EXPECT_FALSE(KeyExists(keys::Bench));
         sheet.Apply();
         EXPECT_FALSE(sheet.CanApply());
-        EXPECT_EQ(StoredValues(BenchKey), BenchValues(1, 1, 1500));
+        EXPECT_EQ(StoredValues(keys::Bench), BenchValues(1, 1, 1500));
         // What is edited after Apply goes with Cancel.
         sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"7");
         EXPECT_TRUE(sheet.Cancel());
         EXPECT_TRUE(editor.WaitForEnd());
-        EXPECT_EQ(StoredValues(BenchKey), BenchValues(1, 1, 1500));
+        EXPECT_EQ(StoredValues(keys::Bench), BenchValues(1, 1, 1500));
     }
     const EditorProcess again;
     const EditorSheet sheet = again.WaitForSheet();
@@ -59,7 +52,7 @@ TEST_F(EditJourney, ApplyStoresAndTheNextStartShows)
     sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"20");
     EXPECT_TRUE(sheet.Ok());
     EXPECT_TRUE(again.WaitForEnd());
-    EXPECT_EQ(StoredValues(BenchKey), BenchValues(1, 1, 20));
+    EXPECT_EQ(StoredValues(keys::Bench), BenchValues(1, 1, 20));
 }
 
 TEST_F(EditJourney, OkStoresDefaultsAndClosingStoresNothing)
@@ -70,17 +63,17 @@ TEST_F(EditJourney, OkStoresDefaultsAndClosingStoresNothing)
         sheet.Click(IDC_CERTIFICATION_MODE);
         PostMessageW(sheet.Window(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(closed.WaitForEnd());
-        EXPECT_FALSE(KeyExists(BenchKey));
+        EXPECT_FALSE(KeyExists(keys::Bench));
     }
     const EditorProcess confirmed;
     EXPECT_TRUE(confirmed.WaitForSheet().Ok());
     EXPECT_TRUE(confirmed.WaitForEnd());
-    EXPECT_EQ(StoredValues(BenchKey), BenchValues(0, 3, 300));
+    EXPECT_EQ(StoredValues(keys::Bench), BenchValues(0, 3, 300));
 }
 
 TEST_F(EditJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt)
 {
-    Store(BenchKey, L"QBLogVerbosity", Dword(5));
+    Store(keys::Bench, L"QBLogVerbosity", Dword(5));
     for (const LPCWSTR allowed : {L"1", L"0", LPCWSTR{nullptr}})
     {
         SetEnvironmentVariableW(L"QB_ALLOW_DIAGNOSTIC_LOGGING", allowed);

@@ -1,5 +1,7 @@
 #include "journey/editor.h"
 
+#include "support/names.h"
+
 #include <commctrl.h>
 #include <prsht.h>
 
@@ -11,7 +13,6 @@ namespace
 {
 constexpr DWORD GiveUpMilliseconds = 20000;
 constexpr DWORD LookMilliseconds = 10;
-constexpr int IdApply = 0x3021;  // what the common control numbers its Apply button
 
 bool WaitUntil(const std::function<bool()>& condition)
 {
@@ -271,7 +272,7 @@ HWND EditorProcess::WaitForWindowBeside(HWND other) const
 
 EditorSheet EditorProcess::WaitForSheet() const
 {
-    EditorSheet sheet(WaitForWindow(L"Quorvex Bench Settings"));
+    EditorSheet sheet(WaitForWindow(titles::Sheet));
     WaitUntil([&] { return sheet.Page() != nullptr || !Runs(); });
     return sheet;
 }

@@ -1,27 +1,20 @@
 // How the program starts, and what a second one does.
 #include "journey/editor.h"
 #include "resource.h"
-#include "support/registry.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 namespace
 {
-constexpr wchar_t SheetTitle[] = L"Quorvex Bench Settings";
-constexpr wchar_t ErrorTitle[] = L"QB Settings Error";
-constexpr int IdMessageText = 0xFFFF;
-
 using Titles = std::vector<std::wstring>;
 
-class StartJourney : public testing::Test
+class StartJourney : public SettingsTest
 {
 protected:
     void SetUp() override
     {
-        ClearSettings();
-        InstallAllTools();
+        SettingsTest::SetUp();
+        InstallTools(AllTools);
     }
-    void TearDown() override { ClearSettings(); }
 };
 
 // Runs a further instance to its end; fails the test if it shows anything.
@@ -42,8 +35,8 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettings)
     // A command line makes no difference.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
     const EditorSheet sheet = editor.WaitForSheet();
-    EXPECT_EQ(editor.Windows(), Titles{SheetTitle});
-    EXPECT_EQ(EditorDialog(sheet.Page()).Title(), L"General Settings");
+    EXPECT_EQ(editor.Windows(), Titles{titles::Sheet});
+    EXPECT_EQ(EditorDialog(sheet.Page()).Title(), tabs::General);
     EXPECT_FALSE(sheet.CanApply());
     const LONG style = GetWindowLongW(sheet.Window(), GWL_STYLE);
     EXPECT_TRUE(style & WS_MINIMIZEBOX);
@@ -69,7 +62,7 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
         RunSecondInstance();
         EXPECT_EQ(GetForegroundWindow(), sheet.Window());
         EXPECT_FALSE(IsIconic(sheet.Window()));
-        EXPECT_EQ(first.Windows(), Titles{SheetTitle});
+        EXPECT_EQ(first.Windows(), Titles{titles::Sheet});
     }
     DestroyWindow(cover);
     // The sheet is as usable as before.
@@ -85,24 +78,21 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
 {
     ClearSettings();
     const EditorProcess editor;
-    const EditorDialog box(editor.WaitForWindow(ErrorTitle));
-    EXPECT_EQ(
-        box.TextOf(IdMessageText),
-        L"Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app "
-        L"installed, that you are running with administrative privileges, and you have UAC turned off.");
+    const EditorDialog box(editor.WaitForWindow(titles::Error));
+    EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
     RunSecondInstance();
-    EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
+    EXPECT_EQ(editor.Windows(), Titles{titles::Error});
     box.ClickToOpen(IDOK);
     EXPECT_TRUE(editor.WaitForEnd());
-    EXPECT_FALSE(KeyExists(L"SOFTWARE\\Halvane\\QuorvexBench"));
+    EXPECT_FALSE(KeyExists(keys::Bench));
 }
 
 TEST_F(StartJourney, AListThatCannotBeReadWhollyIsNoList)
 {
-    Store(L"SOFTWARE\\Halvane\\Installed", L"KauriQB", Sz(L"yes"));
+    Store(keys::Installed, L"KauriQB", Sz(L"yes"));
     const EditorProcess editor;
-    const EditorDialog box(editor.WaitForWindow(ErrorTitle));
-    EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
+    const EditorDialog box(editor.WaitForWindow(titles::Error));
+    EXPECT_EQ(editor.Windows(), Titles{titles::Error});
     box.ClickToOpen(IDOK);
     EXPECT_TRUE(editor.WaitForEnd());
 }

@@ -1,19 +1,18 @@
 // The Advanced TCP Settings dialog, from its page to the registry.
 #include "resource.h"
+#include "support/media_values.h"
 #include "support/tips.h"
 #include "support/tool_page.h"
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB Media Settings");
-
 class AdvancedTCPTest : public ToolPageTest
 {
 protected:
     // Opens the dialog from its button, and cancels it if the script leaves it open.
     static void Open(const Sheet& sheet, const std::function<void(Form&)>& script)
     {
-        WhenOpened(_T("Advanced TCP Settings"), script);
+        WhenOpened(titles::AdvancedTCP, script);
         sheet.Click(IDC_ADVANCED_TCP);
         EndWaits();
     }
@@ -28,28 +27,9 @@ protected:
 
     static Values StoredSix()
     {
-        Values six = StoredValues(Key);
+        Values six = StoredValues(keys::Kauri);
         std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
         return six;
-    }
-
-    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSndBuf,
-                      DWORD defaultRcvBuf)
-    {
-        return {{_T("AdvancedTCP_SocketSendDelay"), Dword(delay)},
-                {_T("AdvancedTCP_SO_SNDBUF"), Dword(sndBuf)},
-                {_T("AdvancedTCP_SO_RCVBUF"), Dword(rcvBuf)},
-                {_T("AdvancedTCP_TCP_NODELAY"), Dword(noDelay)},
-                {_T("AdvancedTCP_Default_SO_SNDBUF"), Dword(defaultSndBuf)},
-                {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(defaultRcvBuf)}};
-    }
-
-    static void PutSix(const Values& six)
-    {
-        for (const auto& [name, value] : six)
-        {
-            StoreValue(name.c_str(), value);
-        }
     }
 };
 }  // namespace
@@ -57,7 +37,7 @@ protected:
 TEST_F(AdvancedTCPTest, ShowsDefaultsAndMarksByOkAlone)
 {
     RunOnTab(
-        Tab,
+        tabs::Media,
         [](Sheet& sheet)
         {
             sheet.Apply();
@@ -104,12 +84,12 @@ TEST_F(AdvancedTCPTest, ShowsDefaultsAndMarksByOkAlone)
             EXPECT_TRUE(sheet.CanApply());
             sheet.Ok();
         });
-    EXPECT_EQ(StoredSix(), Six(0, 0, 0, 0, 1, 1));
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(0, 0, 0, 0, 1, 1));
 }
 
 TEST_F(AdvancedTCPTest, EditsAreStoredByThePage)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  Open(sheet,
@@ -119,13 +99,9 @@ TEST_F(AdvancedTCPTest, EditsAreStoredByThePage)
                           ExpectSizes(form, true, false);
                           form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
                           ExpectSizes(form, true, true);
-                          SetFocus(form.Control(IDC_TCP_SEND_DELAY));
-                          for (const int id :
-                               {IDC_TCP_USE_DEFAULT_SNDBUF, IDC_TCP_SNDBUF, IDC_TCP_USE_DEFAULT_RCVBUF,
-                                IDC_TCP_RCVBUF, IDC_TCP_NODELAY, IDOK, IDCANCEL, IDC_TCP_SEND_DELAY})
-                          {
-                              EXPECT_EQ(PressTab(form), id);
-                          }
+                          ExpectTabOrder(form, {IDC_TCP_SEND_DELAY, IDC_TCP_USE_DEFAULT_SNDBUF,
+                                                IDC_TCP_SNDBUF, IDC_TCP_USE_DEFAULT_RCVBUF, IDC_TCP_RCVBUF,
+                                                IDC_TCP_NODELAY, IDOK, IDCANCEL, IDC_TCP_SEND_DELAY});
                           form.Retype(IDC_TCP_SEND_DELAY, _T("x-4294967295"));
                           form.Retype(IDC_TCP_SNDBUF, _T("2147483647"));
                           form.Retype(IDC_TCP_RCVBUF, _T("8192"));
@@ -136,11 +112,11 @@ TEST_F(AdvancedTCPTest, EditsAreStoredByThePage)
                           EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192"));
                           form.Click(IDOK);
                       });
-                 EXPECT_FALSE(KeyExists(Key));
+                 EXPECT_FALSE(KeyExists(keys::Kauri));
                  Open(sheet,
                       [](Form& form) { EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("4294967295")); });
                  sheet.Apply();
-                 EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
+                 EXPECT_EQ(StoredSix(), AdvancedTCPValues(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
                  Open(sheet,
                       [](Form& form)
                       {
@@ -149,13 +125,13 @@ TEST_F(AdvancedTCPTest, EditsAreStoredByThePage)
                       });
                  sheet.Cancel();
              });
-    EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1)) << "lost with the sheet";
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1)) << "lost with the sheet";
 }
 
 TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
 {
-    const Values odd = Six(1, 0, 0x80000000, 5, 0, 3);
-    PutSix(odd);
+    const Values odd = AdvancedTCPValues(1, 0, 0x80000000, 5, 0, 3);
+    Store(keys::Kauri, odd);
     const auto look = [](Form& form)
     {
         EXPECT_EQ(form.CheckOf(IDC_TCP_NODELAY), BST_CHECKED);
@@ -163,14 +139,14 @@ TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
         // A size of 0 in use, and a flag that is none of a check box.
         ExpectSizes(form, true, true);
     };
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [&look](Sheet& sheet)
              {
                  Open(sheet, look);
                  sheet.Ok();
              });
     EXPECT_EQ(StoredSix(), odd);
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [&look](Sheet& sheet)
              {
                  Open(sheet,
@@ -181,13 +157,13 @@ TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
                       });
                  sheet.Ok();
              });
-    EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 1, 0, 0));
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(1, 0, 0x80000000, 1, 0, 0));
 }
 
 TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
 {
-    PutSix(Six(1, 2, 3, 0, 0, 0));
-    RunOnTab(Tab,
+    Store(keys::Kauri, AdvancedTCPValues(1, 2, 3, 0, 0, 0));
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  sheet.Apply();
@@ -214,7 +190,7 @@ TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatC
                  EXPECT_FALSE(sheet.CanApply());
                  sheet.Ok();
              });
-    EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(7, 2, 3, 0, 0, 0));
 }
 
 TEST_F(AdvancedTCPTest, SizesAndTheDelayHaveDifferentBounds)
@@ -227,11 +203,11 @@ TEST_F(AdvancedTCPTest, SizesAndTheDelayHaveDifferentBounds)
     } edits[] = {{IDC_TCP_SEND_DELAY, _T("4294967295"), _T("4294967296")},
                  {IDC_TCP_SNDBUF, _T("2147483647"), _T("2147483648")},
                  {IDC_TCP_RCVBUF, _T("2147483647"), _T("2147483648")}};
-    PutSix(Six(0, 0, 0, 0, 0, 0));
+    Store(keys::Kauri, AdvancedTCPValues(0, 0, 0, 0, 0, 0));
     for (const auto& edit : edits)
     {
         SCOPED_TRACE(edit.id);
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [&edit](Sheet& sheet)
                  {
                      Open(sheet,
@@ -248,18 +224,18 @@ TEST_F(AdvancedTCPTest, SizesAndTheDelayHaveDifferentBounds)
                      sheet.Ok();
                  });
     }
-    EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, 0));
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(0xFFFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, 0));
 }
 
 TEST_F(AdvancedTCPTest, UnderUDPTheDialogIsOutOfReachAndItsValuesStay)
 {
-    PutSix(Six(1, 2, 3, 4, 5, 6));
+    Store(keys::Kauri, AdvancedTCPValues(1, 2, 3, 4, 5, 6));
     StoreValue(_T("NetworkType"), Sz(_T("UDP/IP")));
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  EXPECT_FALSE(sheet.IsEnabled(IDC_ADVANCED_TCP));
                  sheet.Ok();
              });
-    EXPECT_EQ(StoredSix(), Six(1, 2, 3, 4, 5, 6));
+    EXPECT_EQ(StoredSix(), AdvancedTCPValues(1, 2, 3, 4, 5, 6));
 }

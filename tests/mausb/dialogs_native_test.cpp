@@ -19,7 +19,7 @@ protected:
     }
 
     // Opens a dialog without tooltips, types into an edit of it and confirms it.
-    static void Confirm(const Sheet& sheet, int button, LPCTSTR title, int edit, LPCTSTR typed)
+    static void Confirm(const Sheet& sheet, int button, const Text& title, int edit, LPCTSTR typed)
     {
         SCOPED_TRACE(Printable(title));
         const int tips = CountTipControls();
@@ -46,13 +46,13 @@ protected:
 
 TEST_F(DialogsTest, WorkWithoutTooltips)
 {
-    RunOnTab(_T("MAUSB Media Settings"),
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
-                 Confirm(sheet, IDC_ADVANCED_TCP, _T("Advanced TCP Settings"), IDC_TCP_SEND_DELAY, _T("7"));
-                 Confirm(sheet, IDC_TCP_CLIENT_PORTS, _T("Client Port Numbers"), IDC_PORT_EDIT_2, _T("80"));
+                 Confirm(sheet, IDC_ADVANCED_TCP, titles::AdvancedTCP, IDC_TCP_SEND_DELAY, _T("7"));
+                 Confirm(sheet, IDC_TCP_CLIENT_PORTS, titles::ClientPorts, IDC_PORT_EDIT_2, _T("80"));
                  sheet.Ok();
              });
     EXPECT_EQ(StoredUnder(_T("AdvancedTCP_SocketSendDelay")), Dword(7));
-    EXPECT_EQ(StoredSubkeys(Key + _T("\\TCPPortsClient")), (std::vector<Text>{_T("80"), _T("9001")}));
+    EXPECT_EQ(StoredSubkeys(keys::ClientPorts), (std::vector<Text>{_T("80"), _T("9001")}));
 }

@@ -1,12 +1,11 @@
 // MAUSB Media Settings: how the page comes up, what an edit does to it, and what is stored.
 #include "resource.h"
+#include "support/media_values.h"
 #include "support/tips.h"
 #include "support/tool_page.h"
 
 namespace
 {
-constexpr LPCTSTR Tab = _T("MAUSB Media Settings");
-
 class MediaTest : public ToolPageTest
 {
 protected:
@@ -51,26 +50,28 @@ protected:
         EXPECT_EQ(sheet.IsEnabled(IDC_MAX_BYTES_TO_LOG_LABEL), enabled);
     }
 
+    // With those of the Advanced TCP Settings dialog.
+    static Values Joined(Values values, const Values& advanced)
+    {
+        values.insert(advanced.begin(), advanced.end());
+        return values;
+    }
+
     static Values Defaults()
     {
-        return {{_T("NetworkType"), Sz(_T("TCP/IP"))},
-                {_T("NetworkLevelLog"), Dword(0)},
-                {_T("MaxBytesToLog"), Dword(100)},
-                {_T("DefaultIPAddressTCPClient"), Sz(_T(""))},
-                {_T("DefaultIPAddressUDP"), Sz(_T(""))},
-                {_T("DefaultPortNumberUDP"), Dword(9001)},
-                {_T("MACAddr"), Sz(_T(""))},
-                {_T("SnapIdOUI"), Dword(0x506F9A)},
-                {_T("SnapIdPID"), Dword(0x1500)},
-                {_T("MaxPacketSizeTCP"), Dword(65535)},
-                {_T("MaxPacketSizeUDP"), Dword(65507)},
-                {_T("MaxPacketSizeSNAP"), Dword(1492)},
-                {_T("AdvancedTCP_SocketSendDelay"), Dword(0)},
-                {_T("AdvancedTCP_SO_SNDBUF"), Dword(0)},
-                {_T("AdvancedTCP_SO_RCVBUF"), Dword(0)},
-                {_T("AdvancedTCP_TCP_NODELAY"), Dword(0)},
-                {_T("AdvancedTCP_Default_SO_SNDBUF"), Dword(1)},
-                {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(1)}};
+        return Joined({{_T("NetworkType"), Sz(_T("TCP/IP"))},
+                       {_T("NetworkLevelLog"), Dword(0)},
+                       {_T("MaxBytesToLog"), Dword(100)},
+                       {_T("DefaultIPAddressTCPClient"), Sz(_T(""))},
+                       {_T("DefaultIPAddressUDP"), Sz(_T(""))},
+                       {_T("DefaultPortNumberUDP"), Dword(9001)},
+                       {_T("MACAddr"), Sz(_T(""))},
+                       {_T("SnapIdOUI"), Dword(0x506F9A)},
+                       {_T("SnapIdPID"), Dword(0x1500)},
+                       {_T("MaxPacketSizeTCP"), Dword(65535)},
+                       {_T("MaxPacketSizeUDP"), Dword(65507)},
+                       {_T("MaxPacketSizeSNAP"), Dword(1492)}},
+                      AdvancedTCPValues(0, 0, 0, 0, 1, 1));
     }
 
     static std::map<int, Text> TextsOf(const Sheet& sheet)
@@ -89,7 +90,7 @@ protected:
 
 TEST_F(MediaTest, ShowsDefaultsAndStoresTheWholeTree)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("100")},
@@ -121,59 +122,51 @@ TEST_F(MediaTest, ShowsDefaultsAndStoresTheWholeTree)
                          {IDC_TCP_SERVER_PORTS,
                           _T("Select the ports to listen on when acting as a TCP server. Also select which ")
                           _T("packet types you wish to receive on each port.")}}));
-                 EXPECT_FALSE(KeyExists(Key));
+                 EXPECT_FALSE(KeyExists(keys::Kauri));
                  EXPECT_TRUE(sheet.CanApply());
                  sheet.Apply();
                  EXPECT_FALSE(sheet.CanApply());
              });
     const Values port = {{_T("PacketType"), Dword(0xFFFFFFFF)}};
-    EXPECT_EQ(StoredTree(Key), (Tree{{Key, Defaults()},
-                                     {Key + _T("\\TCPPortsClient"), {}},
-                                     {Key + _T("\\TCPPortsClient\\9001"), port},
-                                     {Key + _T("\\TCPPortsServer"), {}},
-                                     {Key + _T("\\TCPPortsServer\\9001"), port}}));
+    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, Defaults()},
+                                             {keys::ClientPorts, {}},
+                                             {keys::ClientPorts + _T("\\9001"), port},
+                                             {keys::ServerPorts, {}},
+                                             {keys::ServerPorts + _T("\\9001"), port}}));
 }
 
 TEST_F(MediaTest, ShowsAndRewritesWhatIsStored)
 {
-    const Values stored = {{_T("NetworkType"), Sz(_T("UDP/IP"))},
-                           {_T("NetworkLevelLog"), Dword(1)},
-                           {_T("MaxBytesToLog"), Dword(0)},
-                           {_T("DefaultIPAddressTCPClient"), Sz(_T("no address"))},
-                           {_T("DefaultIPAddressUDP"), Sz(_T("10.0.0.300 "))},
-                           {_T("DefaultPortNumberUDP"), Dword(70000)},
-                           {_T("MACAddr"), Sz(_T("zz-zz"))},
-                           {_T("SnapIdOUI"), Dword(0)},
-                           {_T("SnapIdPID"), Dword(0x7FFFFFFF)},
-                           {_T("MaxPacketSizeTCP"), Dword(0)},
-                           {_T("MaxPacketSizeUDP"), Dword(0x80000000)},
-                           {_T("MaxPacketSizeSNAP"), Dword(0xFFFFFFFF)},
-                           {_T("AdvancedTCP_SocketSendDelay"), Dword(0xFFFFFFFF)},
-                           {_T("AdvancedTCP_SO_SNDBUF"), Dword(1)},
-                           {_T("AdvancedTCP_SO_RCVBUF"), Dword(0x80000000)},
-                           {_T("AdvancedTCP_TCP_NODELAY"), Dword(5)},
-                           {_T("AdvancedTCP_Default_SO_SNDBUF"), Dword(0)},
-                           {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(9)},
-                           // Of the other pages.
-                           {_T("RootHubUUID"), Binary({1})},
-                           {_T("aBulkTransferRetries"), Dword(77)}};
-    const Tree before = {{Key, stored},
-                         {Key + _T("\\TCPPortsClient"), {}},
-                         {Key + _T("\\TCPPortsClient\\70000"), {{_T("PacketType"), Dword(9)}}},
-                         {Key + _T("\\TCPPortsClient\\1"), {{_T("PacketType"), Dword(2)}}},
-                         {Key + _T("\\TCPPortsClient\\2"), {{_T("PacketType"), Dword(2)}}},
-                         {Key + _T("\\TCPPortsClient\\3"), {{_T("PacketType"), Dword(0)}}},
-                         {Key + _T("\\TCPPortsClient\\4"), {{_T("PacketType"), Dword(1)}}},
-                         {Key + _T("\\TCPPortsServer"), {}},
-                         {Key + _T("\\TCPPortsServer\\7"), {{_T("PacketType"), Dword(1)}}}};
+    const Values stored = Joined({{_T("NetworkType"), Sz(_T("UDP/IP"))},
+                                  {_T("NetworkLevelLog"), Dword(1)},
+                                  {_T("MaxBytesToLog"), Dword(0)},
+                                  {_T("DefaultIPAddressTCPClient"), Sz(_T("no address"))},
+                                  {_T("DefaultIPAddressUDP"), Sz(_T("10.0.0.300 "))},
+                                  {_T("DefaultPortNumberUDP"), Dword(70000)},
+                                  {_T("MACAddr"), Sz(_T("zz-zz"))},
+                                  {_T("SnapIdOUI"), Dword(0)},
+                                  {_T("SnapIdPID"), Dword(0x7FFFFFFF)},
+                                  {_T("MaxPacketSizeTCP"), Dword(0)},
+                                  {_T("MaxPacketSizeUDP"), Dword(0x80000000)},
+                                  {_T("MaxPacketSizeSNAP"), Dword(0xFFFFFFFF)},
+                                  // Of the other pages.
+                                  {_T("RootHubUUID"), Binary({1})},
+                                  {_T("aBulkTransferRetries"), Dword(77)}},
+                                 AdvancedTCPValues(0xFFFFFFFF, 1, 0x80000000, 5, 0, 9));
+    const Tree before = {{keys::Kauri, stored},
+                         {keys::ClientPorts, {}},
+                         {keys::ClientPorts + _T("\\70000"), {{_T("PacketType"), Dword(9)}}},
+                         {keys::ClientPorts + _T("\\1"), {{_T("PacketType"), Dword(2)}}},
+                         {keys::ClientPorts + _T("\\2"), {{_T("PacketType"), Dword(2)}}},
+                         {keys::ClientPorts + _T("\\3"), {{_T("PacketType"), Dword(0)}}},
+                         {keys::ClientPorts + _T("\\4"), {{_T("PacketType"), Dword(1)}}},
+                         {keys::ServerPorts, {}},
+                         {keys::ServerPorts + _T("\\7"), {{_T("PacketType"), Dword(1)}}}};
     for (const auto& [key, values] : before)
     {
-        for (const auto& [name, value] : values)
-        {
-            Store(key, name.c_str(), value);
-        }
+        Store(key, values);
     }
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(TextsOf(sheet), (std::map<int, Text>{{IDC_MAX_BYTES_TO_LOG, _T("0")},
@@ -192,16 +185,16 @@ TEST_F(MediaTest, ShowsAndRewritesWhatIsStored)
                  sheet.Ok();
                  EXPECT_FALSE(sheet.IsOpen());
              });
-    EXPECT_EQ(StoredTree(Key), before);
+    EXPECT_EQ(StoredTree(keys::Kauri), before);
 }
 
 TEST_F(MediaTest, PageThatWasNeverOpenedLeavesItsValuesAlone)
 {
     StoreValue(_T("NetworkType"), Sz(_T("neither")));
-    Store(Key + _T("\\TCPPortsClient\\none"), _T("PacketType"), Dword(1));
-    const Tree before = StoredTree(Key);
+    Store(keys::ClientPorts + _T("\\none"), _T("PacketType"), Dword(1));
+    const Tree before = StoredTree(keys::Kauri);
     RunEditor([](Sheet& sheet) { sheet.Ok(); });
-    EXPECT_EQ(StoredTree(Key), before);
+    EXPECT_EQ(StoredTree(keys::Kauri), before);
 }
 
 TEST_F(MediaTest, OnlyTheExactTextSelectsUDP)
@@ -220,7 +213,7 @@ TEST_F(MediaTest, OnlyTheExactTextSelectsUDP)
     {
         SCOPED_TRACE(testing::PrintToString(stored));
         StoreValue(_T("NetworkType"), stored);
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [udp = udp](Sheet& sheet)
                  {
                      ExpectNetwork(sheet, udp);
@@ -232,7 +225,7 @@ TEST_F(MediaTest, OnlyTheExactTextSelectsUDP)
 
 TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  sheet.Retype(IDC_TCP_CLIENT_ADDRESS, _T("10.0.0.1"));
@@ -257,7 +250,7 @@ TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
 
 TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  sheet.Click(IDC_NETWORK_LOG);
@@ -277,7 +270,7 @@ TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive)
     for (const auto& [stored, shown] : flags)
     {
         StoreValue(_T("NetworkLevelLog"), Dword(stored));
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [shown = shown](Sheet& sheet)
                  {
                      ExpectMaxBytes(sheet, shown != 0);
@@ -307,7 +300,7 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
         SCOPED_TRACE(testing::Message() << c.oui << ", " << c.pid);
         StoreValue(_T("SnapIdOUI"), Dword(c.oui));
         StoreValue(_T("SnapIdPID"), Dword(c.pid));
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [&c](Sheet& sheet)
                  {
                      EXPECT_EQ(sheet.TextOf(IDC_SNAP_OUI), c.ouiText);
@@ -338,7 +331,7 @@ TEST_F(MediaTest, SnapEditsTellOfEachTextTheyGetWhileThePageComesUp)
             [marks = marks](Sheet& sheet)
             {
                 EventRecord record(sheet.Page());
-                EXPECT_TRUE(sheet.Select(Tab));
+                EXPECT_TRUE(sheet.Select(tabs::Media));
                 PageEvents events = record.Take();
                 ASSERT_GE(events.size(), marks.size());
                 EXPECT_EQ(PageEvents(events.begin(), events.begin() + 4), marks);
@@ -349,25 +342,18 @@ TEST_F(MediaTest, SnapEditsTellOfEachTextTheyGetWhileThePageComesUp)
 
 TEST_F(MediaTest, TabKeyPassesWhatIsLive)
 {
-    const auto press = [](const Sheet& sheet, const std::vector<int>& order)
-    {
-        SetFocus(sheet.Control(order.front()));
-        for (size_t next = 1; next < order.size(); ++next)
-        {
-            EXPECT_EQ(PressTab(sheet), order[next]);
-        }
-    };
-    RunOnTab(Tab,
-             [&press](Sheet& sheet)
+    RunOnTab(tabs::Media,
+             [](Sheet& sheet)
              {
-                 press(sheet, {IDC_NETWORK_TCP, IDC_NETWORK_LOG, IDC_TCP_PACKET_SIZE, IDC_ADVANCED_TCP,
-                               IDC_TCP_CLIENT_ADDRESS, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID,
-                               IDC_SNAP_PACKET_SIZE, IDC_TCP_CLIENT_PORTS, IDC_TCP_SERVER_PORTS, IDOK});
+                 ExpectTabOrder(sheet,
+                                {IDC_NETWORK_TCP, IDC_NETWORK_LOG, IDC_TCP_PACKET_SIZE, IDC_ADVANCED_TCP,
+                                 IDC_TCP_CLIENT_ADDRESS, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID,
+                                 IDC_SNAP_PACKET_SIZE, IDC_TCP_CLIENT_PORTS, IDC_TCP_SERVER_PORTS, IDOK});
                  sheet.Click(IDC_NETWORK_LOG);
                  sheet.Click(IDC_NETWORK_UDP);
-                 press(sheet, {IDC_NETWORK_UDP, IDC_NETWORK_LOG, IDC_MAX_BYTES_TO_LOG, IDC_UDP_ADDRESS,
-                               IDC_UDP_PORT, IDC_UDP_PACKET_SIZE, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID,
-                               IDC_SNAP_PACKET_SIZE, IDOK});
+                 ExpectTabOrder(sheet, {IDC_NETWORK_UDP, IDC_NETWORK_LOG, IDC_MAX_BYTES_TO_LOG,
+                                        IDC_UDP_ADDRESS, IDC_UDP_PORT, IDC_UDP_PACKET_SIZE, IDC_MAC_ADDRESS,
+                                        IDC_SNAP_OUI, IDC_SNAP_PID, IDC_SNAP_PACKET_SIZE, IDOK});
              });
 }
 
@@ -394,7 +380,7 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
     for (const Case& c : cases)
     {
         SCOPED_TRACE(Printable(c.keys));
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [&c](Sheet& sheet)
                  {
                      for (const int id : {IDC_SNAP_OUI, IDC_SNAP_PID})
@@ -412,14 +398,14 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
 
 TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt)
 {
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  sheet.Paste(IDC_SNAP_OUI, _T("zz"));
                  EXPECT_FALSE(sheet.CanApply());
                  sheet.Ok();
                  EXPECT_TRUE(sheet.IsOpen());
-                 EXPECT_FALSE(sheet.Select(_T("General Settings")));
+                 EXPECT_FALSE(sheet.Select(tabs::General));
                  EXPECT_EQ(GetFocus(), sheet.Control(IDC_SNAP_OUI));
                  // What the exchange reaches before it is taken, what lies behind it is not.
                  sheet.Retype(IDC_MAC_ADDRESS, _T("a"));
@@ -437,7 +423,7 @@ TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt)
 TEST_F(MediaTest, IdentifierOfSixteenDigitsStandsForItsLow32Bits)
 {
     StoreValue(_T("SnapIdPID"), Dword(0x80001234));
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [](Sheet& sheet)
              {
                  EXPECT_EQ(sheet.TextOf(IDC_SNAP_PID), _T("FFFFFFFF80001234"));
@@ -468,7 +454,7 @@ TEST_F(MediaTest, EachEditMarksThePageByItsOwnMember)
                  {_T("MACAddr"), IDC_MAC_ADDRESS, false, true},
                  {_T("MaxPacketSizeSNAP"), IDC_SNAP_PACKET_SIZE, true, true},
                  {_T("MaxBytesToLog"), IDC_MAX_BYTES_TO_LOG, true, true}};
-    RunOnTab(Tab,
+    RunOnTab(tabs::Media,
              [&edits](Sheet& sheet)
              {
                  sheet.Click(IDC_NETWORK_LOG);
@@ -483,8 +469,7 @@ TEST_F(MediaTest, EachEditMarksThePageByItsOwnMember)
                      // A leading zero leaves a number what it was, and takes away even another's mark.
                      sheet.Click(IDC_NETWORK_LOG);
                      sheet.Click(IDC_NETWORK_LOG);
-                     SendMessageW(sheet.Control(edit.id), EM_SETSEL, 0, 0);
-                     sheet.Type(edit.id, _T("0"));
+                     sheet.TypeInFront(edit.id, _T("0"));
                      EXPECT_EQ(sheet.TextOf(edit.id), edit.number ? _T("01") : _T("0x"));
                      EXPECT_EQ(sheet.CanApply(), !edit.number);
                  }
@@ -498,7 +483,7 @@ TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
         ClearSettings();
         InstallTools({KauriQB});
         int prompts = 0;
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [id, &prompts](Sheet& sheet)
                  {
                      ExpectPrompt(&prompts);
@@ -506,7 +491,7 @@ TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
                      EXPECT_EQ(prompts, 1);
                      EXPECT_FALSE(sheet.CanApply());
                      ExpectPrompt(&prompts);
-                     EXPECT_FALSE(sheet.Select(_T("General Settings")));
+                     EXPECT_FALSE(sheet.Select(tabs::General));
                      EXPECT_EQ(prompts, 2);
                      EXPECT_EQ(GetFocus(), sheet.Control(id));
                      // Too much for 32 bits is no number either.
@@ -514,7 +499,7 @@ TEST_F(MediaTest, EmptiedNumberPromptsAtOnceAndHoldsThePage)
                      ExpectPrompt(&prompts);
                      sheet.Paste(id, _T("2147483648"));
                      EXPECT_EQ(prompts, 3);
-                     EXPECT_FALSE(KeyExists(Key));
+                     EXPECT_FALSE(KeyExists(keys::Kauri));
                      sheet.Retype(id, _T("65"));
                      sheet.Ok();
                  });
@@ -549,7 +534,7 @@ TEST_F(MediaTest, AnExchangeTakesWhatStandsBeforeTheTextItFailsOn)
             continue;
         }
         SCOPED_TRACE(bad.id);
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [&](Sheet& sheet)
                  {
                      const auto change = [&](int id, LPCTSTR text)
@@ -581,29 +566,28 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
     struct Case
     {
         int button;
-        LPCTSTR title;
+        Text title;
         Text table;
         Text otherTable;
     };
-    for (const Case& c : {Case{IDC_TCP_CLIENT_PORTS, _T("Client Port Numbers"), _T("\\TCPPortsClient"),
-                               _T("\\TCPPortsServer")},
-                          Case{IDC_TCP_SERVER_PORTS, _T("Server Port Numbers"), _T("\\TCPPortsServer"),
-                               _T("\\TCPPortsClient")}})
+    for (const Case& c :
+         {Case{IDC_TCP_CLIENT_PORTS, titles::ClientPorts, keys::ClientPorts, keys::ServerPorts},
+          Case{IDC_TCP_SERVER_PORTS, titles::ServerPorts, keys::ServerPorts, keys::ClientPorts}})
     {
         SCOPED_TRACE(Printable(c.title));
         ClearSettings();
         InstallTools({KauriQB});
         for (const LPCTSTR port : {_T("1"), _T("2"), _T("3"), _T("4"), _T("5")})
         {
-            Store(Key + c.table + _T("\\") + port, _T("PacketType"), Dword(0));
+            Store(c.table + _T("\\") + port, _T("PacketType"), Dword(0));
         }
-        const auto ports = [&c] { return StoredSubkeys(Key + c.table); };
+        const auto ports = [&c] { return StoredSubkeys(c.table); };
         const auto open = [&c](const Sheet& sheet, const std::function<void(Form&)>& script)
         {
             WhenOpened(c.title, script);
             sheet.Click(c.button);
         };
-        RunOnTab(Tab,
+        RunOnTab(tabs::Media,
                  [&](Sheet& sheet)
                  {
                      sheet.Apply();
@@ -640,7 +624,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
                           });
                      sheet.Apply();
                      EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("3"), _T("4")}));
-                     EXPECT_EQ(Stored(Key + c.table + _T("\\3"), _T("PacketType")), Dword(2));
+                     EXPECT_EQ(Stored(c.table + _T("\\3"), _T("PacketType")), Dword(2));
                      // Lost with the sheet.
                      open(sheet,
                           [](Form& form)
@@ -651,6 +635,6 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
                      sheet.Cancel();
                  });
         EXPECT_EQ(ports(), (std::vector<Text>{_T("1"), _T("3"), _T("4")}));
-        EXPECT_EQ(StoredSubkeys(Key + c.otherTable), std::vector<Text>{_T("9001")});
+        EXPECT_EQ(StoredSubkeys(c.otherTable), std::vector<Text>{_T("9001")});
     }
 }

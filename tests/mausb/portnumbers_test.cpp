@@ -3,14 +3,13 @@
 
 #include "resource.h"
 #include "support/form.h"
+#include "support/media_values.h"
 #include "support/tips.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-using Ports = std::vector<std::pair<UINT, int>>;
-
 constexpr int Edits[] = {IDC_PORT_EDIT_0, IDC_PORT_EDIT_1, IDC_PORT_EDIT_2, IDC_PORT_EDIT_3};
 constexpr int Types[] = {IDC_PORT_TYPE_0, IDC_PORT_TYPE_1, IDC_PORT_TYPE_2, IDC_PORT_TYPE_3};
 constexpr int Edit = IDC_PORT_EDIT_0;
@@ -59,12 +58,7 @@ Ports RunDialog(const PortTable& table, INT_PTR result, const std::function<void
                });
     EXPECT_EQ(dialog.DoModal(), result);
     EndWaits();
-    Ports ports;
-    for (const PortEntry& entry : edited)
-    {
-        ports.emplace_back(entry.PortNumber, entry.PacketType);
-    }
-    return ports;
+    return PortsOf(edited);
 }
 
 const Ports FourEmptyRows(4, {0, PacketTypeDefault});
@@ -125,13 +119,9 @@ TEST(PortNumbersTest, ShowsAShortTableAndFillsItUp)
 TEST(PortNumbersTest, TabKeyPassesTheTypesThatAreNotLive)
 {
     RunDialog({{80, PacketTypeBulk}}, IDCANCEL,
-              [](Form& form)
-              {
-                  SetFocus(form.Control(Edits[0]));
-                  for (const int id : {Types[0], Edits[1], Edits[2], Edits[3], IDOK, IDCANCEL, Edits[0]})
-                  {
-                      EXPECT_EQ(PressTab(form), id);
-                  }
+              [](Form& form) {
+                  ExpectTabOrder(
+                      form, {Edits[0], Types[0], Edits[1], Edits[2], Edits[3], IDOK, IDCANCEL, Edits[0]});
               });
 }
 

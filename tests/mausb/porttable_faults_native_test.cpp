@@ -1,48 +1,35 @@
 // A port table while the registry refuses one call: what the table or the registry then holds.
 #include "headless.h"
-#include "mausb/PortTable.h"
-#include "support/registry.h"
-
-#include <gtest/gtest.h>
+#include "support/media_values.h"
+#include "support/settings_test.h"
 
 namespace
 {
 const Text Table = _T("TCPPortsServer");
-const Text TableKey = _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsServer");
-
-using Ports = std::vector<std::pair<UINT, int>>;
 
 Text PortKey(const Text& name)
 {
-    return Text(TableKey).append(_T("\\")).append(name);
+    return Text(keys::ServerPorts).append(_T("\\")).append(name);
 }
 
 // The stored table as its subkeys and their types; no type is Absent.
-using Subkeys = std::map<Text, StoredValue>;
-
-Subkeys StoredPorts()
+Values StoredPorts()
 {
-    Subkeys ports;
-    for (const Text& name : StoredSubkeys(TableKey))
+    Values ports;
+    for (const Text& name : StoredSubkeys(keys::ServerPorts))
     {
         ports[name] = Stored(PortKey(name), _T("PacketType"));
     }
     return ports;
 }
 
-class PortTableFaultsTest : public testing::Test
+class PortTableFaultsTest : public SettingsTest
 {
 protected:
-    void SetUp() override
-    {
-        headless::ClearFaults();
-        ClearSettings();
-    }
-
     void TearDown() override
     {
         headless::ClearFaults();
-        ClearSettings();
+        SettingsTest::TearDown();
     }
 
     // The fault has struck, and left no key open.
@@ -72,9 +59,9 @@ TEST_F(PortTableFaultsTest, LoadKeepsWhatItReadUntilThen)
                           {"RegEnumKeyExW", 3, false, {{2, 1}, {1, 2}}},
                           {"RegEnumKeyExW", 4, false, {{3, 0}, {2, 1}, {1, 2}}},
                           {"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}};
-    Store(TableKey + _T("\\1"), _T("PacketType"), Dword(2));
-    Store(TableKey + _T("\\2"), _T("PacketType"), Dword(1));
-    Store(TableKey + _T("\\3"), _T("PacketType"), Dword(0));
+    Store(keys::ServerPorts + _T("\\1"), _T("PacketType"), Dword(2));
+    Store(keys::ServerPorts + _T("\\2"), _T("PacketType"), Dword(1));
+    Store(keys::ServerPorts + _T("\\3"), _T("PacketType"), Dword(0));
     for (const Case& c : cases)
     {
         SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
@@ -83,12 +70,7 @@ TEST_F(PortTableFaultsTest, LoadKeepsWhatItReadUntilThen)
         PortTable table;
         EXPECT_EQ(LoadPortTable(table, Table), c.complete);
         ExpectStruck(c.function, c.nth);
-        Ports ports;
-        for (const PortEntry& entry : table)
-        {
-            ports.emplace_back(entry.PortNumber, entry.PacketType);
-        }
-        EXPECT_EQ(ports, c.ports);
+        EXPECT_EQ(PortsOf(table), c.ports);
     }
 }
 
@@ -98,9 +80,9 @@ TEST_F(PortTableFaultsTest, SaveStopsAtTheCallThatFails)
     {
         const char* function;
         unsigned nth;
-        Subkeys left;
+        Values left;
     };
-    const Subkeys before = {{_T("10"), Dword(1)}, {_T("20"), Dword(2)}};
+    const Values before = {{_T("10"), Dword(1)}, {_T("20"), Dword(2)}};
     const Case cases[] = {
         {"RegCreateKeyExW", 1, before},
         {"RegDeleteTreeW", 1, before},
@@ -130,5 +112,5 @@ TEST_F(PortTableFaultsTest, AKeyOfItsOwnMakingIsNotEmptied)
     EXPECT_TRUE(SavePortTable({{7, 2}}, Table));
     EXPECT_FALSE(SavePortTable({{8, 1}}, Table)) << "the key stands now";
     headless::ClearFaults();
-    EXPECT_EQ(StoredPorts(), (Subkeys{{_T("7"), Dword(2)}}));
+    EXPECT_EQ(StoredPorts(), (Values{{_T("7"), Dword(2)}}));
 }

@@ -1,27 +1,17 @@
 // A port table's road to the registry and back.
-#include "mausb/PortTable.h"
-
-#include "support/registry.h"
-
-#include <gtest/gtest.h>
+#include "support/media_values.h"
+#include "support/settings_test.h"
 
 namespace
 {
-const Text ToolKey = _T("SOFTWARE\\Halvane\\KauriQB");
 const Text Table = _T("TCPPortsClient");
-const Text TableKey = ToolKey + _T("\\TCPPortsClient");
 
-using Ports = std::vector<std::pair<UINT, int>>;
-
-class PortTableTest : public testing::Test
+class PortTableTest : public SettingsTest
 {
 protected:
-    void SetUp() override { ClearSettings(); }
-    void TearDown() override { ClearSettings(); }
-
     static void StorePort(const Text& name, const StoredValue& type = Absent)
     {
-        const Text key = TableKey + _T("\\") + name;
+        const Text key = keys::ClientPorts + _T("\\") + name;
         const RegistryKey created(key, RegistryKey::Access::Write);
         if (!(type == Absent))
         {
@@ -33,12 +23,7 @@ protected:
     {
         PortTable table;
         EXPECT_EQ(LoadPortTable(table, Table), complete);
-        Ports ports;
-        for (const PortEntry& entry : table)
-        {
-            ports.emplace_back(entry.PortNumber, entry.PacketType);
-        }
-        return ports;
+        return PortsOf(table);
     }
 };
 }  // namespace
@@ -46,9 +31,9 @@ protected:
 TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
 {
     EXPECT_EQ(Load(false), Ports{});
-    EXPECT_FALSE(KeyExists(ToolKey));
+    EXPECT_FALSE(KeyExists(keys::Kauri));
     // A key with values, the table's among them, but no ports is a complete table.
-    Store(TableKey, _T("9001"), Dword(2));
+    Store(keys::ClientPorts, _T("9001"), Dword(2));
     EXPECT_EQ(Load(), Ports{});
 }
 
@@ -113,29 +98,29 @@ TEST_F(PortTableTest, LoadTakesTheBytesOfATypeThatFit)
 
 TEST_F(PortTableTest, SaveReplacesTheStoredTable)
 {
-    const Text otherKey = ToolKey + _T("\\TCPPortsServer\\9001");
-    Store(ToolKey, _T("MACAddr"), Sz(_T("kept")));
+    const Text otherKey = keys::ServerPorts + _T("\\9001");
+    Store(keys::Kauri, _T("MACAddr"), Sz(_T("kept")));
     Store(otherKey, _T("PacketType"), Dword(1));
-    Store(TableKey, _T("Stray"), Dword(1));
+    Store(keys::ClientPorts, _T("Stray"), Dword(1));
     StorePort(_T("80"), Dword(2));
     StorePort(_T("odd\\deeper"), Dword(2));
     EXPECT_TRUE(SavePortTable({{443, 2}, {0, 5}, {70000, -2}, {443, 0}, {4294967295U, -1}}, Table));
-    const Tree saved = {{ToolKey, {{_T("MACAddr"), Sz(_T("kept"))}}},
-                        {ToolKey + _T("\\TCPPortsServer"), {}},
+    const Tree saved = {{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
+                        {keys::ServerPorts, {}},
                         {otherKey, {{_T("PacketType"), Dword(1)}}},
-                        {TableKey, {}},
-                        {TableKey + _T("\\443"), {{_T("PacketType"), Dword(0)}}},
-                        {TableKey + _T("\\70000"), {{_T("PacketType"), Dword(0xFFFFFFFE)}}},
-                        {TableKey + _T("\\4294967295"), {{_T("PacketType"), Dword(0xFFFFFFFF)}}}};
-    EXPECT_EQ(StoredTree(ToolKey), saved);
+                        {keys::ClientPorts, {}},
+                        {keys::ClientPorts + _T("\\443"), {{_T("PacketType"), Dword(0)}}},
+                        {keys::ClientPorts + _T("\\70000"), {{_T("PacketType"), Dword(0xFFFFFFFE)}}},
+                        {keys::ClientPorts + _T("\\4294967295"), {{_T("PacketType"), Dword(0xFFFFFFFF)}}}};
+    EXPECT_EQ(StoredTree(keys::Kauri), saved);
     EXPECT_EQ(Load(), (Ports{{70000, -2}, {4294967295U, -1}, {443, 0}}));
     EXPECT_TRUE(SavePortTable({{0, -1}, {0, 2}}, Table));
-    EXPECT_TRUE(KeyExists(TableKey));
+    EXPECT_TRUE(KeyExists(keys::ClientPorts));
     EXPECT_EQ(Load(), Ports{});
 }
 
 TEST_F(PortTableTest, FirstSaveCreatesTheKey)
 {
     EXPECT_TRUE(SavePortTable({}, Table));
-    EXPECT_EQ(StoredTree(ToolKey), (Tree{{ToolKey, {}}, {TableKey, {}}}));
+    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {}}, {keys::ClientPorts, {}}}));
 }

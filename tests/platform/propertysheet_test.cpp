@@ -1,4 +1,5 @@
 // The property sheet: which page is told what, in which order, and what becomes of its answer.
+#include "support/form.h"
 #include "support/trial_sheet.h"
 
 #include <gtest/gtest.h>
@@ -6,31 +7,11 @@
 
 namespace
 {
-using String = std::basic_string<TCHAR>;
-
-String ClassOf(HWND window)
+Text ClassOf(HWND window)
 {
     TCHAR name[64] = {};
     GetClassNameW(window, name, 64);
     return name;
-}
-
-String TextOf(HWND window)
-{
-    TCHAR text[64] = {};
-    GetWindowTextW(window, text, 64);
-    return text;
-}
-
-String TabText(HWND tabs, WPARAM index)
-{
-    TCHAR text[64] = {};
-    TCITEMW item = {};
-    item.mask = TCIF_TEXT;
-    item.pszText = text;
-    item.cchTextMax = 64;
-    return SendMessageW(tabs, TCM_GETITEMW, index, reinterpret_cast<LPARAM>(&item)) != 0 ? String(text)
-                                                                                         : String();
 }
 
 class PropertySheetTest : public testing::Test
@@ -40,6 +21,22 @@ protected:
     {
         sheet.Open();
         sheet.Take();
+    }
+
+    // Lets each page mark itself when it gets that notification, or WM_INITDIALOG.
+    void MarkPagesAt(UINT code)
+    {
+        for (TrialSheet::Page& page : sheet.pages)
+        {
+            page.onReceived = [&page, code](UINT received)
+            {
+                if (received == code)
+                {
+                    SendMessageW(GetParent(page.window), PSM_CHANGED, reinterpret_cast<WPARAM>(page.window),
+                                 0);
+                }
+            };
+        }
     }
 
     LRESULT SelectedTab() const { return SendMessageW(sheet.Tabs(), TCM_GETCURSEL, 0, 0); }
@@ -54,8 +51,8 @@ TEST_F(PropertySheetTest, OpensWithItsFirstPageAlone)
     EXPECT_EQ(sheet.Take(),
               (Events{"0 addref", "1 addref", "2 addref", "0 create", "0 init", "0 setactive"}));
 
-    EXPECT_EQ(ClassOf(sheet.window), String(_T("#32770")));
-    EXPECT_EQ(TextOf(sheet.window), String(_T("Trial sheet")));
+    EXPECT_EQ(ClassOf(sheet.window), _T("#32770"));
+    EXPECT_EQ(Form(sheet.window).Title(), _T("Trial sheet"));
     EXPECT_TRUE(IsWindowVisible(sheet.window));
     EXPECT_EQ(GetActiveWindow(), sheet.window);
     EXPECT_EQ(sheet.Current(), 0);
@@ -64,18 +61,17 @@ TEST_F(PropertySheetTest, OpensWithItsFirstPageAlone)
     EXPECT_TRUE(IsWindowEnabled(sheet.pages[0].window));
     EXPECT_EQ(GetFocus(), GetDlgItem(sheet.pages[0].window, TrialSheet::IdFirstEdit));
 
-    EXPECT_EQ(TextOf(GetDlgItem(sheet.window, IDOK)), String(_T("OK")));
-    EXPECT_EQ(TextOf(GetDlgItem(sheet.window, IDCANCEL)), String(_T("Cancel")));
-    EXPECT_EQ(TextOf(GetDlgItem(sheet.window, TrialSheet::IdApply)), String(_T("&Apply")));
+    EXPECT_EQ(Form(sheet.window).TextOf(IDOK), _T("OK"));
+    EXPECT_EQ(Form(sheet.window).TextOf(IDCANCEL), _T("Cancel"));
+    EXPECT_EQ(Form(sheet.window).TextOf(IdApply), _T("&Apply"));
     EXPECT_FALSE(sheet.CanApply());
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(sheet.window, 9)));  // Help
 
     EXPECT_EQ(sheet.Tabs(), GetDlgItem(sheet.window, TrialSheet::IdTabControl));
-    EXPECT_EQ(ClassOf(sheet.Tabs()), String(WC_TABCONTROLW));
-    EXPECT_EQ(SendMessageW(sheet.Tabs(), TCM_GETITEMCOUNT, 0, 0), 3);
-    EXPECT_EQ(TabText(sheet.Tabs(), 0), String(_T("One")));
-    EXPECT_EQ(TabText(sheet.Tabs(), 1), String(_T("Two && half")));
-    EXPECT_EQ(TabText(sheet.Tabs(), 3), String());
+    EXPECT_EQ(ClassOf(sheet.Tabs()), WC_TABCONTROLW);
+    EXPECT_EQ(Sheet(sheet.window).Tabs(), (std::vector<Text>{_T("One"), _T("Two && half"), _T("Three")}));
+    TCITEMW none = {};
+    EXPECT_FALSE(SendMessageW(sheet.Tabs(), TCM_GETITEMW, 3, reinterpret_cast<LPARAM>(&none)));
     EXPECT_EQ(SelectedTab(), 0);
 }
 
@@ -148,7 +144,7 @@ TEST_F(PropertySheetTest, ApplyAsksThePagesThatWereCreated)
     sheet.Select(2);
     sheet.Mark(0);
     sheet.Take();
-    SendMessageW(GetDlgItem(sheet.window, TrialSheet::IdApply), BM_CLICK, 0, 0);
+    SendMessageW(GetDlgItem(sheet.window, IdApply), BM_CLICK, 0, 0);
     EXPECT_EQ(sheet.Take(), (Events{"2 killactive", "0 apply", "2 apply", "2 setactive"}));
     EXPECT_FALSE(sheet.CanApply());
     EXPECT_EQ(sheet.Current(), 2);
@@ -260,16 +256,7 @@ TEST_F(PropertySheetTest, ApplyIsEnabledWhileAPageIsMarked)
 
 TEST_F(PropertySheetTest, MarkOfAPageBeingCreatedIsForgotten)
 {
-    for (TrialSheet::Page& page : sheet.pages)
-    {
-        page.onReceived = [&](UINT code)
-        {
-            if (code == WM_INITDIALOG)
-            {
-                SendMessageW(GetParent(page.window), PSM_CHANGED, reinterpret_cast<WPARAM>(page.window), 0);
-            }
-        };
-    }
+    MarkPagesAt(WM_INITDIALOG);
     sheet.Open();
     EXPECT_FALSE(sheet.CanApply());
     // The button of a later page is on, but not for a mark: the next look at the marks finds none.
@@ -281,16 +268,7 @@ TEST_F(PropertySheetTest, MarkOfAPageBeingCreatedIsForgotten)
 
 TEST_F(PropertySheetTest, MarkOfAPageBecomingActiveStays)
 {
-    for (TrialSheet::Page& page : sheet.pages)
-    {
-        page.onReceived = [&](UINT code)
-        {
-            if (code == PSN_SETACTIVE)
-            {
-                SendMessageW(GetParent(page.window), PSM_CHANGED, reinterpret_cast<WPARAM>(page.window), 0);
-            }
-        };
-    }
+    MarkPagesAt(PSN_SETACTIVE);
     sheet.Open();
     EXPECT_TRUE(sheet.CanApply());
     sheet.Select(1);

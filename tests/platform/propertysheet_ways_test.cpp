@@ -1,5 +1,6 @@
 // The property sheet under keys and mouse, in its own modal loop, and made of other kinds of pages.
 #include "resource.h"
+#include "support/form.h"
 #include "support/trial_sheet.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +17,8 @@ protected:
         sheet.Take();
     }
 
-    // Opens a sheet of the one page and gives the texts of its tabs.
-    static std::vector<std::basic_string<TCHAR>> TabsWith(PROPSHEETPAGEW page)
+    // Opens a sheet of the one page and gives the titles of its tabs.
+    static std::vector<Text> TabsWith(PROPSHEETPAGEW page)
     {
         page.dwSize = sizeof(page);
         page.hInstance = GetModuleHandleW(nullptr);
@@ -31,21 +32,9 @@ protected:
         header.nPages = 1;
         header.ppsp = &page;
         const HWND window = reinterpret_cast<HWND>(PropertySheetW(&header));
-        const HWND tabs = reinterpret_cast<HWND>(SendMessageW(window, PSM_GETTABCONTROL, 0, 0));
-        std::vector<std::basic_string<TCHAR>> texts;
-        const LRESULT count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
-        for (LRESULT index = 0; index < count; ++index)
-        {
-            TCHAR text[64] = {};
-            TCITEMW item = {};
-            item.mask = TCIF_TEXT;
-            item.pszText = text;
-            item.cchTextMax = 64;
-            SendMessageW(tabs, TCM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-            texts.emplace_back(text);
-        }
+        std::vector<Text> titles = Sheet(window).Tabs();
         DestroyWindow(window);
-        return texts;
+        return titles;
     }
 
     TrialSheet sheet;
@@ -179,14 +168,14 @@ TEST_F(SheetWaysTest, PageComesFromTheResources)
 {
     PROPSHEETPAGEW page = {};
     page.pszTemplate = MAKEINTRESOURCEW(IDD_GENERAL_SETTINGS);
-    using Texts = std::vector<std::basic_string<TCHAR>>;
-    EXPECT_EQ(TabsWith(page), Texts{_T("General Settings")});
+    using Titles = std::vector<Text>;
+    EXPECT_EQ(TabsWith(page), Titles{_T("General Settings")});
     page.dwFlags = PSP_USETITLE;
     page.pszTitle = _T("Own title");
-    EXPECT_EQ(TabsWith(page), Texts{_T("Own title")});
+    EXPECT_EQ(TabsWith(page), Titles{_T("Own title")});
     // A page without a template is left out.
     page.pszTemplate = MAKEINTRESOURCEW(9999);
-    EXPECT_EQ(TabsWith(page), Texts{});
+    EXPECT_EQ(TabsWith(page), Titles{});
 }
 
 TEST_F(SheetWaysTest, PageMayBeMadeBeforeItsSheet)

@@ -2,33 +2,21 @@
 #include "shell/InstalledProducts.h"
 #include "shell/QBSettingsApp.h"
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 namespace
 {
-const Text Installed = _T("SOFTWARE\\Halvane\\Installed");
-
-class InstalledTest : public testing::Test
-{
-protected:
-    void SetUp() override { ClearSettings(); }
-    void TearDown() override { ClearSettings(); }
-};
+using InstalledTest = SettingsTest;
 
 // Runs the program where it must show its error box and no sheet.
 void ExpectErrorBox()
 {
     bool seen = false;
-    WhenOpened(_T("QB Settings Error"),
+    WhenOpened(titles::Error,
                [&seen](Form& box)
                {
                    seen = true;
-                   EXPECT_EQ(box.TextOf(0xFFFF),
-                             _T("Unable to get Installed Product List.\n\nPlease make sure that you have at ")
-                             _T("least one QB app ")
-                             _T("installed, that you are running with administrative privileges, and you ")
-                             _T("have UAC turned off."));
+                   EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
                    box.Click(IDOK);
                });
     // A mutex that could not be made at all marks no other instance.
@@ -42,15 +30,15 @@ void ExpectErrorBox()
 
 TEST_F(InstalledTest, ToolsAreThoseWithANumberOtherThanZero)
 {
-    Store(Installed, _T("AlderQB"), Dword(1));
-    Store(Installed, _T("BirchQB"), Dword(0));
-    Store(Installed, _T("cedarqb"), Dword(1));
-    Store(Installed, _T("ElmQB"), Sz(_T("x")));
-    Store(Installed, _T("FirQB"), Binary({0, 0, 1}));
-    Store(Installed, _T("GinkgoQB"), Binary({}));
-    Store(Installed, _T("HazelQB"), Dword(0x80000000));
-    Store(Installed, _T("Somebody else"), Dword(3));
-    Store(Installed, _T(""), Dword(2));
+    Store(keys::Installed, _T("AlderQB"), Dword(1));
+    Store(keys::Installed, _T("BirchQB"), Dword(0));
+    Store(keys::Installed, _T("cedarqb"), Dword(1));
+    Store(keys::Installed, _T("ElmQB"), Sz(_T("x")));
+    Store(keys::Installed, _T("FirQB"), Binary({0, 0, 1}));
+    Store(keys::Installed, _T("GinkgoQB"), Binary({}));
+    Store(keys::Installed, _T("HazelQB"), Dword(0x80000000));
+    Store(keys::Installed, _T("Somebody else"), Dword(3));
+    Store(keys::Installed, _T(""), Dword(2));
     ASSERT_TRUE(LoadInstalledProducts());
     EXPECT_EQ(InstalledProductMap.size(), 9U);
     EXPECT_EQ(InstalledProductMap[_T("")], 2U);
@@ -79,7 +67,7 @@ TEST_F(InstalledTest, LoadsAnewAndNeedsTheKeyOnly)
 TEST_F(InstalledTest, OneValueTooLongFailsTheLoadButNotTheOthers)
 {
     InstallTools({AlderQB, KauriQB});
-    Store(Installed, _T("ElmQB"), Sz(_T("yes")));
+    Store(keys::Installed, _T("ElmQB"), Sz(_T("yes")));
     EXPECT_FALSE(LoadInstalledProducts());
     EXPECT_EQ(InstalledProductMap.size(), 2U);
     ExpectErrorBox();
@@ -88,20 +76,20 @@ TEST_F(InstalledTest, OneValueTooLongFailsTheLoadButNotTheOthers)
 TEST_F(InstalledTest, ManyAndLongNames)
 {
     const Text longest(16382, _T('n'));
-    Store(Installed, longest.c_str(), Dword(1));
+    Store(keys::Installed, longest, Dword(1));
     constexpr int Count = 3000;
     for (int i = 0; i < Count; ++i)
     {
         CString name;
         name.Format(_T("Tool %d"), i);
-        Store(Installed, name, Dword(1));
+        Store(keys::Installed, name.GetString(), Dword(1));
     }
-    Store(Installed, _T("KauriQB"), Dword(1));
+    Store(keys::Installed, _T("KauriQB"), Dword(1));
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_EQ(InstalledProductMap.size(), size_t{Count} + 2);
     EXPECT_TRUE(IsProductInstalled(longest));
     // One character more leaves the enumeration no room for the terminator: nothing is shown then.
-    Store(Installed, (longest + _T("n")).c_str(), Dword(1));
+    Store(keys::Installed, longest + _T("n"), Dword(1));
     EXPECT_FALSE(LoadInstalledProducts());
     EXPECT_EQ(InstalledProductMap.size(), size_t{Count} + 2);
     EXPECT_TRUE(IsProductInstalled(KauriQB));
@@ -110,7 +98,7 @@ TEST_F(InstalledTest, ManyAndLongNames)
 TEST_F(InstalledTest, ErrorBoxAndNoSheetWithoutTheKey)
 {
     ExpectErrorBox();
-    EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane")) && KeyExists(_T("SOFTWARE\\Halvane\\QuorvexBench")));
+    EXPECT_FALSE(KeyExists(keys::Bench));
 }
 
 TEST_F(InstalledTest, SecondInstanceShowsNothing)

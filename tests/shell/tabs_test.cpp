@@ -1,79 +1,66 @@
 // Which pages join the sheet for which tools.
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 namespace
 {
-const Text General = _T("General Settings");
-const Text Drivers = _T("Drivers && Firmware");
-const Text Chapter9 = _T("Chapter 9");
-const Text Waivers = _T("Waivers");
-const Text Xhci = _T("xHCI Settings");
-const Text Identity = _T("MAUSB Settings");
-const Text Media = _T("MAUSB Media Settings");
-const Text Protocol = _T("MAUSB Protocol Settings");
-const Text HostUnderTest = _T("MAUSB HUT Params");
-
 using Texts = std::vector<Text>;
 
-class TabsTest : public testing::Test
+class TabsTest : public SettingsTest
 {
 protected:
-    void SetUp() override { ClearSettings(); }
-    void TearDown() override { ClearSettings(); }
-
     // The tabs, of which the first must be in front.
     static Texts TabsShown()
     {
-        Texts tabs;
+        Texts shown;
         RunEditor(
-            [&tabs](Sheet& sheet)
+            [&shown](Sheet& sheet)
             {
-                tabs = sheet.Tabs();
-                EXPECT_EQ(Form(sheet.Page()).Title(), tabs.front());
+                shown = sheet.Tabs();
+                EXPECT_EQ(Form(sheet.Page()).Title(), shown.front());
             });
-        return tabs;
+        return shown;
     }
 };
 }  // namespace
 
 TEST_F(TabsTest, EachToolBringsThePagesThatConcernIt)
 {
-    const std::map<ProductId, Texts> tabs = {
-        {AlderQB, {General, Drivers, Chapter9, Waivers}},
-        {BirchQB, {General, Drivers, Chapter9, Waivers, Xhci}},
-        {CedarQB, {General, Drivers}},
-        {DogwoodQB, {General}},
-        {ElmQB, {General, Drivers}},
-        {FirQB, {General, Drivers, Waivers, Xhci}},
-        {GinkgoQB, {General, Drivers, Xhci}},
-        {HazelQB, {General, Drivers}},
-        {IvyRig, {General}},
-        {JuniperRig, {General}},
-        {KauriQB, {General, Drivers, Identity, Media, Protocol, HostUnderTest}},
-        {_T("OtherQB"), {General}}};
-    for (const auto& [tool, expected] : tabs)
+    const std::map<ProductId, Texts> expectedTabs = {
+        {AlderQB, {tabs::General, tabs::Drivers, tabs::Chapter9, tabs::Waivers}},
+        {BirchQB, {tabs::General, tabs::Drivers, tabs::Chapter9, tabs::Waivers, tabs::Xhci}},
+        {CedarQB, {tabs::General, tabs::Drivers}},
+        {DogwoodQB, {tabs::General}},
+        {ElmQB, {tabs::General, tabs::Drivers}},
+        {FirQB, {tabs::General, tabs::Drivers, tabs::Waivers, tabs::Xhci}},
+        {GinkgoQB, {tabs::General, tabs::Drivers, tabs::Xhci}},
+        {HazelQB, {tabs::General, tabs::Drivers}},
+        {IvyRig, {tabs::General}},
+        {JuniperRig, {tabs::General}},
+        {KauriQB,
+         {tabs::General, tabs::Drivers, tabs::Identity, tabs::Media, tabs::Protocol, tabs::HostUnderTest}},
+        {_T("OtherQB"), {tabs::General}}};
+    for (const auto& [tool, expected] : expectedTabs)
     {
         SCOPED_TRACE(Printable(tool));
         InstallTools({tool});
         EXPECT_EQ(TabsShown(), expected);
         // As a removed tool is listed.
-        Store(_T("SOFTWARE\\Halvane\\Installed"), tool.c_str(), Dword(0));
-        EXPECT_EQ(TabsShown(), Texts{General});
+        Store(keys::Installed, tool, Dword(0));
+        EXPECT_EQ(TabsShown(), Texts{tabs::General});
     }
-    InstallAllTools();
-    EXPECT_EQ(TabsShown(),
-              (Texts{General, Drivers, Chapter9, Waivers, Xhci, Identity, Media, Protocol, HostUnderTest}));
+    InstallTools(AllTools);
+    EXPECT_EQ(TabsShown(), (Texts{tabs::General, tabs::Drivers, tabs::Chapter9, tabs::Waivers, tabs::Xhci,
+                                  tabs::Identity, tabs::Media, tabs::Protocol, tabs::HostUnderTest}));
 }
 
 TEST_F(TabsTest, OkStoresNothingOfPagesThatWereNotDisplayed)
 {
-    InstallAllTools();
+    InstallTools(AllTools);
     RunEditor([](Sheet& sheet) { sheet.Ok(); });
     Tree stored = StoredSettings();
-    EXPECT_EQ(stored[_T("SOFTWARE\\Halvane\\QuorvexBench")].size(), 3U);
-    stored.erase(_T("SOFTWARE\\Halvane\\QuorvexBench"));
+    EXPECT_EQ(stored[keys::Bench].size(), 3U);
+    stored.erase(keys::Bench);
     // The key that lies above.
-    EXPECT_EQ(stored, (Tree{{_T("SOFTWARE\\Halvane"), {}}}));
+    EXPECT_EQ(stored, (Tree{{keys::Halvane, {}}}));
 }

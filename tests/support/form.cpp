@@ -8,8 +8,6 @@
 
 namespace
 {
-constexpr int IdApply = 0x3021;
-
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     return SendMessageW(window, message, wParam, lParam);
@@ -118,6 +116,12 @@ void Form::Type(int id, const Text& keys) const
     }
 }
 
+void Form::TypeInFront(int id, const Text& keys) const
+{
+    Send(Control(id), EM_SETSEL, 0, 0);
+    Type(id, keys);
+}
+
 void Form::Retype(int id, const Text& keys) const
 {
     const HWND control = Control(id);
@@ -184,7 +188,7 @@ std::vector<Text> Sheet::Tabs() const
     return titles;
 }
 
-bool Sheet::Select(LPCTSTR title) const
+bool Sheet::Select(const Text& title) const
 {
     const std::vector<Text> titles = Tabs();
     for (size_t index = 0; index < titles.size(); ++index)
@@ -231,4 +235,13 @@ int PressTab(const Form& form)
     message.lParam = 1;
     IsDialogMessageW(form.Window(), &message);
     return GetDlgCtrlID(GetFocus());
+}
+
+void ExpectTabOrder(const Form& form, const std::vector<int>& ids)
+{
+    SetFocus(form.Control(ids.front()));
+    for (size_t next = 1; next < ids.size(); ++next)
+    {
+        EXPECT_EQ(PressTab(form), ids[next]);
+    }
 }

@@ -34,6 +34,8 @@ public:
     void Click(int id) const;
     // Puts the focus on the control and types at its caret; '\b' is Backspace.
     void Type(int id, const Text& keys) const;
+    // Types before all that stands in the edit.
+    void TypeInFront(int id, const Text& keys) const;
     // Types over all that stands in the edit.
     void Retype(int id, const Text& keys) const;
     // Pastes over all that stands in the edit, from the clipboard by Ctrl+V.
@@ -59,7 +61,7 @@ public:
     bool IsOpen() const { return IsWindow(Window()) && Page() != nullptr; }
     std::vector<Text> Tabs() const;
     // Goes to the tab of that title; false if the sheet did not.
-    bool Select(LPCTSTR title) const;
+    bool Select(const Text& title) const;
 
     bool CanApply() const;
     void Apply() const;
@@ -69,12 +71,16 @@ public:
 
 // Presses Tab in the control that has the focus, and gives the id of the one that has it then.
 int PressTab(const Form& form);
+// Puts the focus on the first of the controls and checks that Tab goes on to the others in turn.
+void ExpectTabOrder(const Form& form, const std::vector<int>& ids);
 
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
 void RunEditor(const std::function<void(Sheet&)>& script);
-// The same where there may be no sheet but the program's error box, which is confirmed; tells whether it was
-// the sheet.
+// The same with the page of that tab in front.
+void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script);
+// As RunEditor, where there may be no sheet but the program's error box, which is confirmed; tells whether it
+// was the sheet.
 bool TryRunEditor(const std::function<void(Sheet&)>& script);
 
 // Runs the script once a visible window of this title stands beside those of the moment, in whatever modal

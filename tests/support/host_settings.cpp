@@ -76,16 +76,15 @@ void HostSetting::Change(const Sheet& sheet) const
     }
 }
 
-const std::vector<LPCTSTR>& HostTabs()
+const std::vector<Text>& HostTabs()
 {
-    static const std::vector<LPCTSTR> tabs = {DriversTab, Chapter9Tab, WaiversTab, XhciTab};
-    return tabs;
+    static const std::vector<Text> hostTabs = {tabs::Drivers, tabs::Chapter9, tabs::Waivers, tabs::Xhci};
+    return hostTabs;
 }
 
 const std::vector<HostSetting>& HostSettings()
 {
     using enum HostSetting::Kind;
-    static const Text portDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
     static const Tools ehci = {AlderQB, ElmQB, HazelQB};
     static const Tools xhci = {BirchQB, FirQB, GinkgoQB};
     static const Tools xhciStack = {BirchQB, FirQB, GinkgoQB, KauriQB, CedarQB};
@@ -93,60 +92,60 @@ const std::vector<HostSetting>& HostSettings()
     static const Tools device = {AlderQB, ElmQB, HazelQB, BirchQB, FirQB, GinkgoQB, CedarQB, KauriQB};
     static const Tools waivers = {BirchQB, AlderQB, FirQB};
     static const std::vector<HostSetting> settings = {
-        {DriversTab, 1034, Path, _T("SOFTWARE\\Ostrel\\ehci_driver"), _T("Path"), 0, ehci},
-        {DriversTab, 1032, Switch, TestServices, _T("EnableEhciStackSwitcher"), 1, ehci},
-        {DriversTab, 1038, Path, _T("SOFTWARE\\Ostrel\\xhci_driver"), _T("Path"), 0, xhciStack},
-        {DriversTab, 1036, Switch, TestServices, _T("EnableXhciStackSwitcher"), 1, xhciStack},
-        {DriversTab, 1053, Path, _T("SOFTWARE\\Halvane\\Drivers\\usb4hi"), _T("Path"), 0, usb4},
-        {DriversTab, 1045, Switch, TestServices, _T("EnableUsb4HiStackSwitcher"), 1, usb4},
-        {DriversTab, 1202, Path, _T("SOFTWARE\\Halvane\\Drivers\\rvsk"), _T("Path"), 0, usb4},
-        {DriversTab, 1200, Switch, TestServices, _T("EnableRvskStackSwitcher"), 1, usb4},
-        {DriversTab, 1048, Path, TestServices, FirmwareName, 0, device},
-        {DriversTab, 1051, Path, TestServices, _T("HSComplianceDeviceDriverPath"), 0, device},
-        {Chapter9Tab,
+        {tabs::Drivers, 1034, Path, keys::EhciDriver, _T("Path"), 0, ehci},
+        {tabs::Drivers, 1032, Switch, keys::TestServices, _T("EnableEhciStackSwitcher"), 1, ehci},
+        {tabs::Drivers, 1038, Path, keys::XhciDriver, _T("Path"), 0, xhciStack},
+        {tabs::Drivers, 1036, Switch, keys::TestServices, _T("EnableXhciStackSwitcher"), 1, xhciStack},
+        {tabs::Drivers, 1053, Path, keys::Usb4Driver, _T("Path"), 0, usb4},
+        {tabs::Drivers, 1045, Switch, keys::TestServices, _T("EnableUsb4HiStackSwitcher"), 1, usb4},
+        {tabs::Drivers, 1202, Path, keys::RvskDriver, _T("Path"), 0, usb4},
+        {tabs::Drivers, 1200, Switch, keys::TestServices, _T("EnableRvskStackSwitcher"), 1, usb4},
+        {tabs::Drivers, 1048, Path, keys::TestServices, FirmwareName, 0, device},
+        {tabs::Drivers, 1051, Path, keys::TestServices, _T("HSComplianceDeviceDriverPath"), 0, device},
+        {tabs::Chapter9,
          1182,
          Switch,
-         _T("SOFTWARE\\Halvane\\AlderQB"),
+         keys::Alder,
          _T("SkipBOSDescriptorLegacyDevicesAlderQB"),
          0,
          {AlderQB}},
-        {Chapter9Tab,
+        {tabs::Chapter9,
          1183,
          Switch,
-         _T("SOFTWARE\\Halvane\\BirchQB"),
+         keys::Birch,
          _T("SkipBOSDescriptorLegacyDevicesBirchQB"),
          0,
          {BirchQB}},
-        {WaiversTab, 1024, Switch, TestServices, _T("WaiverPortNum"), 0, {FirQB}},
-        {WaiversTab, 1031, Switch, TestServices, _T("BT_RemoteWake_Waiver"), 0, waivers},
-        {XhciTab, 1002, Number, portDriver, _T("IMODInterval"), 160, xhci},
-        {XhciTab, 1000, Switch, TestServices, _T("PromptDuringConnect"), 0, xhci},
-        {XhciTab, 1003, Number, TestServices, _T("IntMaxPacketStart"), 0, xhci},
-        {XhciTab, 1004, Number, TestServices, _T("IntMaxBurstStart"), 0, xhci},
-        {XhciTab, 1005, Number, TestServices, _T("IsochMaxBurstStart"), 0, xhci},
-        {XhciTab, 1008, Switch, TestServices, _T("IsochSkipRead"), 0, xhci},
-        {XhciTab, 1009, Switch, TestServices, _T("IsochSkipWrite"), 0, xhci},
-        {XhciTab, 1012, Number, TestServices, _T("IsochDelayBeforeHSRead"), 750, xhci},
-        {XhciTab, 1013, Switch, TestServices, _T("StopOnError"), 0, xhci},
-        {XhciTab, 1020, Switch, TestServices, _T("InterruptSkipSG"), 0, xhci},
-        {XhciTab, 1021, Switch, TestServices, _T("InterruptSkipContiguousBuffer"), 0, xhci},
-        {XhciTab, 1022, Switch, TestServices, _T("InterruptSkipIOC"), 0, xhci},
-        {XhciTab, 1023, Switch, TestServices, _T("InterruptSkipEventData"), 0, xhci},
+        {tabs::Waivers, 1024, Switch, keys::TestServices, _T("WaiverPortNum"), 0, {FirQB}},
+        {tabs::Waivers, 1031, Switch, keys::TestServices, _T("BT_RemoteWake_Waiver"), 0, waivers},
+        {tabs::Xhci, 1002, Number, keys::PortDriver, _T("IMODInterval"), 160, xhci},
+        {tabs::Xhci, 1000, Switch, keys::TestServices, _T("PromptDuringConnect"), 0, xhci},
+        {tabs::Xhci, 1003, Number, keys::TestServices, _T("IntMaxPacketStart"), 0, xhci},
+        {tabs::Xhci, 1004, Number, keys::TestServices, _T("IntMaxBurstStart"), 0, xhci},
+        {tabs::Xhci, 1005, Number, keys::TestServices, _T("IsochMaxBurstStart"), 0, xhci},
+        {tabs::Xhci, 1008, Switch, keys::TestServices, _T("IsochSkipRead"), 0, xhci},
+        {tabs::Xhci, 1009, Switch, keys::TestServices, _T("IsochSkipWrite"), 0, xhci},
+        {tabs::Xhci, 1012, Number, keys::TestServices, _T("IsochDelayBeforeHSRead"), 750, xhci},
+        {tabs::Xhci, 1013, Switch, keys::TestServices, _T("StopOnError"), 0, xhci},
+        {tabs::Xhci, 1020, Switch, keys::TestServices, _T("InterruptSkipSG"), 0, xhci},
+        {tabs::Xhci, 1021, Switch, keys::TestServices, _T("InterruptSkipContiguousBuffer"), 0, xhci},
+        {tabs::Xhci, 1022, Switch, keys::TestServices, _T("InterruptSkipIOC"), 0, xhci},
+        {tabs::Xhci, 1023, Switch, keys::TestServices, _T("InterruptSkipEventData"), 0, xhci},
     };
     return settings;
 }
 
-std::vector<HostSetting> HostSettingsOf(LPCTSTR tab)
+std::vector<HostSetting> HostSettingsOf(const Text& tab)
 {
     std::vector<HostSetting> settings;
     std::copy_if(HostSettings().begin(), HostSettings().end(), std::back_inserter(settings),
-                 [tab](const HostSetting& setting) { return setting.tab == Text(tab); });
+                 [&tab](const HostSetting& setting) { return setting.tab == tab; });
     return settings;
 }
 
 void StoreHostSetting(const HostSetting& setting, const StoredValue& value)
 {
-    Store(setting.key, setting.name.c_str(), value);
+    Store(setting.key, setting.name, value);
     if (setting.name == FirmwareName)
     {
         Store(setting.key, FirmwareCopy, value);
@@ -156,6 +155,6 @@ void StoreHostSetting(const HostSetting& setting, const StoredValue& value)
 Tree StoredByHostPages()
 {
     Tree tree = StoredSettings();
-    tree.erase(_T("SOFTWARE\\Halvane\\QuorvexBench"));
+    tree.erase(keys::Bench);
     return tree;
 }

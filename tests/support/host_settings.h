@@ -2,19 +2,10 @@
 #pragma once
 
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 #include <vector>
 
-using Tools = std::vector<ProductId>;
-
-inline constexpr LPCTSTR DriversTab = _T("Drivers && Firmware");
-inline constexpr LPCTSTR Chapter9Tab = _T("Chapter 9");
-inline constexpr LPCTSTR WaiversTab = _T("Waivers");
-inline constexpr LPCTSTR XhciTab = _T("xHCI Settings");
-
-inline const Text TestServices = _T("SOFTWARE\\Ostrel\\TestServices");
 inline constexpr LPCTSTR FirmwareName = _T("FsLsComplianceDeviceFirmware");
 inline constexpr LPCTSTR FirmwareCopy = _T("fw");
 
@@ -27,7 +18,7 @@ struct HostSetting
         Path
     };
 
-    LPCTSTR tab;
+    Text tab;
     int control;
     Kind kind;
     Text key;
@@ -46,20 +37,12 @@ struct HostSetting
 };
 
 // In the tabs' order.
-const std::vector<LPCTSTR>& HostTabs();
+const std::vector<Text>& HostTabs();
 // A path stands before its switch, which starts on.
 const std::vector<HostSetting>& HostSettings();
-std::vector<HostSetting> HostSettingsOf(LPCTSTR tab);
+std::vector<HostSetting> HostSettingsOf(const Text& tab);
 
 // Stores a setting's value, and the copy that goes with the firmware's folder.
 void StoreHostSetting(const HostSetting& setting, const StoredValue& value);
 // All that is stored but for General Settings, whose page comes up first and so is always saved.
 Tree StoredByHostPages();
-
-// Starts and ends with nothing stored.
-class HostPagesTest : public testing::Test
-{
-protected:
-    void SetUp() override { ClearSettings(); }
-    void TearDown() override { ClearSettings(); }
-};

@@ -9,8 +9,7 @@ namespace
 constexpr DWORD NameRoom = 16384;
 
 // What the editor reads or writes lies below these.
-const Text Roots[] = {_T("SOFTWARE\\Halvane"), _T("SOFTWARE\\Ostrel"),
-                      _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
+const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
 
 std::vector<BYTE> BytesOf(const void* data, size_t size)
 {
@@ -18,6 +17,9 @@ std::vector<BYTE> BytesOf(const void* data, size_t size)
     return {bytes, bytes + size};
 }
 }  // namespace
+
+const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
+                        GinkgoQB, HazelQB, IvyRig,  JuniperRig, KauriQB};
 
 StoredValue Dword(DWORD number)
 {
@@ -68,48 +70,49 @@ void ClearSettings()
     }
 }
 
-void InstallTools(const std::vector<ProductId>& tools)
+void InstallTools(const Tools& tools)
 {
-    const Text installed = _T("SOFTWARE\\Halvane\\Installed");
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, installed.c_str());
-    const RegistryKey key(installed, RegistryKey::Access::Write);
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, keys::Installed.c_str());
+    const RegistryKey key(keys::Installed, RegistryKey::Access::Write);
     for (const ProductId& tool : tools)
     {
-        Store(installed, tool.c_str(), Dword(1));
+        Store(keys::Installed, tool, Dword(1));
     }
 }
 
-void InstallAllTools()
-{
-    InstallTools(
-        {AlderQB, BirchQB, CedarQB, DogwoodQB, ElmQB, FirQB, GinkgoQB, HazelQB, IvyRig, JuniperRig, KauriQB});
-}
-
-void Store(const Text& key, LPCTSTR name, const StoredValue& value)
+void Store(const Text& key, const Text& name, const StoredValue& value)
 {
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    RegSetValueExW(opened.Get(), name, 0, value.type, value.data.data(),
+    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, value.data.data(),
                    static_cast<DWORD>(value.data.size()));
 }
 
-StoredValue Stored(const Text& key, LPCTSTR name)
+void Store(const Text& key, const Values& values)
+{
+    for (const auto& [name, value] : values)
+    {
+        Store(key, name, value);
+    }
+}
+
+StoredValue Stored(const Text& key, const Text& name)
 {
     const RegistryKey opened(key, RegistryKey::Access::Read);
     DWORD size = 0;
     if (!opened.IsOpen() ||
-        RegQueryValueExW(opened.Get(), name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
+        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
     {
         return Absent;
     }
     StoredValue value;
     value.data.resize(size);
-    RegQueryValueExW(opened.Get(), name, nullptr, &value.type, value.data.data(), &size);
+    RegQueryValueExW(opened.Get(), name.c_str(), nullptr, &value.type, value.data.data(), &size);
     return value;
 }
 
-std::map<Text, StoredValue> StoredValues(const Text& key)
+Values StoredValues(const Text& key)
 {
-    std::map<Text, StoredValue> values;
+    Values values;
     const RegistryKey opened(key, RegistryKey::Access::Read);
     std::vector<TCHAR> name(NameRoom);
     DWORD length = NameRoom;
@@ -165,6 +168,6 @@ Tree StoredSettings()
     {
         settings.merge(StoredTree(root));
     }
-    settings.erase(_T("SOFTWARE\\Halvane\\Installed"));
+    settings.erase(keys::Installed);
     return settings;
 }

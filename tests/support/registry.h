@@ -2,12 +2,11 @@
 #pragma once
 
 #include "framework/ProductId.h"
+#include "support/names.h"
 
 #include <map>
 #include <ostream>
 #include <vector>
-
-using Text = WideString;
 
 struct StoredValue
 {
@@ -28,22 +27,28 @@ std::string Printable(const Text& text);
 Text Decimal(long long number);
 void PrintTo(const StoredValue& value, std::ostream* out);
 
+using Tools = std::vector<ProductId>;
+extern const Tools AllTools;
+
 // Removes everything that the editor reads or writes.
 void ClearSettings();
 // Lists just these tools as installed, each with data 1; the key of installed tools exists afterwards.
-void InstallTools(const std::vector<ProductId>& tools);
-void InstallAllTools();
+void InstallTools(const Tools& tools);
 
 // Keys are relative to HKEY_LOCAL_MACHINE.
-void Store(const Text& key, LPCTSTR name, const StoredValue& value);
-StoredValue Stored(const Text& key, LPCTSTR name);
-// All values of a key by name; empty also if there is no such key.
-std::map<Text, StoredValue> StoredValues(const Text& key);
+void Store(const Text& key, const Text& name, const StoredValue& value);
+StoredValue Stored(const Text& key, const Text& name);
+
+// Of one key, by their names.
+using Values = std::map<Text, StoredValue>;
+void Store(const Text& key, const Values& values);
+// Empty also if there is no such key.
+Values StoredValues(const Text& key);
 std::vector<Text> StoredSubkeys(const Text& key);
 bool KeyExists(const Text& key);
 
 // Values by their keys' paths, of a key and all below it.
-using Tree = std::map<Text, std::map<Text, StoredValue>>;
+using Tree = std::map<Text, Values>;
 Tree StoredTree(const Text& key);
 // All that the editor writes.
 Tree StoredSettings();

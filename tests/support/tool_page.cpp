@@ -5,27 +5,10 @@
 
 #include <utility>
 
-const Text ToolPageTest::Key = _T("SOFTWARE\\Halvane\\KauriQB");
-
 void ToolPageTest::SetUp()
 {
-    ClearSettings();
+    SettingsTest::SetUp();
     InstallTools({KauriQB});
-}
-
-void ToolPageTest::TearDown()
-{
-    ClearSettings();
-}
-
-void ToolPageTest::RunOnTab(LPCTSTR tab, const std::function<void(Sheet&)>& script)
-{
-    RunEditor(
-        [&](Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
-            script(sheet);
-        });
 }
 
 Values ToolPageTest::StoredByTool()
@@ -33,11 +16,11 @@ Values ToolPageTest::StoredByTool()
     Values values;
     for (const auto& [key, stored] : StoredSettings())
     {
-        if (key == Key)
+        if (key == keys::Kauri)
         {
             values = stored;
         }
-        else if (key != _T("SOFTWARE\\Halvane\\QuorvexBench"))
+        else if (key != keys::Bench)
         {
             EXPECT_EQ(stored, Values{}) << Printable(key);
         }

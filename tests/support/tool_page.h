@@ -2,31 +2,24 @@
 #pragma once
 
 #include "support/form.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_test.h"
 
 #include <string>
 
-using Values = std::map<Text, StoredValue>;
 using PageEvents = std::vector<std::string>;
 
-class ToolPageTest : public testing::Test
+class ToolPageTest : public SettingsTest
 {
 protected:
     // Starts with the one tool installed and nothing stored.
     void SetUp() override;
-    void TearDown() override;
 
-    // Runs the editor and the script with that tab in front.
-    static void RunOnTab(LPCTSTR tab, const std::function<void(Sheet&)>& script);
-
-    static void StoreValue(LPCTSTR name, const StoredValue& value) { Store(Key, name, value); }
-    static StoredValue StoredUnder(LPCTSTR name) { return Stored(Key, name); }
+    // Of the tool's key.
+    static void StoreValue(const Text& name, const StoredValue& value) { Store(keys::Kauri, name, value); }
+    static StoredValue StoredUnder(const Text& name) { return Stored(keys::Kauri, name); }
     // All that is stored but for General Settings, which every OK stores. Fails the test if any of it lies
     // outside of the tool's key.
     static Values StoredByTool();
-
-    static const Text Key;
 };
 
 // A setting shown in an edit of digits.

@@ -1,6 +1,8 @@
 // A property sheet of three small pages that do what a test tells them and note what they are told.
 #pragma once
 
+#include "support/names.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -19,7 +21,6 @@ class TrialSheet
 public:
     static constexpr int IdFirstEdit = 100;
     static constexpr int IdSecondEdit = 101;
-    static constexpr int IdApply = 0x3021;
     static constexpr int IdTabControl = 0x3020;
 
     struct Page

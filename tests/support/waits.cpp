@@ -87,7 +87,6 @@ void AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome = t
     Waits()[timer] = {title, VisibleWindows(), std::move(act), GetTickCount64() + GiveUpMilliseconds,
                       mustCome};
 }
-
 }  // namespace
 
 void EndWaits()
@@ -106,7 +105,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
     AddWait(
-        _T("Quorvex Bench Settings"),
+        titles::Sheet,
         [&script, &shown](HWND window)
         {
             shown = true;
@@ -119,7 +118,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
         },
         false);
     AddWait(
-        _T("QB Settings Error"), [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false);
+        titles::Error, [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false);
     EXPECT_FALSE(AfxGetApp()->InitInstance());
     EndWaits();
     return shown;
@@ -128,6 +127,16 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
 void RunEditor(const std::function<void(Sheet&)>& script)
 {
     EXPECT_TRUE(TryRunEditor(script)) << "no sheet";
+}
+
+void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script)
+{
+    RunEditor(
+        [&](Sheet& sheet)
+        {
+            ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
+            script(sheet);
+        });
 }
 
 void WhenOpened(const Text& title, const std::function<void(Form&)>& script)

@@ -1,0 +1,62 @@
+// What users and tools know things by, spelled out once for all tests and not taken from the program.
+#pragma once
+
+#include <tchar.h>
+#include <windows.h>
+
+#include <string>
+
+using Text = std::basic_string<TCHAR>;
+
+// Relative to HKEY_LOCAL_MACHINE.
+namespace keys
+{
+inline const Text Halvane = _T("SOFTWARE\\Halvane");
+inline const Text Ostrel = _T("SOFTWARE\\Ostrel");
+inline const Text Installed = _T("SOFTWARE\\Halvane\\Installed");
+inline const Text Bench = _T("SOFTWARE\\Halvane\\QuorvexBench");
+inline const Text Alder = _T("SOFTWARE\\Halvane\\AlderQB");
+inline const Text Birch = _T("SOFTWARE\\Halvane\\BirchQB");
+inline const Text Kauri = _T("SOFTWARE\\Halvane\\KauriQB");
+inline const Text ClientPorts = _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsClient");
+inline const Text ServerPorts = _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsServer");
+inline const Text TestServices = _T("SOFTWARE\\Ostrel\\TestServices");
+inline const Text EhciDriver = _T("SOFTWARE\\Ostrel\\ehci_driver");
+inline const Text XhciDriver = _T("SOFTWARE\\Ostrel\\xhci_driver");
+inline const Text Usb4Driver = _T("SOFTWARE\\Halvane\\Drivers\\usb4hi");
+inline const Text RvskDriver = _T("SOFTWARE\\Halvane\\Drivers\\rvsk");
+inline const Text PortDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
+}  // namespace keys
+
+namespace tabs
+{
+inline const Text General = _T("General Settings");
+inline const Text Drivers = _T("Drivers && Firmware");
+inline const Text Chapter9 = _T("Chapter 9");
+inline const Text Waivers = _T("Waivers");
+inline const Text Xhci = _T("xHCI Settings");
+inline const Text Identity = _T("MAUSB Settings");
+inline const Text Media = _T("MAUSB Media Settings");
+inline const Text Protocol = _T("MAUSB Protocol Settings");
+inline const Text HostUnderTest = _T("MAUSB HUT Params");
+}  // namespace tabs
+
+// Of windows.
+namespace titles
+{
+inline const Text Sheet = _T("Quorvex Bench Settings");
+inline const Text Error = _T("QB Settings Error");
+inline const Text AdvancedTCP = _T("Advanced TCP Settings");
+inline const Text ClientPorts = _T("Client Port Numbers");
+inline const Text ServerPorts = _T("Server Port Numbers");
+}  // namespace titles
+
+// What stands in the error box.
+inline const Text NoProductList =
+    _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
+    _T("installed, ")
+    _T("that you are running with administrative privileges, and you have UAC turned off.");
+
+// The system's numbers for a sheet's Apply button and for a message box's text.
+constexpr int IdApply = 0x3021;
+constexpr int IdMessageText = 0xFFFF;
