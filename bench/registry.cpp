@@ -20,9 +20,8 @@ namespace
 constexpr int MostProducts = 10000;
 constexpr int MostPorts = 65535;
 
-const WideString Key = _T("SOFTWARE\\Halvane\\QuorvexBench");
-const WideString Name = _T("QBMinimumDisplayUpdateTime");
-const WideString InstalledKey = _T("SOFTWARE\\Halvane\\Installed");
+const WideString Name = _T("Value");
+const WideString InstalledKey = WideString(FamilyRoot) + _T("\\Installed");
 const WideString Ports = _T("TCPPortsClient");
 
 // A page whose registry operations can be called from here.
@@ -86,7 +85,7 @@ void WriteValueBare(benchmark::State& state)
     DWORD number = 0;
     for (auto _ : state)
     {
-        WriteBare(Key, Name, ++number);
+        WriteBare(ToolKey(), Name, ++number);
     }
 }
 
@@ -98,18 +97,18 @@ void WriteValueEditor(benchmark::State& state)
     for (auto _ : state)
     {
         ++number;
-        page.WriteValue(Key, Name, number);
+        page.WriteValue(ToolKey(), Name, number);
     }
 }
 
 void ReadValueBare(benchmark::State& state)
 {
     headless::ResetRegistry();
-    WriteBare(Key, Name, 300);
+    WriteBare(ToolKey(), Name, 300);
     DWORD number = 0;
     for (auto _ : state)
     {
-        ReadBare(Key, Name, number);
+        ReadBare(ToolKey(), Name, number);
         benchmark::DoNotOptimize(number);
     }
 }
@@ -117,12 +116,12 @@ void ReadValueBare(benchmark::State& state)
 void ReadValueEditor(benchmark::State& state)
 {
     headless::ResetRegistry();
-    WriteBare(Key, Name, 300);
+    WriteBare(ToolKey(), Name, 300);
     BarePage page;
     int number = 0;
     for (auto _ : state)
     {
-        page.ReadValue(Key, Name, number);
+        page.ReadValue(ToolKey(), Name, number);
         benchmark::DoNotOptimize(number);
     }
 }

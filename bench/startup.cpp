@@ -1,7 +1,7 @@
 // How long the editor takes from the start of its process to the visible sheet, beside an empty sheet and
 // beside a sheet of the same first page with no program behind it; and how long each page takes when it is
 // opened for the first time. Arguments: the number of runs.
-#include "journey/editor.h"
+#include "driver/editor.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -77,7 +77,7 @@ int main(int argc, char** argv)
     {
         empty.push_back(TimeStart(L"empty_sheet.exe", L"Bare Sheet"));
         firstPage.push_back(TimeStart(L"first_page.exe", L"Bare Sheet"));
-        editor.push_back(TimeStart(L"QBSettings.exe", L"Quorvex Bench Settings"));
+        editor.push_back(TimeStart(L"QBSettings.exe", SheetTitle));
         TimePages(pages, titles);
     }
     for (std::vector<double>* times : {&empty, &firstPage, &editor})

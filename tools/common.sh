@@ -128,5 +128,5 @@ list_tools()
 # Our sources and headers, each ended by NUL.
 source_files()
 {
-    find shell framework pages mausb platform tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
+    find shell framework pages mausb platform tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
 }

@@ -51,12 +51,6 @@ HGLOBAL WINAPI GlobalAlloc(UINT, SIZE_T size)
     return block;
 }
 
-SIZE_T WINAPI GlobalSize(HGLOBAL block)
-{
-    auto found = Blocks::Get().find(block);
-    return found == Blocks::Get().end() ? 0 : found->second;
-}
-
 LPVOID WINAPI GlobalLock(HGLOBAL block)
 {
     return Blocks::Get().contains(block) ? block : nullptr;
@@ -138,9 +132,4 @@ HANDLE WINAPI GetClipboardData(UINT format)
     }
     auto found = clipboard->data.find(format);
     return found == clipboard->data.end() ? nullptr : found->second;
-}
-
-BOOL WINAPI IsClipboardFormatAvailable(UINT format)
-{
-    return Clipboard::Get().data.contains(format);
 }

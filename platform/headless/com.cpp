@@ -97,11 +97,6 @@ void DeclareFolder(const std::u16string& path)
 
 using namespace headless;
 
-HRESULT WINAPI CoInitialize(LPVOID reserved)
-{
-    return CoInitializeEx(reserved, COINIT_APARTMENTTHREADED);
-}
-
 HRESULT WINAPI CoInitializeEx(LPVOID, DWORD)
 {
     DWORD error = 0;

@@ -1,4 +1,4 @@
-// What the standard controls have in common: one object for each window, reached by the window's extra bytes.
+// What all controls have in common: one object for each window, reached by the window's extra bytes.
 #pragma once
 
 #include "windows.h"
@@ -26,7 +26,6 @@ protected:
     [[nodiscard]] bool Notify(int code) const;
     [[nodiscard]] bool TakeFocus() const;
     [[nodiscard]] bool Release() const;
-    bool HasCapture() const { return GetCapture() == m_window; }
 
 private:
     HWND m_window;

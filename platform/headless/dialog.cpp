@@ -310,15 +310,6 @@ INT_PTR WINAPI DialogBoxIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW dialo
     return result;
 }
 
-INT_PTR WINAPI DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DLGPROC procedure,
-                               LPARAM initParam)
-{
-    const LPCDLGTEMPLATEW dialogTemplate = LoadTemplate(instance, templateName);
-    return dialogTemplate == nullptr
-               ? -1
-               : DialogBoxIndirectParamW(instance, dialogTemplate, owner, procedure, initParam);
-}
-
 BOOL WINAPI EndDialog(HWND dialog, INT_PTR result)
 {
     Dialog* state = FindDialog(dialog);
@@ -354,9 +345,4 @@ BOOL WINAPI MapDialogRect(HWND dialog, LPRECT rect)
     *rect = {FromDialogX(rect->left), FromDialogY(rect->top), FromDialogX(rect->right),
              FromDialogY(rect->bottom)};
     return TRUE;
-}
-
-LONG WINAPI GetDialogBaseUnits()
-{
-    return MAKELONG(8, 16);
 }

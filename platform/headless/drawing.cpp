@@ -1,7 +1,7 @@
-// What is left of drawing where nothing is drawn: fonts and brushes as tokens, and the size of a text.
+// What is left of drawing where nothing is drawn: fonts as tokens, and the size of a text.
 #include <algorithm>
 #include <cstring>
-#include <map>
+#include <set>
 
 #include "tchar.h"
 #include "window.h"
@@ -14,19 +14,11 @@ constexpr LONG CharacterWidth = 6;
 constexpr LONG CharacterHeight = 13;
 constexpr ULONG_PTR FirstStockObject = 0x10;
 
-// Objects that a program made, with what a font was asked to be; brushes have no record worth keeping.
-std::map<HGDIOBJ, LOGFONTW>& Objects()
+// The objects that a program made. Nothing is kept of what they were to be.
+std::set<HGDIOBJ>& Objects()
 {
-    static auto& objects = *new std::map<HGDIOBJ, LOGFONTW>;
+    static auto& objects = *new std::set<HGDIOBJ>;
     return objects;
-}
-
-HGDIOBJ NewObject(const LOGFONTW& record)
-{
-    static ULONG_PTR last = 0x100;
-    auto* object = reinterpret_cast<HGDIOBJ>(++last);
-    Objects()[object] = record;
-    return object;
 }
 
 HDC AnyContext()
@@ -35,51 +27,17 @@ HDC AnyContext()
 }
 }  // namespace
 
-HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font)
+HFONT WINAPI CreateFontIndirectW(const LOGFONTW*)
 {
-    return static_cast<HFONT>(NewObject(*font));
-}
-
-HBRUSH WINAPI CreateSolidBrush(COLORREF)
-{
-    return static_cast<HBRUSH>(NewObject({}));
-}
-
-HBRUSH WINAPI GetSysColorBrush(int index)
-{
-    return reinterpret_cast<HBRUSH>(FirstStockObject + 0x40 + static_cast<ULONG_PTR>(index));
+    static ULONG_PTR last = 0x100;
+    auto* const font = reinterpret_cast<HFONT>(++last);
+    Objects().insert(font);
+    return font;
 }
 
 HGDIOBJ WINAPI GetStockObject(int object)
 {
     return reinterpret_cast<HGDIOBJ>(FirstStockObject + static_cast<ULONG_PTR>(object));
-}
-
-int WINAPI GetObjectW(HANDLE object, int size, LPVOID data)
-{
-    LOGFONTW font = {};
-    const auto found = Objects().find(object);
-    if (found != Objects().end())
-    {
-        font = found->second;
-    }
-    else if (object == GetStockObject(SYSTEM_FONT) || object == GetStockObject(DEFAULT_GUI_FONT))
-    {
-        font.lfHeight = -11;
-        font.lfWeight = FW_NORMAL;
-        _tcscpy(font.lfFaceName, u"MS Shell Dlg");
-    }
-    else
-    {
-        return 0;
-    }
-    if (data == nullptr)
-    {
-        return sizeof(font);
-    }
-    const std::size_t copied = std::min(sizeof(font), static_cast<std::size_t>(std::max(size, 0)));
-    std::memcpy(data, &font, copied);
-    return static_cast<int>(copied);
 }
 
 HGDIOBJ WINAPI SelectObject(HDC, HGDIOBJ)
@@ -90,12 +48,6 @@ HGDIOBJ WINAPI SelectObject(HDC, HGDIOBJ)
 BOOL WINAPI DeleteObject(HGDIOBJ object)
 {
     return Objects().erase(object) != 0;
-}
-
-BOOL WINAPI GetTextExtentPoint32W(HDC, LPCWSTR, int length, LPSIZE size)
-{
-    *size = {CharacterWidth * length, CharacterHeight};
-    return TRUE;
 }
 
 BOOL WINAPI GetTextMetricsW(HDC, LPTEXTMETRICW metrics)
@@ -115,21 +67,6 @@ int WINAPI GetDeviceCaps(HDC, int index)
     return index == LOGPIXELSX || index == LOGPIXELSY ? static_cast<int>(GetDpiForSystem()) : 0;
 }
 
-COLORREF WINAPI SetTextColor(HDC, COLORREF)
-{
-    return RGB(0, 0, 0);
-}
-
-COLORREF WINAPI SetBkColor(HDC, COLORREF)
-{
-    return RGB(255, 255, 255);
-}
-
-int WINAPI SetBkMode(HDC, int)
-{
-    return OPAQUE;
-}
-
 HDC WINAPI GetDC(HWND window)
 {
     return window == nullptr || Resolve(window) != nullptr ? AnyContext() : nullptr;
@@ -138,23 +75,6 @@ HDC WINAPI GetDC(HWND window)
 int WINAPI ReleaseDC(HWND, HDC dc)
 {
     return dc == AnyContext();
-}
-
-HDC WINAPI BeginPaint(HWND window, LPPAINTSTRUCT paint)
-{
-    *paint = {};
-    paint->hdc = GetDC(window);
-    return paint->hdc;
-}
-
-BOOL WINAPI EndPaint(HWND, const PAINTSTRUCT*)
-{
-    return TRUE;
-}
-
-int WINAPI FillRect(HDC, const RECT*, HBRUSH)
-{
-    return TRUE;
 }
 
 // Lines are not broken: DT_CALCRECT gives the size of one.
@@ -168,62 +88,7 @@ int WINAPI DrawTextW(HDC, LPCWSTR text, int length, LPRECT rect, UINT format)
     return CharacterHeight;
 }
 
-BOOL WINAPI InvalidateRect(HWND window, const RECT*, BOOL)
-{
-    return window == nullptr || Resolve(window) != nullptr;
-}
-
-BOOL WINAPI ValidateRect(HWND window, const RECT*)
-{
-    return window == nullptr || Resolve(window) != nullptr;
-}
-
-BOOL WINAPI UpdateWindow(HWND window)
-{
-    return Resolve(window) != nullptr;
-}
-
 BOOL WINAPI RedrawWindow(HWND window, const RECT*, HRGN, UINT)
 {
     return window == nullptr || Resolve(window) != nullptr;
-}
-
-int WINAPI SetScrollInfo(HWND, int, LPCSCROLLINFO info, BOOL)
-{
-    return info->nPos;
-}
-
-BOOL WINAPI GetScrollInfo(HWND, int, LPSCROLLINFO)
-{
-    return FALSE;
-}
-
-BOOL WINAPI ShowScrollBar(HWND window, int, BOOL)
-{
-    return Resolve(window) != nullptr;
-}
-
-BOOL WINAPI CreateCaret(HWND window, HBITMAP, int, int)
-{
-    return Resolve(window) != nullptr;
-}
-
-BOOL WINAPI DestroyCaret()
-{
-    return TRUE;
-}
-
-BOOL WINAPI SetCaretPos(int, int)
-{
-    return TRUE;
-}
-
-BOOL WINAPI ShowCaret(HWND)
-{
-    return TRUE;
-}
-
-BOOL WINAPI HideCaret(HWND)
-{
-    return TRUE;
 }

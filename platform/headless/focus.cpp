@@ -207,27 +207,6 @@ BOOL WINAPI BringWindowToTop(HWND window)
     return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | activation);
 }
 
-BOOL WINAPI GetGUIThreadInfo(DWORD, PGUITHREADINFO info)
-{
-    if (info->cbSize != sizeof(*info))
-    {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
-    const Input& input = InputState();
-    *info = {};
-    info->cbSize = sizeof(*info);
-    info->hwndActive = input.active;
-    info->hwndFocus = input.focus;
-    info->hwndCapture = input.capture;
-    return TRUE;
-}
-
-BOOL WINAPI AttachThreadInput(DWORD, DWORD, BOOL)
-{
-    return TRUE;
-}
-
 HWND WINAPI SetCapture(HWND window)
 {
     Input& input = InputState();

@@ -235,20 +235,6 @@ void SkipBlanks(LPCTSTR* text)
 
 }  // namespace
 
-int _vsctprintf(LPCTSTR format, va_list arguments)
-{
-    return static_cast<int>(Format(format, arguments).size());
-}
-
-int _sctprintf(LPCTSTR format, ...)
-{
-    va_list arguments;
-    va_start(arguments, format);
-    int length = _vsctprintf(format, arguments);
-    va_end(arguments);
-    return length;
-}
-
 int _vsntprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments)
 {
     std::u16string text = Format(format, arguments);
@@ -265,30 +251,6 @@ int _sntprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...)
     va_list arguments;
     va_start(arguments, format);
     int length = _vsntprintf(buffer, size, format, arguments);
-    va_end(arguments);
-    return length;
-}
-
-int _vstprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments)
-{
-    if (size == 0)
-    {
-        return -1;
-    }
-    int length = _vsntprintf(buffer, size, format, arguments);
-    if (length < 0 || static_cast<std::size_t>(length) == size)
-    {
-        buffer[size - 1] = 0;
-        return -1;
-    }
-    return length;
-}
-
-int _stprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...)
-{
-    va_list arguments;
-    va_start(arguments, format);
-    int length = _vstprintf(buffer, size, format, arguments);
     va_end(arguments);
     return length;
 }

@@ -11,7 +11,6 @@
 namespace headless
 {
 // --- Faults
-// -------------------------------------------------------------------------------------------------
 
 // Lets the nth use from now on of a function (1 is the next) fail with `error`: an error code or RPC status,
 // according to the function. The use has no effect and fills no more out-parameters than the real function
@@ -31,7 +30,6 @@ unsigned RegistryCallCount();
 void ResetCallCounts();
 
 // --- Registry
-// -----------------------------------------------------------------------------------------------
 
 // Handles to keys that were opened and not closed yet.
 std::size_t OpenKeyCount();
@@ -56,17 +54,12 @@ void RecordRegistryCalls(bool on);
 const std::vector<RegistryCall>& RegistryCalls();
 
 // --- Windows
-// ------------------------------------------------------------------------------------------------
 
 // Lets the nth window of a class (1 is the next), controls in dialogs included, fail to be made. ClearFaults
 // ends it. Faults of CreateWindowExW itself count the windows of all classes.
 void FailWindowClass(LPCWSTR className, unsigned nth, DWORD error);
-// Destroys all windows, drops messages, timers and hooks, lets go of all keys. Not to be called by a window's
-// own procedure.
-void ResetWindows();
 
 // --- File dialog
-// ---------------------------------------------------------------------------------------------
 
 // What the last file dialog had been told when it was shown.
 struct FileDialogRequest

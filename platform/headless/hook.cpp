@@ -52,11 +52,6 @@ LRESULT CallHooks(int hookType, int code, WPARAM wParam, LPARAM lParam)
 {
     return Run(NewestBelow(~ULONG_PTR{0}, hookType), code, wParam, lParam);
 }
-
-void DropAllHooks()
-{
-    AllHooks().clear();
-}
 }  // namespace headless
 
 using namespace headless;

@@ -177,12 +177,6 @@ DWORD WINAPI GetModuleFileNameW(HMODULE, LPWSTR buffer, DWORD size)
     return size;
 }
 
-LPWSTR WINAPI GetCommandLineW()
-{
-    static WCHAR commandLine[] = u"program";
-    return commandLine;
-}
-
 DWORD WINAPI GetTickCount()
 {
     return static_cast<DWORD>(GetTickCount64());
@@ -234,14 +228,4 @@ int WINAPI MulDiv(int number, int numerator, int denominator)
     std::int64_t half = (denominator < 0 ? -std::int64_t{denominator} : denominator) / 2;
     std::int64_t result = (product + ((product < 0) ? -half : half)) / denominator;
     return result == static_cast<int>(result) ? static_cast<int>(result) : -1;
-}
-
-LONG WINAPI InterlockedIncrement(LONG volatile* number)
-{
-    return __atomic_add_fetch(number, 1, __ATOMIC_SEQ_CST);
-}
-
-LONG WINAPI InterlockedDecrement(LONG volatile* number)
-{
-    return __atomic_sub_fetch(number, 1, __ATOMIC_SEQ_CST);
 }

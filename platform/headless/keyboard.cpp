@@ -92,11 +92,6 @@ WCHAR CharacterOf(int key)
     return Held(VK_SHIFT) ? found->shifted : found->plain;
 }
 }  // namespace
-
-void ResetKeyboard()
-{
-    Keys().fill(0);
-}
 }  // namespace headless
 
 using namespace headless;
@@ -122,11 +117,6 @@ SHORT WINAPI GetKeyState(int key)
     return static_cast<SHORT>(((state & 0x80) != 0 ? -0x80 : 0) | (state & 1));
 }
 
-SHORT WINAPI GetAsyncKeyState(int key)
-{
-    return static_cast<SHORT>(Held(key & 0xFF) ? -0x8000 : 0);
-}
-
 BOOL WINAPI GetKeyboardState(PBYTE state)
 {
     std::copy(Keys().begin(), Keys().end(), state);
@@ -137,41 +127,4 @@ BOOL WINAPI SetKeyboardState(LPBYTE state)
 {
     std::copy(state, state + Keys().size(), Keys().begin());
     return TRUE;
-}
-
-// Scan codes do not occur; a key's code stands for them.
-UINT WINAPI MapVirtualKeyW(UINT code, UINT mapType)
-{
-    constexpr UINT toCharacter = 2;
-    if (mapType != toCharacter)
-    {
-        return code;
-    }
-    const KeyCharacters* found = FindKey(static_cast<int>(code));
-    if (found != nullptr)
-    {
-        return found->plain;
-    }
-    return code >= 'A' && code <= 'Z' ? code : 0;
-}
-
-SHORT WINAPI VkKeyScanW(WCHAR character)
-{
-    constexpr int shift = 0x100;
-    if (character >= u'a' && character <= u'z')
-    {
-        return static_cast<SHORT>(character - u'a' + 'A');
-    }
-    if (character >= u'A' && character <= u'Z')
-    {
-        return static_cast<SHORT>(character | shift);
-    }
-    for (const KeyCharacters& key : Layout)
-    {
-        if (key.plain == character || key.shifted == character)
-        {
-            return static_cast<SHORT>(key.plain == character ? key.key : key.key | shift);
-        }
-    }
-    return -1;
 }

@@ -183,8 +183,3 @@ int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     }
     return result < 0 ? 0 : static_cast<int>(result);
 }
-
-int WINAPI MessageBoxExW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type, WORD)
-{
-    return MessageBoxW(owner, text, caption, type);
-}

@@ -101,12 +101,6 @@ void DropMessages(HWND window)
     std::erase_if(MessageQueue().posted, [&](const MSG& message) { return message.hwnd == window; });
 }
 
-void DropAllMessages()
-{
-    MessageQueue().posted.clear();
-    MessageQueue().quitCode.reset();
-}
-
 LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const Window* found = Find(window);
@@ -148,11 +142,6 @@ LRESULT WINAPI SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPA
     return window == HWND_BROADCAST || Find(window) != nullptr;
 }
 
-BOOL WINAPI SendNotifyMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return SendMessageTimeoutW(window, message, wParam, lParam, 0, 0, nullptr) != 0;
-}
-
 BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     std::vector<HWND> targets = {window};
@@ -169,11 +158,6 @@ BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam
         MessageQueue().posted.push_back(MakeMessage(target, message, wParam, lParam));
     }
     return TRUE;
-}
-
-BOOL WINAPI PostThreadMessageW(DWORD, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return PostMessageW(nullptr, message, wParam, lParam);
 }
 
 void WINAPI PostQuitMessage(int exitCode)
@@ -211,16 +195,6 @@ BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last)
     return message->message != WM_QUIT;
 }
 
-BOOL WINAPI WaitMessage()
-{
-    MSG message = {};
-    while (!PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE))
-    {
-        SleepToNextTimer();
-    }
-    return TRUE;
-}
-
 LRESULT WINAPI DispatchMessageW(const MSG* message)
 {
     if (message->message == WM_TIMER && message->lParam != 0)
@@ -230,49 +204,4 @@ LRESULT WINAPI DispatchMessageW(const MSG* message)
         return 0;
     }
     return Send(message->hwnd, message->message, message->wParam, message->lParam);
-}
-
-DWORD WINAPI GetMessagePos()
-{
-    const POINT point = MessageQueue().last.pt;
-    return static_cast<DWORD>(MAKELONG(point.x, point.y));
-}
-
-LONG WINAPI GetMessageTime()
-{
-    return static_cast<LONG>(MessageQueue().last.time);
-}
-
-LPARAM WINAPI GetMessageExtraInfo()
-{
-    return 0;
-}
-
-DWORD WINAPI GetQueueStatus(UINT flags)
-{
-    MSG message = {};
-    DWORD status = MessageQueue().posted.empty() && !MessageQueue().quitCode ? 0 : QS_POSTMESSAGE;
-    status |= DueTimer(&message, nullptr, 0, 0, false) ? QS_TIMER : 0;
-    status &= flags;
-    return status | status << 16;
-}
-
-// Every sender is this thread itself.
-BOOL WINAPI InSendMessage()
-{
-    return FALSE;
-}
-
-BOOL WINAPI ReplyMessage(LRESULT)
-{
-    return FALSE;
-}
-
-UINT WINAPI RegisterWindowMessageW(LPCWSTR name)
-{
-    constexpr UINT firstMessage = 0xC000;
-    static auto& messages = *new std::map<std::u16string, UINT>;
-    std::u16string folded = name;
-    CharLowerW(folded.data());
-    return messages.emplace(folded, firstMessage + static_cast<UINT>(messages.size())).first->second;
 }

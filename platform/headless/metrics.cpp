@@ -92,11 +92,6 @@ BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD exStyl
     return TRUE;
 }
 
-BOOL WINAPI AdjustWindowRect(LPRECT rect, DWORD style, BOOL menu)
-{
-    return AdjustWindowRectEx(rect, style, menu, 0);
-}
-
 BOOL WINAPI SystemParametersInfoW(UINT action, UINT, PVOID data, UINT)
 {
     switch (action)
@@ -128,46 +123,9 @@ BOOL WINAPI SystemParametersInfoW(UINT action, UINT, PVOID data, UINT)
     }
 }
 
-DWORD WINAPI GetSysColor(int index)
-{
-    switch (index)
-    {
-    case COLOR_WINDOW:
-    case COLOR_HIGHLIGHTTEXT:
-    case COLOR_BTNHIGHLIGHT:
-        return RGB(255, 255, 255);
-    case COLOR_BTNFACE:
-    case COLOR_MENU:
-        return RGB(240, 240, 240);
-    case COLOR_HIGHLIGHT:
-        return RGB(0, 120, 215);
-    case COLOR_GRAYTEXT:
-        return RGB(109, 109, 109);
-    default:
-        return RGB(0, 0, 0);
-    }
-}
-
 UINT WINAPI GetDpiForSystem()
 {
     return 96;
-}
-
-UINT WINAPI GetDpiForWindow(HWND window)
-{
-    return Resolve(window) == nullptr ? 0 : GetDpiForSystem();
-}
-
-HMONITOR WINAPI MonitorFromWindow(HWND, DWORD)
-{
-    return reinterpret_cast<HMONITOR>(ULONG_PTR{1});
-}
-
-BOOL WINAPI GetMonitorInfoW(HMONITOR, LPMONITORINFO info)
-{
-    const RECT screen = {0, 0, ScreenWidth, ScreenHeight};
-    *info = {info->cbSize, screen, screen, MONITORINFOF_PRIMARY};
-    return TRUE;
 }
 
 BOOL WINAPI MessageBeep(UINT)
@@ -179,58 +137,6 @@ BOOL WINAPI MessageBeep(UINT)
         return FALSE;
     }
     return TRUE;
-}
-
-// Cursors and icons are tokens, as nothing shows them.
-HCURSOR WINAPI LoadCursorW(HINSTANCE, LPCWSTR name)
-{
-    return reinterpret_cast<HCURSOR>(const_cast<LPWSTR>(name));
-}
-
-HCURSOR WINAPI SetCursor(HCURSOR cursor)
-{
-    static HCURSOR current = nullptr;
-    return std::exchange(current, cursor);
-}
-
-HANDLE WINAPI LoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int, int, UINT)
-{
-    return type == IMAGE_ICON ? static_cast<HANDLE>(LoadIconW(instance, name)) : nullptr;
-}
-
-BOOL WINAPI DestroyIcon(HICON)
-{
-    return TRUE;
-}
-
-HMENU WINAPI GetMenu(HWND)
-{
-    return nullptr;
-}
-
-HMENU WINAPI GetSystemMenu(HWND, BOOL)
-{
-    return nullptr;
-}
-
-BOOL WINAPI EnableMenuItem(HMENU, UINT, UINT)
-{
-    return -1;
-}
-
-BOOL WINAPI DeleteMenu(HMENU, UINT, UINT)
-{
-    return FALSE;
-}
-
-BOOL WINAPI WinHelpW(HWND, LPCWSTR, UINT, ULONG_PTR)
-{
-    return FALSE;
-}
-
-LPWSTR WINAPI CharNextW(LPCWSTR text)
-{
-    return const_cast<LPWSTR>(*text == 0 ? text : text + 1);
 }
 
 namespace
@@ -249,11 +155,6 @@ LPWSTR ConvertText(LPWSTR text, _TINT (*convert)(_TINT))
     return text;
 }
 }  // namespace
-
-LPWSTR WINAPI CharUpperW(LPWSTR text)
-{
-    return ConvertText(text, _totupper);
-}
 
 LPWSTR WINAPI CharLowerW(LPWSTR text)
 {

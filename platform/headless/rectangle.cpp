@@ -3,33 +3,9 @@
 
 #include "windows.h"
 
-BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom)
-{
-    *rect = {left, top, right, bottom};
-    return TRUE;
-}
-
-BOOL WINAPI SetRectEmpty(LPRECT rect)
-{
-    *rect = {};
-    return TRUE;
-}
-
-BOOL WINAPI CopyRect(LPRECT target, const RECT* source)
-{
-    *target = *source;
-    return TRUE;
-}
-
 BOOL WINAPI IsRectEmpty(const RECT* rect)
 {
     return rect->left >= rect->right || rect->top >= rect->bottom;
-}
-
-BOOL WINAPI EqualRect(const RECT* left, const RECT* right)
-{
-    return left->left == right->left && left->top == right->top && left->right == right->right &&
-           left->bottom == right->bottom;
 }
 
 BOOL WINAPI OffsetRect(LPRECT rect, int x, int y)
@@ -56,16 +32,4 @@ BOOL WINAPI IntersectRect(LPRECT target, const RECT* left, const RECT* right)
     const BOOL empty = IsRectEmpty(left) || IsRectEmpty(right) || IsRectEmpty(&both);
     *target = empty ? RECT{} : both;
     return !empty;
-}
-
-BOOL WINAPI UnionRect(LPRECT target, const RECT* left, const RECT* right)
-{
-    if (IsRectEmpty(left) || IsRectEmpty(right))
-    {
-        *target = IsRectEmpty(left) ? *right : *left;
-        return !IsRectEmpty(target);
-    }
-    *target = {std::min(left->left, right->left), std::min(left->top, right->top),
-               std::max(left->right, right->right), std::max(left->bottom, right->bottom)};
-    return TRUE;
 }

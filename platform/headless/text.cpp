@@ -106,11 +106,6 @@ int _tcscmp(LPCTSTR left, LPCTSTR right)
     return Compare(left, right, View::npos, false);
 }
 
-int _tcsncmp(LPCTSTR left, LPCTSTR right, size_t count)
-{
-    return Compare(left, right, count, false);
-}
-
 int _tcsicmp(LPCTSTR left, LPCTSTR right)
 {
     return Compare(left, right, View::npos, true);
@@ -161,35 +156,9 @@ TCHAR* _tcspbrk(TCHAR* text, const TCHAR* characters)
     return At(text, View(text).find_first_of(characters));
 }
 
-size_t _tcsspn(LPCTSTR text, LPCTSTR characters)
-{
-    size_t end = View(text).find_first_not_of(characters);
-    return end == View::npos ? _tcslen(text) : end;
-}
-
-size_t _tcscspn(LPCTSTR text, LPCTSTR characters)
-{
-    size_t end = View(text).find_first_of(characters);
-    return end == View::npos ? _tcslen(text) : end;
-}
-
 LPTSTR _tcscpy(LPTSTR target, LPCTSTR source)
 {
     std::memcpy(target, source, (_tcslen(source) + 1) * sizeof(TCHAR));
-    return target;
-}
-
-LPTSTR _tcsncpy(LPTSTR target, LPCTSTR source, size_t count)
-{
-    size_t length = _tcsnlen(source, count);
-    std::memcpy(target, source, length * sizeof(TCHAR));
-    std::memset(target + length, 0, (count - length) * sizeof(TCHAR));
-    return target;
-}
-
-LPTSTR _tcscat(LPTSTR target, LPCTSTR source)
-{
-    _tcscpy(target + _tcslen(target), source);
     return target;
 }
 
@@ -222,16 +191,6 @@ ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base)
     return number.negative ? 0 - number.magnitude : number.magnitude;
 }
 
-int _ttoi(LPCTSTR text)
-{
-    return _tcstol(text, nullptr, 10);
-}
-
-LONG _ttol(LPCTSTR text)
-{
-    return _tcstol(text, nullptr, 10);
-}
-
 int _istdigit(_TINT character)
 {
     return character >= u'0' && character <= u'9';
@@ -248,28 +207,13 @@ int _istspace(_TINT character)
     return character == u' ' || (character >= u'\t' && character <= u'\r');
 }
 
-int _istprint(_TINT character)
-{
-    return character >= 0x20 && character < 0x7F;
-}
-
 int _istalpha(_TINT character)
 {
     _TINT lower = _totlower(character);
     return lower >= u'a' && lower <= u'z';
 }
 
-int _istalnum(_TINT character)
-{
-    return _istdigit(character) || _istalpha(character);
-}
-
 _TINT _totlower(_TINT character)
 {
     return character >= u'A' && character <= u'Z' ? character + 32 : character;
-}
-
-_TINT _totupper(_TINT character)
-{
-    return character >= u'a' && character <= u'z' ? character - 32 : character;
 }

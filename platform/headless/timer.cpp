@@ -45,11 +45,6 @@ void DropTimers(HWND window)
     std::erase_if(AllTimers(), [&](const Timer& timer) { return timer.window == window; });
 }
 
-void DropAllTimers()
-{
-    AllTimers().clear();
-}
-
 bool HasTimers()
 {
     return !AllTimers().empty();

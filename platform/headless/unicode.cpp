@@ -139,38 +139,6 @@ std::basic_string_view<Character> Given(const Character* text, int length)
 using headless::ToNarrow;
 using headless::ToWide;
 
-int WINAPI MultiByteToWideChar(UINT, DWORD, LPCSTR text, int length, LPWSTR buffer, int size)
-{
-    return headless::Deliver(ToWide(headless::Given(text, length)), buffer, size);
-}
-
-int WINAPI WideCharToMultiByte(UINT, DWORD, LPCWSTR text, int length, LPSTR buffer, int size, LPCSTR,
-                               LPBOOL usedDefaultChar)
-{
-    if (usedDefaultChar != nullptr)
-    {
-        *usedDefaultChar = FALSE;
-    }
-    return headless::Deliver(ToNarrow(headless::Given(text, length)), buffer, size);
-}
-
-DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
-{
-    const char* value = std::getenv(ToNarrow(name).c_str());
-    if (value == nullptr)
-    {
-        SetLastError(ERROR_ENVVAR_NOT_FOUND);
-        return 0;
-    }
-    std::u16string wide = ToWide(value);
-    if (wide.size() >= size)
-    {
-        return static_cast<DWORD>(wide.size() + 1);
-    }
-    buffer[wide.copy(buffer, wide.size())] = 0;
-    return static_cast<DWORD>(wide.size());
-}
-
 BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
 {
     int result = value == nullptr ? unsetenv(ToNarrow(name).c_str())
@@ -179,51 +147,12 @@ BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
     return result == 0;
 }
 
-LPTSTR _tgetenv(LPCTSTR name)
-{
-    static std::u16string wide;
-    const char* value = std::getenv(ToNarrow(name).c_str());
-    if (value == nullptr)
-    {
-        return nullptr;
-    }
-    wide = ToWide(value);
-    return wide.data();
-}
-
-int _tputenv(LPCTSTR assignment)
-{
-    LPCTSTR equals = _tcschr(assignment, u'=');
-    if (equals == nullptr || equals == assignment)
-    {
-        return -1;
-    }
-    std::u16string name(assignment, equals);
-    return SetEnvironmentVariableW(name.c_str(), equals[1] == 0 ? nullptr : equals + 1) ? 0 : -1;
-}
-
 int WINAPI lstrlenW(LPCWSTR text)
 {
     return text == nullptr ? 0 : static_cast<int>(_tcslen(text));
 }
 
-int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right)
-{
-    return _tcscmp(left == nullptr ? u"" : left, right == nullptr ? u"" : right);
-}
-
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right)
 {
     return _tcsicmp(left == nullptr ? u"" : left, right == nullptr ? u"" : right);
-}
-
-LPWSTR WINAPI lstrcpynW(LPWSTR target, LPCWSTR source, int size)
-{
-    if (size > 0)
-    {
-        std::size_t length = _tcsnlen(source, static_cast<std::size_t>(size) - 1);
-        std::copy_n(source, length, target);
-        target[length] = 0;
-    }
-    return target;
 }

@@ -174,21 +174,6 @@ void FailWindowClass(LPCWSTR className, unsigned nth, DWORD error)
 {
     FailCall(ClassFault(className).c_str(), nth, error);
 }
-
-void ResetWindows()
-{
-    DropAllHooks();
-    // Handlers may make new windows; those of a well-behaved program come to an end.
-    for (std::vector<HWND> windows = TopLevelWindows(); !windows.empty(); windows = TopLevelWindows())
-    {
-        DestroyWindow(windows.front());
-        Remove(windows.front());
-    }
-    InputState() = {};
-    DropAllMessages();
-    DropAllTimers();
-    ResetKeyboard();
-}
 }  // namespace headless
 
 using namespace headless;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -54,7 +53,6 @@ struct Window
     RECT rect = {};              // within the parent's client area
 
     std::u16string text;
-    std::map<std::u16string, HANDLE> properties;
     HICON icons[2] = {};  // by ICON_SMALL, ICON_BIG
     std::unique_ptr<Dialog> dialog;
     bool destroying = false;
@@ -109,10 +107,6 @@ void LeaveFocus(HWND leaving);
 
 void DropMessages(HWND window);
 void DropTimers(HWND window);
-void DropAllMessages();
-void DropAllTimers();
-void DropAllHooks();
-void ResetKeyboard();
 
 bool HasTimers();
 // Milliseconds to the next timer, 0 if one is due.

@@ -1,4 +1,4 @@
-// What a window carries: its numbers, text, properties and procedure.
+// What a window carries: its numbers, text and procedure.
 #include <cstring>
 
 #include "unicode.h"
@@ -107,13 +107,6 @@ LONG_PTR SetNumber(Window& window, int index, LONG_PTR value)
     }
     return previous;
 }
-
-// Properties may be named by atoms, too.
-std::u16string PropertyName(LPCWSTR name)
-{
-    return IS_INTRESOURCE(name) ? std::u16string(1, static_cast<char16_t>(reinterpret_cast<ULONG_PTR>(name)))
-                                : std::u16string(u"\"") + name;
-}
 }  // namespace
 
 LONG_PTR WINAPI GetWindowLongPtrW(HWND window, int index)
@@ -162,11 +155,6 @@ LRESULT WINAPI CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPA
     return procedure(window, message, wParam, lParam);
 }
 
-BOOL WINAPI IsWindowUnicode(HWND window)
-{
-    return Resolve(window) != nullptr;
-}
-
 DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD process)
 {
     if (Resolve(window) == nullptr)
@@ -204,46 +192,4 @@ int WINAPI GetWindowTextW(HWND window, LPWSTR text, int size)
 int WINAPI GetWindowTextLengthW(HWND window)
 {
     return Resolve(window) == nullptr ? 0 : static_cast<int>(Send(window, WM_GETTEXTLENGTH));
-}
-
-int WINAPI InternalGetWindowText(HWND window, LPWSTR text, int size)
-{
-    const Window* found = Resolve(window);
-    if (found == nullptr || size <= 0)
-    {
-        return 0;
-    }
-    return static_cast<int>(CopyText(text, static_cast<std::size_t>(size), found->text));
-}
-
-BOOL WINAPI SetPropW(HWND window, LPCWSTR name, HANDLE data)
-{
-    Window* found = Resolve(window);
-    if (found == nullptr)
-    {
-        return FALSE;
-    }
-    found->properties[PropertyName(name)] = data;
-    return TRUE;
-}
-
-HANDLE WINAPI GetPropW(HWND window, LPCWSTR name)
-{
-    const Window* found = Resolve(window);
-    if (found == nullptr)
-    {
-        return nullptr;
-    }
-    const auto property = found->properties.find(PropertyName(name));
-    return property == found->properties.end() ? nullptr : property->second;
-}
-
-HANDLE WINAPI RemovePropW(HWND window, LPCWSTR name)
-{
-    const HANDLE data = GetPropW(window, name);
-    if (Window* found = Find(window))
-    {
-        found->properties.erase(PropertyName(name));
-    }
-    return data;
 }

@@ -236,23 +236,6 @@ BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL)
     return SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Moving windows one by one comes to the same where nothing is painted.
-HDWP WINAPI BeginDeferWindowPos(int)
-{
-    return reinterpret_cast<HDWP>(ULONG_PTR{1});
-}
-
-HDWP WINAPI DeferWindowPos(HDWP info, HWND window, HWND insertAfter, int x, int y, int width, int height,
-                           UINT flags)
-{
-    return SetWindowPos(window, insertAfter, x, y, width, height, flags) ? info : nullptr;
-}
-
-BOOL WINAPI EndDeferWindowPos(HDWP info)
-{
-    return info != nullptr;
-}
-
 int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
 {
     const POINT source = ClientOrigin(from);
@@ -393,30 +376,4 @@ BOOL WINAPI IsZoomed(HWND window)
 {
     const Window* found = Resolve(window);
     return found != nullptr && (found->style & WS_MAXIMIZE) != 0;
-}
-
-BOOL WINAPI CloseWindow(HWND window)
-{
-    ShowWindow(window, SW_MINIMIZE);
-    return Find(window) != nullptr;
-}
-
-BOOL WINAPI OpenIcon(HWND window)
-{
-    ShowWindow(window, SW_SHOWNORMAL);
-    return Find(window) != nullptr;
-}
-
-BOOL WINAPI GetWindowPlacement(HWND window, WINDOWPLACEMENT* placement)
-{
-    const Window* found = Resolve(window);
-    if (found == nullptr)
-    {
-        return FALSE;
-    }
-    const UINT show = IsIconic(window)   ? SW_SHOWMINIMIZED
-                      : IsZoomed(window) ? SW_SHOWMAXIMIZED
-                                         : SW_SHOWNORMAL;
-    *placement = {sizeof(*placement), 0, show, {-1, -1}, {-1, -1}, found->rect};
-    return TRUE;
 }

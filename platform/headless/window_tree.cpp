@@ -298,17 +298,6 @@ HWND WINAPI GetAncestor(HWND window, UINT flags)
     return found->handle;
 }
 
-HWND WINAPI GetTopWindow(HWND window)
-{
-    return GetWindow(window == nullptr ? Desktop().handle : window, GW_CHILD);
-}
-
-HWND WINAPI GetLastActivePopup(HWND window)
-{
-    const HWND active = InputState().active;
-    return active != nullptr && GetWindow(active, GW_OWNER) == window ? active : window;
-}
-
 BOOL WINAPI IsChild(HWND parent, HWND window)
 {
     const Window* found = Find(window);

@@ -7,8 +7,6 @@ struct CRuntimeClass
 {
     const char* m_lpszClassName;
     const CRuntimeClass* m_pBaseClass;  // null for CObject
-
-    bool IsDerivedFrom(const CRuntimeClass* base) const;
 };
 
 class CObject
@@ -20,7 +18,6 @@ public:
     virtual ~CObject() = default;
 
     virtual const CRuntimeClass* GetRuntimeClass() const { return &classCObject; }
-    bool IsKindOf(const CRuntimeClass* wanted) const { return GetRuntimeClass()->IsDerivedFrom(wanted); }
 
     static const CRuntimeClass classCObject;
 };

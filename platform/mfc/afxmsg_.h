@@ -34,7 +34,6 @@ template <class Result, class Class, class... Arguments>
 struct MemberOf<Result (Class::*)(Arguments...)>
 {
     using Owner = Class;
-    using Return = Result;
     static constexpr bool takesId = sizeof...(Arguments) == 1;
 };
 
@@ -53,13 +52,6 @@ LRESULT CallCommand(CCmdTarget* target, [[maybe_unused]] WPARAM id, LPARAM)
         (object->*member)();
     }
     return TRUE;
-}
-
-template <auto member>
-LRESULT CallMessage(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
-{
-    using Owner = typename MemberOf<decltype(member)>::Owner;
-    return (static_cast<Owner*>(target)->*member)(wParam, lParam);
 }
 
 template <auto member>
@@ -130,7 +122,6 @@ protected:                                        \
 #define ON_LBN_SELCHANGE(id, memberFxn) ON_CONTROL(LBN_SELCHANGE, id, memberFxn)
 #define ON_CBN_SELCHANGE(id, memberFxn) ON_CONTROL(CBN_SELCHANGE, id, memberFxn)
 
-#define ON_MESSAGE(message, memberFxn) {message, 0, 0, 0, &afx_detail::CallMessage<memberFxn>},
 #define ON_WM_CHAR() {WM_CHAR, 0, 0, 0, &afx_detail::CallChar<&ThisClass::OnChar>},
 #define ON_WM_GETDLGCODE() {WM_GETDLGCODE, 0, 0, 0, &afx_detail::CallGetDlgCode<&ThisClass::OnGetDlgCode>},
 #define ON_WM_NCCREATE() {WM_NCCREATE, 0, 0, 0, &afx_detail::CallNcCreate<&ThisClass::OnNcCreate>},

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <string>
-#include <utility>
 
 class CString
 {
@@ -28,9 +27,6 @@ public:
     void Empty() { m_text.clear(); }
     TCHAR operator[](int index) const { return m_text[static_cast<size_t>(index)]; }
 
-    // Less than 0, 0 or more than 0, by code units, case mattering.
-    int Compare(LPCTSTR other) const { return m_text.compare(other); }
-
     // The index of the first character that is one of `characters`, or -1.
     int FindOneOf(LPCTSTR characters) const { return Index(m_text.find_first_of(characters)); }
     // The index of the last `character`, or -1.
@@ -45,7 +41,6 @@ public:
         m_text += other;
         return *this;
     }
-    friend CString operator+(CString left, LPCTSTR right) { return std::move(left += right); }
     friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
 
     // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until

@@ -107,7 +107,6 @@ class CButton : public CWnd
 
 public:
     int GetCheck() { return static_cast<int>(SendMessage(BM_GETCHECK)); }
-    void SetCheck(int nCheck) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck)); }
 };
 
 class CEdit : public CWnd

@@ -1,5 +1,5 @@
 // Edits in the real program, and what is in the registry after Apply, OK and Cancel.
-#include "journey/editor.h"
+#include "driver/editor.h"
 #include "resource.h"
 #include "support/settings_test.h"
 

@@ -1,5 +1,5 @@
 // Which pages the real program shows for the tools that are installed, and that it stores what they show.
-#include "journey/editor.h"
+#include "driver/editor.h"
 #include "resource.h"
 #include "support/settings_test.h"
 

@@ -1,5 +1,5 @@
 // QBSettings.exe as a file: what Windows, and whoever installs it, go by.
-#include "journey/editor.h"
+#include "driver/editor.h"
 #include "resource.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // How the program starts, and what a second one does.
-#include "journey/editor.h"
+#include "driver/editor.h"
 #include "resource.h"
 #include "support/settings_test.h"
 

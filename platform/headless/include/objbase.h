@@ -33,7 +33,6 @@ typedef enum tagCOINIT
 #define CLSCTX_LOCAL_SERVER 0x4
 #define CLSCTX_ALL 0x17
 
-HRESULT WINAPI CoInitialize(LPVOID reserved);
 // S_FALSE if the thread has been initialised already, in which case it is to be uninitialised all the same.
 HRESULT WINAPI CoInitializeEx(LPVOID reserved, DWORD model);
 void WINAPI CoUninitialize();

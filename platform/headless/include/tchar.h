@@ -15,7 +15,6 @@ typedef unsigned int _TINT;
 size_t _tcslen(LPCTSTR text);
 size_t _tcsnlen(LPCTSTR text, size_t limit);
 int _tcscmp(LPCTSTR left, LPCTSTR right);
-int _tcsncmp(LPCTSTR left, LPCTSTR right, size_t count);
 int _tcsicmp(LPCTSTR left, LPCTSTR right);
 int _tcsnicmp(LPCTSTR left, LPCTSTR right, size_t count);
 const TCHAR* _tcschr(const TCHAR* text, TCHAR character);
@@ -26,29 +25,17 @@ const TCHAR* _tcsstr(const TCHAR* text, const TCHAR* part);
 TCHAR* _tcsstr(TCHAR* text, const TCHAR* part);
 const TCHAR* _tcspbrk(const TCHAR* text, const TCHAR* characters);
 TCHAR* _tcspbrk(TCHAR* text, const TCHAR* characters);
-size_t _tcsspn(LPCTSTR text, LPCTSTR characters);
-size_t _tcscspn(LPCTSTR text, LPCTSTR characters);
 LPTSTR _tcscpy(LPTSTR target, LPCTSTR source);
-LPTSTR _tcsncpy(LPTSTR target, LPCTSTR source, size_t count);
-LPTSTR _tcscat(LPTSTR target, LPCTSTR source);
 
 LONG _tcstol(LPCTSTR text, LPTSTR* end, int base);
 ULONG _tcstoul(LPCTSTR text, LPTSTR* end, int base);
 ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base);
-int _ttoi(LPCTSTR text);
-LONG _ttol(LPCTSTR text);
 
 // Conversions: d i u x X o c s S p n %, with flags, width, precision and the sizes hh h l ll I64 z. %s is
 // TCHAR text, %S and %hs are char text. As in the Windows runtime, -1 means that the text was cut, and text
 // that fills the buffer has no terminator.
 int _sntprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...);
 int _vsntprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments);
-// These terminate always; text that does not fit gives -1 and a cut text.
-int _stprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...);
-int _vstprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments);
-// The length that the text would have, without the terminator.
-int _sctprintf(LPCTSTR format, ...);
-int _vsctprintf(LPCTSTR format, va_list arguments);
 // Conversion: "%x" alone, of at most size characters, into 32 bits; more digits push the first ones out. Returns
 // the number of items converted, or EOF when the text ends before the first.
 int _sntscanf(LPCTSTR text, size_t size, LPCTSTR format, ...);
@@ -56,13 +43,5 @@ int _sntscanf(LPCTSTR text, size_t size, LPCTSTR format, ...);
 int _istdigit(_TINT character);
 int _istxdigit(_TINT character);
 int _istspace(_TINT character);
-int _istprint(_TINT character);
 int _istalpha(_TINT character);
-int _istalnum(_TINT character);
 _TINT _totlower(_TINT character);
-_TINT _totupper(_TINT character);
-
-// The result stays valid until the next call.
-LPTSTR _tgetenv(LPCTSTR name);
-// "NAME=value" sets, "NAME=" removes. Returns 0, or -1 for a text without a name.
-int _tputenv(LPCTSTR assignment);

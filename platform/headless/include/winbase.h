@@ -23,7 +23,6 @@ BOOL WINAPI CloseHandle(HANDLE object);
 // There is one module, the program; every module handle means it.
 HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName);
 DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
-LPWSTR WINAPI GetCommandLineW();
 
 HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
 HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
@@ -34,7 +33,6 @@ DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 #define GMEM_FIXED 0x0000
 #define GMEM_MOVEABLE 0x0002
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
-SIZE_T WINAPI GlobalSize(HGLOBAL block);
 LPVOID WINAPI GlobalLock(HGLOBAL block);
 BOOL WINAPI GlobalUnlock(HGLOBAL block);
 HGLOBAL WINAPI GlobalFree(HGLOBAL block);
@@ -48,21 +46,13 @@ DWORD WINAPI GetCurrentThreadId();
 DWORD WINAPI GetCurrentProcessId();
 
 // The variables are those that getenv sees.
-DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
 BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
 
 int WINAPI lstrlenW(LPCWSTR text);
-int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right);
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right);
-LPWSTR WINAPI lstrcpynW(LPWSTR target, LPCWSTR source, int size);
 int WINAPI MulDiv(int number, int numerator, int denominator);
 
-LONG WINAPI InterlockedIncrement(LONG volatile* number);
-LONG WINAPI InterlockedDecrement(LONG volatile* number);
 
 #define CP_ACP 0
 #define CP_UTF8 65001
 // Only UTF-8 is known; every code page means it. Ill-formed input becomes U+FFFD.
-int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR buffer, int size);
-int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LPSTR buffer, int size,
-                               LPCSTR defaultChar, LPBOOL usedDefaultChar);

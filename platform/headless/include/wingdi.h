@@ -79,13 +79,7 @@ typedef TEXTMETRICW TEXTMETRIC;
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font);
 HGDIOBJ WINAPI GetStockObject(int object);
 // Fills what `data` has room for and gives the number of bytes; with no data, the number needed.
-int WINAPI GetObjectW(HANDLE object, int size, LPVOID data);
 HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
 BOOL WINAPI DeleteObject(HGDIOBJ object);
-BOOL WINAPI GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, LPSIZE size);
 BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
 int WINAPI GetDeviceCaps(HDC dc, int index);
-HBRUSH WINAPI CreateSolidBrush(COLORREF colour);
-COLORREF WINAPI SetTextColor(HDC dc, COLORREF colour);
-COLORREF WINAPI SetBkColor(HDC dc, COLORREF colour);
-int WINAPI SetBkMode(HDC dc, int mode);

@@ -1,6 +1,4 @@
-#include "journey/editor.h"
-
-#include "support/names.h"
+#include "driver/editor.h"
 
 #include <commctrl.h>
 #include <prsht.h>
@@ -13,6 +11,7 @@ namespace
 {
 constexpr DWORD GiveUpMilliseconds = 20000;
 constexpr DWORD LookMilliseconds = 10;
+constexpr int IdApply = 0x3021;  // what the common control numbers its Apply button
 
 bool WaitUntil(const std::function<bool()>& condition)
 {
@@ -272,7 +271,7 @@ HWND EditorProcess::WaitForWindowBeside(HWND other) const
 
 EditorSheet EditorProcess::WaitForSheet() const
 {
-    EditorSheet sheet(WaitForWindow(titles::Sheet));
+    EditorSheet sheet(WaitForWindow(SheetTitle));
     WaitUntil([&] { return sheet.Page() != nullptr || !Runs(); });
     return sheet;
 }

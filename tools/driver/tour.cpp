@@ -1,6 +1,6 @@
 // Goes through the program's pages for ./run, which takes a picture whenever this prints a name and a place
 // on the screen, and answers with a line. Then changes a setting and leaves with Apply and OK.
-#include "journey/editor.h"
+#include "driver/editor.h"
 #include "resource.h"
 
 #include <fcntl.h>

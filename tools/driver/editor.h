@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+inline constexpr wchar_t SheetTitle[] = L"Quorvex Bench Settings";
+
 // A dialog of the program. Operations on a control that is not there do nothing and give nothing.
 class EditorDialog
 {
