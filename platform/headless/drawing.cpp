@@ -1,9 +1,6 @@
-// What is left of drawing where nothing is drawn: fonts as tokens, and the size of a text.
-#include <algorithm>
-#include <cstring>
+// What is left of drawing where nothing is drawn: fonts as tokens, and the size of a character.
 #include <set>
 
-#include "tchar.h"
 #include "window.h"
 
 using namespace headless;
@@ -40,11 +37,6 @@ HGDIOBJ WINAPI GetStockObject(int object)
     return reinterpret_cast<HGDIOBJ>(FirstStockObject + static_cast<ULONG_PTR>(object));
 }
 
-HGDIOBJ WINAPI SelectObject(HDC, HGDIOBJ)
-{
-    return GetStockObject(SYSTEM_FONT);
-}
-
 BOOL WINAPI DeleteObject(HGDIOBJ object)
 {
     return Objects().erase(object) != 0;
@@ -62,11 +54,6 @@ BOOL WINAPI GetTextMetricsW(HDC, LPTEXTMETRICW metrics)
     return TRUE;
 }
 
-int WINAPI GetDeviceCaps(HDC, int index)
-{
-    return index == LOGPIXELSX || index == LOGPIXELSY ? static_cast<int>(GetDpiForSystem()) : 0;
-}
-
 HDC WINAPI GetDC(HWND window)
 {
     return window == nullptr || Resolve(window) != nullptr ? AnyContext() : nullptr;
@@ -75,20 +62,4 @@ HDC WINAPI GetDC(HWND window)
 int WINAPI ReleaseDC(HWND, HDC dc)
 {
     return dc == AnyContext();
-}
-
-// Lines are not broken: DT_CALCRECT gives the size of one.
-int WINAPI DrawTextW(HDC, LPCWSTR text, int length, LPRECT rect, UINT format)
-{
-    if ((format & DT_CALCRECT) != 0)
-    {
-        rect->right = rect->left + CharacterWidth * (length < 0 ? lstrlenW(text) : length);
-        rect->bottom = rect->top + CharacterHeight;
-    }
-    return CharacterHeight;
-}
-
-BOOL WINAPI RedrawWindow(HWND window, const RECT*, HRGN, UINT)
-{
-    return window == nullptr || Resolve(window) != nullptr;
 }

@@ -195,11 +195,6 @@ BOOL WINAPI SetForegroundWindow(HWND window)
     return found != nullptr && !IsChildStyle(found->style) && Activate(window, false);
 }
 
-HWND WINAPI GetForegroundWindow()
-{
-    return InputState().active;
-}
-
 BOOL WINAPI BringWindowToTop(HWND window)
 {
     const Window* found = Resolve(window);

@@ -187,18 +187,6 @@ ULONGLONG WINAPI GetTickCount64()
     return Now(CLOCK_MONOTONIC, 1000);
 }
 
-BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* count)
-{
-    count->QuadPart = static_cast<LONGLONG>(Now(CLOCK_MONOTONIC, 1'000'000'000));
-    return TRUE;
-}
-
-BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* frequency)
-{
-    frequency->QuadPart = 1'000'000'000;
-    return TRUE;
-}
-
 void WINAPI Sleep(DWORD milliseconds)
 {
     timespec time = {static_cast<time_t>(milliseconds / 1000),
@@ -211,11 +199,6 @@ void WINAPI Sleep(DWORD milliseconds)
 DWORD WINAPI GetCurrentThreadId()
 {
     return static_cast<DWORD>(gettid());
-}
-
-DWORD WINAPI GetCurrentProcessId()
-{
-    return static_cast<DWORD>(getpid());
 }
 
 int WINAPI MulDiv(int number, int numerator, int denominator)

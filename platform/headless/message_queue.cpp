@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
-#include <map>
 #include <optional>
 
 #include "window.h"
@@ -129,17 +128,6 @@ LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lPa
         return TRUE;
     }
     return Resolve(window) == nullptr ? 0 : Send(window, message, wParam, lParam);
-}
-
-LRESULT WINAPI SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT, UINT,
-                                   PDWORD_PTR result)
-{
-    const LRESULT answer = SendMessageW(window, message, wParam, lParam);
-    if (result != nullptr)
-    {
-        *result = static_cast<DWORD_PTR>(answer);
-    }
-    return window == HWND_BROADCAST || Find(window) != nullptr;
 }
 
 BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)

@@ -180,11 +180,6 @@ LPVOID WINAPI LockResource(HGLOBAL data)
     return data;
 }
 
-DWORD WINAPI SizeofResource(HMODULE, HRSRC resource)
-{
-    return resource == nullptr ? 0 : reinterpret_cast<const Resource*>(resource)->size;
-}
-
 int WINAPI LoadStringW(HINSTANCE, UINT id, LPWSTR buffer, int size)
 {
     std::u16string_view text = FindString(id);

@@ -184,13 +184,6 @@ ULONG _tcstoul(LPCTSTR text, LPTSTR* end, int base)
     return number.negative ? 0 - value : value;
 }
 
-ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base)
-{
-    ParsedNumber number = ParseNumber(text, base);
-    StoreEnd(end, number.end);
-    return number.negative ? 0 - number.magnitude : number.magnitude;
-}
-
 int _istdigit(_TINT character)
 {
     return character >= u'0' && character <= u'9';

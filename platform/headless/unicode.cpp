@@ -1,11 +1,7 @@
 #include "unicode.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "tchar.h"
 #include "winbase.h"
-#include "winerror.h"
 
 namespace headless
 {
@@ -103,49 +99,7 @@ std::size_t CopyText(char16_t* buffer, std::size_t size, std::u16string_view tex
     buffer[length] = u'\0';
     return length;
 }
-
-namespace
-{
-// The contract that both conversion functions share: a length of -1 takes the terminator along, a size of 0
-// asks for the size.
-template <class Text, class Character>
-int Deliver(const Text& text, Character* buffer, int size)
-{
-    if (size == 0)
-    {
-        return static_cast<int>(text.size());
-    }
-    if (text.size() > static_cast<std::size_t>(size))
-    {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
-        return 0;
-    }
-    text.copy(buffer, text.size());
-    return static_cast<int>(text.size());
-}
-
-template <class Character>
-std::basic_string_view<Character> Given(const Character* text, int length)
-{
-    if (length >= 0)
-    {
-        return {text, static_cast<std::size_t>(length)};
-    }
-    return {text, std::basic_string_view<Character>(text).size() + 1};
-}
-}  // namespace
 }  // namespace headless
-
-using headless::ToNarrow;
-using headless::ToWide;
-
-BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
-{
-    int result = value == nullptr ? unsetenv(ToNarrow(name).c_str())
-                                  : setenv(ToNarrow(name).c_str(), ToNarrow(value).c_str(), 1);
-    SetLastError(result == 0 ? GetLastError() : ERROR_INVALID_PARAMETER);
-    return result == 0;
-}
 
 int WINAPI lstrlenW(LPCWSTR text)
 {

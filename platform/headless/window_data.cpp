@@ -155,19 +155,6 @@ LRESULT WINAPI CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPA
     return procedure(window, message, wParam, lParam);
 }
 
-DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD process)
-{
-    if (Resolve(window) == nullptr)
-    {
-        return 0;
-    }
-    if (process != nullptr)
-    {
-        *process = GetCurrentProcessId();
-    }
-    return GetCurrentThreadId();
-}
-
 BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text)
 {
     if (Resolve(window) == nullptr)

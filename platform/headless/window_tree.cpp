@@ -325,12 +325,6 @@ BOOL WINAPI EnumThreadWindows(DWORD, WNDENUMPROC callback, LPARAM lParam)
     return EnumWindows(callback, lParam);
 }
 
-BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM lParam)
-{
-    EnumerateTree(parent == nullptr ? Desktop().handle : parent, callback, lParam);
-    return TRUE;
-}
-
 HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR windowName)
 {
     return FindWindowExW(nullptr, nullptr, className, windowName);

@@ -29,15 +29,14 @@ LPTSTR _tcscpy(LPTSTR target, LPCTSTR source);
 
 LONG _tcstol(LPCTSTR text, LPTSTR* end, int base);
 ULONG _tcstoul(LPCTSTR text, LPTSTR* end, int base);
-ULONGLONG _tcstoui64(LPCTSTR text, LPTSTR* end, int base);
 
 // Conversions: d i u x X o c s S p n %, with flags, width, precision and the sizes hh h l ll I64 z. %s is
 // TCHAR text, %S and %hs are char text. As in the Windows runtime, -1 means that the text was cut, and text
 // that fills the buffer has no terminator.
 int _sntprintf(LPTSTR buffer, size_t size, LPCTSTR format, ...);
 int _vsntprintf(LPTSTR buffer, size_t size, LPCTSTR format, va_list arguments);
-// Conversion: "%x" alone, of at most size characters, into 32 bits; more digits push the first ones out. Returns
-// the number of items converted, or EOF when the text ends before the first.
+// Conversion: "%x" alone, of at most size characters, into 32 bits; more digits push the first ones out.
+// Returns the number of items converted, or EOF when the text ends before the first.
 int _sntscanf(LPCTSTR text, size_t size, LPCTSTR format, ...);
 
 int _istdigit(_TINT character);

@@ -27,7 +27,6 @@ DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
 HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
 HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL data);
-DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 
 // A block's handle is its address; it is zeroed and never moves.
 #define GMEM_FIXED 0x0000
@@ -39,20 +38,9 @@ HGLOBAL WINAPI GlobalFree(HGLOBAL block);
 
 DWORD WINAPI GetTickCount();
 ULONGLONG WINAPI GetTickCount64();
-BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* count);
-BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 void WINAPI Sleep(DWORD milliseconds);
 DWORD WINAPI GetCurrentThreadId();
-DWORD WINAPI GetCurrentProcessId();
-
-// The variables are those that getenv sees.
-BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
 
 int WINAPI lstrlenW(LPCWSTR text);
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right);
 int WINAPI MulDiv(int number, int numerator, int denominator);
-
-
-#define CP_ACP 0
-#define CP_UTF8 65001
-// Only UTF-8 is known; every code page means it. Ill-formed input becomes U+FFFD.

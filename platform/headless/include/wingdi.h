@@ -78,8 +78,5 @@ typedef TEXTMETRICW TEXTMETRIC;
 
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font);
 HGDIOBJ WINAPI GetStockObject(int object);
-// Fills what `data` has room for and gives the number of bytes; with no data, the number needed.
-HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
 BOOL WINAPI DeleteObject(HGDIOBJ object);
 BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
-int WINAPI GetDeviceCaps(HDC dc, int index);

@@ -99,9 +99,6 @@ BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text);
 int WINAPI GetWindowTextW(HWND window, LPWSTR text, int size);
 int WINAPI GetWindowTextLengthW(HWND window);
 
-
-DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD process);
-
 // --- The tree of windows ---
 
 HWND WINAPI GetDesktopWindow();
@@ -112,7 +109,6 @@ HWND WINAPI GetAncestor(HWND window, UINT flags);
 #define GetNextWindow(window, relation) GetWindow(window, relation)
 BOOL WINAPI IsChild(HWND parent, HWND window);
 BOOL WINAPI EnumWindows(WNDENUMPROC callback, LPARAM lParam);
-BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM lParam);
 BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC callback, LPARAM lParam);
 HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR windowName);
 HWND WINAPI FindWindowExW(HWND parent, HWND childAfter, LPCWSTR className, LPCWSTR windowName);
@@ -142,7 +138,6 @@ HWND WINAPI GetFocus();
 HWND WINAPI SetActiveWindow(HWND window);
 HWND WINAPI GetActiveWindow();
 BOOL WINAPI SetForegroundWindow(HWND window);
-HWND WINAPI GetForegroundWindow();
 BOOL WINAPI BringWindowToTop(HWND window);
 HWND WINAPI SetCapture(HWND window);
 HWND WINAPI GetCapture();
@@ -151,8 +146,6 @@ BOOL WINAPI ReleaseCapture();
 // --- Messages ---
 
 LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-LRESULT WINAPI SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT flags,
-                                   UINT timeout, PDWORD_PTR result);
 BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 void WINAPI PostQuitMessage(int exitCode);
 // Waits for a message that fits; with none queued and no timer set it would wait for ever, and instead ends
@@ -228,22 +221,15 @@ UINT WINAPI GetDpiForSystem();
 int WINAPI LoadStringW(HINSTANCE instance, UINT id, LPWSTR buffer, int size);
 HICON WINAPI LoadIconW(HINSTANCE instance, LPCWSTR name);
 
-BOOL WINAPI IsRectEmpty(const RECT* rect);
 BOOL WINAPI OffsetRect(LPRECT rect, int x, int y);
 BOOL WINAPI InflateRect(LPRECT rect, int x, int y);
 BOOL WINAPI PtInRect(const RECT* rect, POINT point);
-BOOL WINAPI IntersectRect(LPRECT target, const RECT* left, const RECT* right);
 
 LPWSTR WINAPI CharLowerW(LPWSTR text);
 
 // --- Painting, which does nothing ---
 
-BOOL WINAPI RedrawWindow(HWND window, const RECT* rect, HRGN region, UINT flags);
 HDC WINAPI GetDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC dc);
-int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, LPRECT rect, UINT format);
-
-// --- Menus, of which there are none ---
-
 
 #endif
