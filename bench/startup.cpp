@@ -13,6 +13,8 @@ namespace
 {
 constexpr int DefaultRuns = 21;
 constexpr double Bound = 1.10;
+// Until Wine's server has cleared away a program that has ended.
+constexpr DWORD SettleMilliseconds = 60;
 
 double Milliseconds()
 {
@@ -43,6 +45,7 @@ double TimeStart(const wchar_t* program, const wchar_t* title)
     const double time = Milliseconds() - start;
     sheet.Cancel();
     process.WaitForEnd();
+    Sleep(SettleMilliseconds);
     return time;
 }
 
@@ -62,6 +65,7 @@ void TimePages(std::map<int, std::vector<double>>& times, std::vector<std::wstri
     }
     sheet.Cancel();
     editor.WaitForEnd();
+    Sleep(SettleMilliseconds);
 }
 // Keeps a processor awake: on a virtual machine the waking of one that idles takes longer than much of what
 // is measured, and every message between the programs and Wine's server waits for it.
