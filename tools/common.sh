@@ -5,8 +5,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 BUILD_PACKAGES=(g++ cmake ninja-build googletest)
-# For the sanitizers and the fuzzer, and llvm-rc.
-NATIVE_PACKAGES=(clang-14 libclang-rt-14-dev llvm-14)
+# For the sanitizers and the fuzzer.
+SANITIZED_PACKAGES=(clang-14 libclang-rt-14-dev llvm-14 libwine-dev wine64-tools)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix)
 # The fonts hold the metrics of Tahoma, by which dialogs are laid out.
 WINE_PACKAGES=(wine wine64 fonts-wine libxrender1 xvfb)
@@ -110,6 +110,23 @@ set_dpi()
     echo "$1" > "$WINEPREFIX/dpi"
 }
 
+# Runs a program: with the sanitizers' library if it is of the sanitized build. Wine's own services must run then
+# without it, so they are started before.
+run_watched()
+{
+    case $1 in
+        *.so)
+            wine explorer /desktop=quiet,64x64 >/dev/null 2>&1 &
+            wine cmd /c exit
+            LD_PRELOAD=$(clang++-14 -print-file-name=libclang_rt.asan-x86_64.so) \
+                ASAN_OPTIONS=use_sigaltstack=0:verify_asan_link_order=0:detect_leaks=1${ASAN_OPTIONS:+:$ASAN_OPTIONS} \
+                LSAN_OPTIONS=suppressions=$root/cmake/sanitized/leaks.supp:print_suppressions=0 \
+                UBSAN_OPTIONS=print_stacktrace=1 /usr/lib/wine/wine64 "$@"
+            ;;
+        *) wine "$@" ;;
+    esac
+}
+
 ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,JuniperRig,KauriQB
 
 # Lists the tools as installed, as their own installers do.
@@ -128,5 +145,5 @@ list_tools()
 # Our sources and headers, each ended by NUL.
 source_files()
 {
-    find shell framework pages mausb platform tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
+    find shell framework pages mausb mfc tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
 }

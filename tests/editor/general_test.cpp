@@ -17,13 +17,8 @@ constexpr int IdUpdateTime = 1127;
 void AllowDiagnostic(const char* value)
 {
     static std::string variable;
-#ifdef _WIN32
     variable = std::string("QB_ALLOW_DIAGNOSTIC_LOGGING=") + (value != nullptr ? value : "");
-    _putenv(variable.c_str());
-#else
-    value != nullptr ? setenv("QB_ALLOW_DIAGNOSTIC_LOGGING", value, 1)
-                     : unsetenv("QB_ALLOW_DIAGNOSTIC_LOGGING");
-#endif
+    putenv(variable.data());
 }
 
 class GeneralTest : public SettingsTest

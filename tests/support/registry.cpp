@@ -83,7 +83,10 @@ void InstallTools(const Tools& tools)
 void Store(const Text& key, const Text& name, const StoredValue& value)
 {
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, value.data.data(),
+    // Of a text without a terminator the system looks at what stands behind it, and adds one if it finds that.
+    std::vector<BYTE> data = value.data;
+    data.insert(data.end(), sizeof(TCHAR), 0xFF);
+    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(),
                    static_cast<DWORD>(value.data.size()));
 }
 

@@ -1,0 +1,20 @@
+// Wine's own tchar.h has no char16_t: these are the routines that our sources use, out of Wine's C runtime.
+#pragma once
+
+#include <windows.h>
+
+#define _T(text) __TEXT(text)
+
+template <class Function>
+Function* RuntimeFunction(const char* name)
+{
+    return reinterpret_cast<Function*>(GetProcAddress(LoadLibraryW(_T("msvcrt.dll")), name));
+}
+
+inline const auto _sntprintf = RuntimeFunction<int __cdecl(TCHAR*, size_t, const TCHAR*, ...)>("_snwprintf");
+inline const auto _sntscanf =
+    RuntimeFunction<int __cdecl(const TCHAR*, size_t, const TCHAR*, ...)>("_snwscanf");
+inline const auto _tcstoul = RuntimeFunction<DWORD __cdecl(const TCHAR*, TCHAR**, int)>("wcstoul");
+inline const auto _tcstol = RuntimeFunction<LONG __cdecl(const TCHAR*, TCHAR**, int)>("wcstol");
+inline const auto _tcscmp = RuntimeFunction<int __cdecl(const TCHAR*, const TCHAR*)>("wcscmp");
+inline const auto _tcsicmp = RuntimeFunction<int __cdecl(const TCHAR*, const TCHAR*)>("_wcsicmp");

@@ -1,0 +1,68 @@
+// CString, over the text type that the C++ library keeps.
+#pragma once
+
+#include <tchar.h>
+#include <windows.h>
+
+#include <string>
+
+class CString
+{
+public:
+    CString() = default;
+    // A null pointer counts as the empty text.
+    CString(LPCTSTR text)
+    {
+        if (text != nullptr)
+        {
+            m_text = text;
+        }
+    }
+
+    operator LPCTSTR() const { return m_text.c_str(); }
+    LPCTSTR GetString() const { return m_text.c_str(); }
+
+    int GetLength() const { return static_cast<int>(m_text.size()); }
+    bool IsEmpty() const { return m_text.empty(); }
+    void Empty() { m_text.clear(); }
+    TCHAR operator[](int index) const { return m_text[static_cast<size_t>(index)]; }
+
+    // The index of the first character that is one of `characters`, or -1.
+    int FindOneOf(LPCTSTR characters) const { return Index(m_text.find_first_of(characters)); }
+    // The index of the last `character`, or -1.
+    int ReverseFind(TCHAR character) const { return Index(m_text.rfind(character)); }
+    void Truncate(int length) { m_text.resize(static_cast<size_t>(length)); }
+
+    // As the C library's printf, for at most 511 characters; what is longer is cut.
+    template <class... Arguments>
+    void Format(LPCTSTR format, Arguments... arguments)
+    {
+        TCHAR buffer[512] = {};
+        _sntprintf(buffer, 511, format, arguments...);
+        m_text = buffer;
+    }
+
+    CString& operator+=(LPCTSTR other)
+    {
+        m_text += other;
+        return *this;
+    }
+    friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
+
+    // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until
+    // then.
+    LPTSTR GetBuffer(int length)
+    {
+        m_text.resize(static_cast<size_t>(length));
+        return m_text.data();
+    }
+    void ReleaseBuffer() { m_text.resize(std::char_traits<TCHAR>::length(m_text.c_str())); }
+
+private:
+    static int Index(size_t position)
+    {
+        return position == std::basic_string<TCHAR>::npos ? -1 : static_cast<int>(position);
+    }
+
+    std::basic_string<TCHAR> m_text;
+};

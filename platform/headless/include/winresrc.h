@@ -1,8 +1,0 @@
-// What resource scripts include.
-#pragma once
-
-#include "windows.h"
-
-#ifndef IDC_STATIC
-#define IDC_STATIC (-1)
-#endif
