@@ -31,7 +31,7 @@ else()
   set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
   # What winegcc defines for a C compiler, but for the characters, which are char16_t.
   target_compile_definitions(win32 INTERFACE WINE_UNICODE_CHAR16 __WINE__ _WIN32 _WIN64 __int8=char __int16=short
-    __int32=int __int64=long "__stdcall=__attribute__((ms_abi))" __cdecl=__stdcall __fastcall=__stdcall)
+    __int32=int __int64=long)
   target_compile_options(win32 INTERFACE "-D__declspec(x)=__declspec_##x" "-D__declspec_dllimport=" "-D__declspec_dllexport="
     "-D__declspec_novtable=" "-D__declspec_align(x)=__attribute__((aligned(x)))"
     "-D__declspec_noreturn=__attribute__((noreturn))" "-D__declspec_selectany=__attribute__((weak))")

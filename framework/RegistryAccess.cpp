@@ -86,11 +86,13 @@ void MakeProductKeyPath(WideString& path, const ProductId& product)
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
 {
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    if (opened.IsOpen())
+    // Of a value that does not fit the buffer may hold anything.
+    DWORD read = number;
+    DWORD size = sizeof(read);
+    if (opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,
+                                            reinterpret_cast<BYTE*>(&read), &size) == ERROR_SUCCESS)
     {
-        DWORD size = sizeof(number);
-        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number),
-                         &size);
+        number = read;
     }
 }
 

@@ -116,7 +116,7 @@ run_watched()
 {
     case $1 in
         *.so)
-            wine explorer /desktop=quiet,64x64 >/dev/null 2>&1 &
+            wine explorer /desktop=quiet,1600x1200 >/dev/null 2>&1 &
             wine cmd /c exit
             LD_PRELOAD=$(clang++-14 -print-file-name=libclang_rt.asan-x86_64.so) \
                 ASAN_OPTIONS=use_sigaltstack=0:verify_asan_link_order=0:detect_leaks=1${ASAN_OPTIONS:+:$ASAN_OPTIONS} \

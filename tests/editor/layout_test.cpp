@@ -1,124 +1,72 @@
 // Every page and dialog as it is laid out with the real fonts: nothing cut, nothing overlapping, all within
 // its template. Run at several resolutions; QB_DPI names the one that the system has been set to.
-#include "resource.h"
-#include "support/form.h"
-#include "support/settings_test.h"
+#include "support/settings.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
 namespace
 {
-// Room that a control needs besides its text, in pixels at 96 per inch.
-constexpr int ButtonFrame = 8;
-constexpr int GroupFrame = 18;
-constexpr int CheckGap = 4;
-
 struct Control
 {
     HWND window;
-    int id;
-    Text text;
     DWORD style;
+    RECT place;
     bool isButton;
     bool isStatic;
-    RECT place;
 
-    bool IsGroup() const { return isButton && (style & BS_TYPEMASK) == BS_GROUPBOX; }
-    bool IsPushButton() const
-    {
-        return isButton &&
-               ((style & BS_TYPEMASK) == BS_PUSHBUTTON || (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
-    }
+    DWORD Kind() const { return style & BS_TYPEMASK; }
+    bool IsGroup() const { return isButton && Kind() == BS_GROUPBOX; }
 };
 
 std::ostream& operator<<(std::ostream& out, const Control& control)
 {
-    return out << "control " << control.id << " \"" << Printable(control.text) << "\" at "
-               << control.place.left << ',' << control.place.top << " to " << control.place.right << ','
+    return out << "control " << GetDlgCtrlID(control.window) << " \"" << Printable(Form(control.window).Title())
+               << "\" at " << control.place.left << ',' << control.place.top << " to " << control.place.right << ','
                << control.place.bottom;
 }
 
 std::vector<Control> ShownControls(HWND dialog)
 {
     std::vector<Control> controls;
-    for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr;
-         window = GetWindow(window, GW_HWNDNEXT))
+    for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr; window = GetWindow(window, GW_HWNDNEXT))
     {
         const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-        if ((style & WS_VISIBLE) == 0)
+        if ((style & WS_VISIBLE) != 0)
         {
-            continue;
+            TCHAR name[32] = {};
+            GetClassNameW(window, name, 32);
+            RECT place = {};
+            GetWindowRect(window, &place);
+            MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+            controls.push_back(
+                {window, style, place, _tcsicmp(name, _T("Button")) == 0, _tcsicmp(name, _T("Static")) == 0});
         }
-        TCHAR name[32] = {};
-        GetClassNameW(window, name, 32);
-        Control control = {window, GetDlgCtrlID(window), Form(window).Title(), style, false, false, {}};
-        control.isButton = _tcsicmp(name, _T("Button")) == 0;
-        control.isStatic = _tcsicmp(name, _T("Static")) == 0;
-        GetWindowRect(window, &control.place);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&control.place), 2);
-        controls.push_back(control);
     }
     return controls;
 }
 
-SIZE TextSize(const Control& control)
+SIZE TextSize(HWND window)
 {
-    const HDC dc = GetDC(control.window);
-    const HGDIOBJ before =
-        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control.window, WM_GETFONT, 0, 0)));
+    const HDC dc = GetDC(window);
+    const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
     RECT size = {};
-    DrawTextW(dc, control.text.c_str(), -1, &size, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextW(dc, Form(window).Title().c_str(), -1, &size, DT_CALCRECT | DT_SINGLELINE);
     SelectObject(dc, before);
-    ReleaseDC(control.window, dc);
+    ReleaseDC(window, dc);
     return {size.right, size.bottom};
 }
 
-// A template's size in pixels, and its margin of 7 units.
-SIZE TemplateSize(HWND dialog, int id, SIZE* margin)
+// Where controls may stand: the template's size less its margin of 7 units.
+RECT RoomOf(HWND dialog, int id)
 {
-    const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), RT_DIALOG);
+    const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), reinterpret_cast<LPCTSTR>(RT_DIALOG));
     const auto* header = static_cast<const BYTE*>(LockResource(LoadResource(nullptr, resource)));
     WORD units[2] = {};
     std::memcpy(units, header + 22, sizeof(units));
     RECT size = {7, 7, units[0], units[1]};
     MapDialogRect(dialog, &size);
-    *margin = {size.left, size.top};
-    return {size.right, size.bottom};
-}
-
-void CheckFits(const Control& control, int perInch)
-{
-    const SIZE text = TextSize(control);
-    const LONG width = control.place.right - control.place.left;
-    int frame = 0;
-    if (control.IsGroup())
-    {
-        frame = GroupFrame * perInch / 96;
-    }
-    else if (control.IsPushButton())
-    {
-        frame = ButtonFrame * perInch / 96;
-    }
-    else if (control.isButton)
-    {
-        frame = GetSystemMetrics(SM_CXMENUCHECK) + CheckGap * perInch / 96;
-    }
-    EXPECT_LE(text.cx + frame, width) << control;
-    EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control;
-}
-
-bool Overlap(const RECT& left, const RECT& right)
-{
-    RECT common;
-    return IntersectRect(&common, &left, &right) != FALSE;
-}
-
-bool Contains(const RECT& outer, const RECT& inner)
-{
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
+    return {size.left, size.top, size.right - size.left + 1, size.bottom - size.top + 1};
 }
 
 int DotsPerInch()
@@ -129,25 +77,45 @@ int DotsPerInch()
     return perInch;
 }
 
+// A button's text has something beside it: the frame, or the box that is checked.
+void ExpectFits(const Control& control)
+{
+    const SIZE text = TextSize(control.window);
+    const int perInch = DotsPerInch();
+    int beside = 0;
+    if (control.isButton)
+    {
+        const bool isPush = control.Kind() == BS_PUSHBUTTON || control.Kind() == BS_DEFPUSHBUTTON;
+        beside = control.IsGroup() ? 18 * perInch / 96
+                 : isPush          ? 8 * perInch / 96
+                                   : GetSystemMetrics(SM_CXMENUCHECK) + 4 * perInch / 96;
+    }
+    EXPECT_LE(text.cx + beside, control.place.right - control.place.left) << control;
+    EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control;
+}
+
+bool Contains(const RECT& outer, const RECT& inner)
+{
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
 void CheckLayout(HWND dialog, int templateId)
 {
     SCOPED_TRACE(Printable(Form(dialog).Title()));
-    const int perInch = DotsPerInch();
-    SIZE margin = {};
-    const SIZE size = TemplateSize(dialog, templateId, &margin);
-    const RECT room = {margin.cx, margin.cy, size.cx - margin.cx + 1, size.cy - margin.cy + 1};
     const std::vector<Control> controls = ShownControls(dialog);
     EXPECT_GT(controls.size(), 1U);
     for (const Control& control : controls)
     {
-        EXPECT_TRUE(Contains(room, control.place)) << control << " leaves the margins";
+        EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control << " leaves the margins";
         if (control.isButton || control.isStatic)
         {
-            CheckFits(control, perInch);
+            ExpectFits(control);
         }
         for (const Control& other : controls)
         {
-            if (control.window < other.window && Overlap(control.place, other.place))
+            RECT common = {};
+            if (control.window != other.window && IntersectRect(&common, &control.place, &other.place))
             {
                 EXPECT_TRUE((control.IsGroup() && Contains(control.place, other.place)) ||
                             (other.IsGroup() && Contains(other.place, control.place)))
@@ -162,28 +130,22 @@ using LayoutTest = SettingsTest;
 
 TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
 {
-    const std::map<Text, int> templates = {
-        {tabs::General, 130}, {tabs::Drivers, 132},  {tabs::Chapter9, 140},
-        {tabs::Waivers, 131}, {tabs::Xhci, 102},     {tabs::Identity, 136},
-        {tabs::Media, 133},   {tabs::Protocol, 135}, {tabs::HostUnderTest, 137}};
     const char* asked = std::getenv("QB_DPI");
     EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
     InstallTools(AllTools);
-    RunEditor(
-        [&templates](Sheet& sheet)
+    RunEditor([](const Sheet& sheet) {
+        const int templates[] = {130, 132, 140, 131, 102, 136, 133, 135, 137};
+        for (size_t page = 0; page < std::size(templates); ++page)
         {
-            EXPECT_EQ(sheet.Tabs().size(), templates.size());
-            for (const Text& tab : sheet.Tabs())
-            {
-                SCOPED_TRACE(Printable(tab));
-                ASSERT_TRUE(templates.contains(tab));
-                sheet.Select(tab);
-                CheckLayout(sheet.Page(), templates.at(tab));
-            }
-            sheet.Select(tabs::Media);
-            WhenOpened(titles::ClientPorts, [](Form& form) { CheckLayout(form.Window(), 143); });
-            sheet.Click(1190);
-            WhenOpened(titles::AdvancedTCP, [](Form& form) { CheckLayout(form.Window(), 104); });
-            sheet.Click(1139);
-        });
+            sheet.Select(AllTabs[page]);
+            CheckLayout(sheet.Page(), templates[page]);
+        }
+        sheet.Select(tabs::Media);
+        WithDialog(
+            titles::ClientPorts, [](const Form& form) { CheckLayout(form.Window(), 143); },
+            [&sheet] { sheet.Click(1190); });
+        WithDialog(
+            titles::AdvancedTCP, [](const Form& form) { CheckLayout(form.Window(), 104); },
+            [&sheet] { sheet.Click(1139); });
+    });
 }

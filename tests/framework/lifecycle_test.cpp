@@ -5,12 +5,14 @@
 #include "support/form.h"
 #include "support/tips.h"
 
-#include <commctrl.h>
-#include <gtest/gtest.h>
+#include <prsht.h>
 
 namespace
 {
-std::vector<std::string> steps;
+using Steps = std::vector<std::string>;
+Steps steps;
+
+Steps TakeSteps() { return std::exchange(steps, {}); }
 
 // A page over the template of General Settings that notes what it is asked for.
 class NotedPage : public CSettingsPage
@@ -61,197 +63,145 @@ private:
     std::string m_name;
 };
 
-std::vector<std::string> TakeSteps()
+class LifecycleTest : public testing::Test
 {
-    return std::exchange(steps, {});
-}
+protected:
+    // A sheet of the two pages, with the script run while it waits.
+    void RunSheet(const std::function<void(const Sheet&)>& script)
+    {
+        steps.clear();
+        CPropertySheet sheet(_T("Noted"));
+        sheet.AddPage(&first);
+        sheet.AddPage(&second);
+        WithDialog(
+            _T("Noted"),
+            [&script](const Form& form) {
+                const Sheet shown(form.Window());
+                script(shown);
+                if (shown.IsOpen())
+                {
+                    shown.Cancel();
+                }
+            },
+            [&sheet] { sheet.DoModal(); });
+    }
+    static void Turn(const Sheet& sheet, WPARAM page) { SendMessageW(sheet.Window(), PSM_SETCURSEL, page, 0); }
 
-// A sheet of the two pages, with the script run while it waits.
-void RunSheet(NotedPage& first, NotedPage& second, const std::function<void(Sheet&)>& script)
-{
-    steps.clear();
-    CPropertySheet sheet(_T("Noted"));
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
-    WhenOpened(_T("Noted"),
-               [&script](Form& form)
-               {
-                   Sheet shown(form.Window());
-                   script(shown);
-                   if (shown.IsOpen())
-                   {
-                       shown.Cancel();
-                   }
-               });
-    sheet.DoModal();
-    EndWaits();
-}
+    NotedPage first{"1"};
+    NotedPage second{"2"};
+};
 
-void Turn(const Sheet& sheet, WPARAM page)
-{
-    SendMessageW(sheet.Window(), PSM_SETCURSEL, page, 0);
-}
-
-WNDPROC tipProcedure;
 int relayed;
 
-LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
 {
     relayed += message == TTM_RELAYEVENT ? 1 : 0;
-    return CallWindowProcW(tipProcedure, tips, message, wParam, lParam);
+    return DefSubclassProc(tips, message, wParam, lParam);
 }
-
-using Steps = std::vector<std::string>;
 }  // namespace
 
-TEST(LifecycleTest, PageComesAliveAtFirstDisplayOnly)
+TEST_F(LifecycleTest, PageComesAliveAtFirstDisplayOnly)
 {
-    NotedPage first("1");
-    NotedPage second("2");
-    RunSheet(
-        first, second,
-        [](Sheet& sheet)
-        {
-            EXPECT_EQ(TakeSteps(), (Steps{"1 load", "1 to controls", "1 states", "1 tips"}));
-            Turn(sheet, 1);
-            EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "2 load", "2 to controls", "2 states", "2 tips"}));
-            Turn(sheet, 0);
-            EXPECT_EQ(TakeSteps(), (Steps{"2 to members", "1 to controls"})) << "loaded once only";
-            sheet.Ok();
-            EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "2 save"}));
-        });
+    RunSheet([](const Sheet& sheet) {
+        EXPECT_EQ(TakeSteps(), (Steps{"1 load", "1 to controls", "1 states", "1 tips"}));
+        Turn(sheet, 1);
+        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "2 load", "2 to controls", "2 states", "2 tips"}));
+        Turn(sheet, 0);
+        EXPECT_EQ(TakeSteps(), (Steps{"2 to members", "1 to controls"})) << "loaded once only";
+        sheet.Ok();
+        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "2 save"}));
+    });
     EXPECT_EQ(TakeSteps(), Steps{});
 }
 
-TEST(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart)
+TEST_F(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart)
 {
-    NotedPage first("1");
-    NotedPage second("2");
-    RunSheet(first, second,
-             [&first](Sheet& sheet)
-             {
-                 TakeSteps();
-                 first.SetModified();
-                 sheet.Apply();
-                 // The sheet makes the page active again afterwards.
-                 EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "1 to controls"}));
-                 sheet.Cancel();
-                 EXPECT_EQ(TakeSteps(), Steps{});
-             });
+    RunSheet([this](const Sheet& sheet) {
+        TakeSteps();
+        first.SetModified();
+        sheet.Apply();
+        // The sheet makes the page active again afterwards.
+        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "1 to controls"}));
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Cancel();
+        EXPECT_EQ(TakeSteps(), Steps{});
+    });
     EXPECT_EQ(second.number, 300);
 }
 
-TEST(LifecycleTest, PageWithAnUnreadableNumberIsNeitherLeftNorApplied)
+TEST_F(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent)
 {
-    NotedPage first("1");
-    NotedPage second("2");
-    RunSheet(first, second,
-             [&](Sheet& sheet)
-             {
-                 sheet.Empty(IDC_DISPLAY_UPDATE_TIME);
-                 TakeSteps();
-                 int prompts = 0;
-                 ExpectPrompt(&prompts);
-                 Turn(sheet, 1);
-                 ExpectPrompt(&prompts);
-                 sheet.Ok();
-                 EXPECT_EQ(prompts, 2);
-                 EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 to members"}));
-                 EXPECT_TRUE(sheet.IsOpen());
-                 EXPECT_EQ(first.number, 250);
-             });
-}
-
-TEST(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent)
-{
-    NotedPage first("1");
-    NotedPage second("2");
-    RunSheet(first, second,
-             [&](Sheet& sheet)
-             {
-                 const HWND edit = sheet.Control(IDC_DISPLAY_UPDATE_TIME);
-                 SetWindowTextW(edit, _T("9"));
-                 first.CheckModified(first.number);
-                 EXPECT_EQ(first.number, 9);
-                 EXPECT_TRUE(sheet.CanApply());
-                 // Another page's mark counts as well, and each takes away its own only.
-                 Turn(sheet, 1);
-                 second.CheckModified(second.number);
-                 EXPECT_TRUE(sheet.CanApply());
-                 second.SetModified(TRUE);
-                 first.CheckModified(first.number);
-                 EXPECT_TRUE(sheet.CanApply());
-                 second.SetModified(FALSE);
-                 EXPECT_FALSE(sheet.CanApply());
-                 CString text(_T("same"));
-                 first.SetModified(TRUE);
-                 first.CheckModified(text);
-                 EXPECT_FALSE(sheet.CanApply());
-             });
+    RunSheet([this](const Sheet& sheet) {
+        sheet.SetText(IDC_DISPLAY_UPDATE_TIME, _T("9"));
+        first.CheckModified(first.number);
+        EXPECT_EQ(first.number, 9);
+        EXPECT_TRUE(sheet.CanApply());
+        // Another page's mark counts as well, and each takes away its own only.
+        Turn(sheet, 1);
+        second.CheckModified(second.number);
+        EXPECT_TRUE(sheet.CanApply());
+        second.SetModified(TRUE);
+        first.CheckModified(first.number);
+        EXPECT_TRUE(sheet.CanApply());
+        second.SetModified(FALSE);
+        EXPECT_FALSE(sheet.CanApply());
+        first.SetModified(TRUE);
+        CString text(_T("same"));
+        first.CheckModified(text);
+        EXPECT_FALSE(sheet.CanApply());
+    });
 }
 
 // The common control knows nothing of a page whose dialog is being made.
-TEST(LifecycleTest, MarkOfAPageBeingCreatedStays)
+TEST_F(LifecycleTest, MarkOfAPageBeingCreatedStaysUntilItIsApplied)
 {
-    NotedPage first("1");
-    NotedPage second("2");
     first.marksItself = true;
     second.marksItself = true;
-    RunSheet(first, second,
-             [&](Sheet& sheet)
-             {
-                 EXPECT_TRUE(sheet.CanApply());
-                 Turn(sheet, 1);
-                 first.SetModified(FALSE);
-                 EXPECT_TRUE(sheet.CanApply());
-                 second.SetModified(FALSE);
-                 EXPECT_FALSE(sheet.CanApply());
-                 // Once applied, a mark does not come back with its page.
-                 first.SetModified(TRUE);
-                 sheet.Apply();
-                 Turn(sheet, 0);
-                 EXPECT_FALSE(sheet.CanApply());
-             });
+    RunSheet([this](const Sheet& sheet) {
+        EXPECT_TRUE(sheet.CanApply());
+        Turn(sheet, 1);
+        first.SetModified(FALSE);
+        EXPECT_TRUE(sheet.CanApply());
+        second.SetModified(FALSE);
+        EXPECT_FALSE(sheet.CanApply());
+        first.SetModified(TRUE);
+        sheet.Apply();
+        Turn(sheet, 0);
+        EXPECT_FALSE(sheet.CanApply());
+    });
 }
 
-TEST(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets)
+TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets)
 {
-    NotedPage first("1");
-    NotedPage second("2");
     second.hasTip = false;
-    RunSheet(
-        first, second,
-        [](Sheet& sheet)
-        {
-            EXPECT_EQ(TipsOf(sheet.Page()), (std::map<int, Text>{{IDC_DISPLAY_UPDATE_TIME, _T("A tip")}}));
-            const HWND tips = TipControlOf(sheet.Page());
-            ASSERT_NE(tips, nullptr);
-            EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
-            EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
-            tipProcedure = reinterpret_cast<WNDPROC>(
-                SetWindowLongPtrW(tips, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountRelays)));
-            relayed = 0;
-            MSG move = {};
-            move.hwnd = sheet.Control(IDC_DISPLAY_UPDATE_TIME);
-            move.message = WM_MOUSEMOVE;
-            EXPECT_FALSE(CWnd::FromHandlePermanent(sheet.Page())->PreTranslateMessage(&move));
-            EXPECT_EQ(relayed, 1);
-            SetWindowLongPtrW(tips, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(tipProcedure));
-            const int count = CountTipControls();
-            Turn(sheet, 1);
-            EXPECT_EQ(CountTipControls(), count + 1) << "made although nothing has a tip";
-        });
+    RunSheet([](const Sheet& sheet) {
+        EXPECT_EQ(TipsOf(sheet.Page()), std::vector<int>{IDC_DISPLAY_UPDATE_TIME});
+        EXPECT_EQ(TipText(sheet.Page(), IDC_DISPLAY_UPDATE_TIME), _T("A tip"));
+        const HWND tips = TipControlOf(sheet.Page());
+        EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
+        EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
+        SetWindowSubclass(tips, CountRelays, 0, 0);
+        relayed = 0;
+        MSG move = {};
+        move.hwnd = sheet.Control(IDC_DISPLAY_UPDATE_TIME);
+        move.message = WM_MOUSEMOVE;
+        EXPECT_FALSE(CWnd::FromHandlePermanent(sheet.Page())->PreTranslateMessage(&move));
+        EXPECT_EQ(relayed, 1);
+        RemoveWindowSubclass(tips, CountRelays, 0);
+        const int count = CountTipControls();
+        Turn(sheet, 1);
+        EXPECT_EQ(CountTipControls(), count + 1) << "made although nothing has a tip";
+    });
 }
 
-TEST(LifecycleTest, PageIsShownForTheFirstInstalledOfItsTools)
+TEST_F(LifecycleTest, PageIsShownForTheFirstInstalledOfItsTools)
 {
-    NotedPage page("1");
     InstalledProductMap = {};
-    EXPECT_TRUE(page.ConcernsInstalledTool());
-    page.AddProduct(BirchQB);
-    EXPECT_FALSE(page.ConcernsInstalledTool());
+    EXPECT_TRUE(first.ConcernsInstalledTool());
+    first.AddProduct(BirchQB);
+    EXPECT_FALSE(first.ConcernsInstalledTool());
     InstalledProductMap = {{BirchQB, 0}, {ElmQB, 1}};
-    EXPECT_FALSE(page.ConcernsInstalledTool());
-    page.AddProduct(ElmQB);
-    EXPECT_TRUE(page.ConcernsInstalledTool());
+    EXPECT_FALSE(first.ConcernsInstalledTool());
+    first.AddProduct(ElmQB);
+    EXPECT_TRUE(first.ConcernsInstalledTool());
 }

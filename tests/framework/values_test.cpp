@@ -1,9 +1,8 @@
 // How values of every kind, type and length reach members, and how members are stored.
 #include "framework/SettingsPage.h"
 #include "resource.h"
-#include "support/settings_test.h"
-
-#include <cstring>
+#include "support/calls.h"
+#include "support/registry.h"
 
 namespace
 {
@@ -38,9 +37,24 @@ protected:
 class ValuesTest : public SettingsTest
 {
 protected:
-    static void StoreBytes(const std::vector<BYTE>& bytes, DWORD type = REG_BINARY)
+    // What stands in a buffer of six bytes once four have been asked for.
+    std::vector<BYTE> ReadFour()
     {
-        Store(Key, Name, {type, bytes});
+        std::vector<BYTE> buffer(6, 0xEE);
+        page.ReadBinaryValue(Key, Name, 4, buffer.data());
+        return buffer;
+    }
+    void ExpectNothingRead()
+    {
+        EXPECT_EQ(page.Read(-7), -7);
+        EXPECT_EQ(page.Read(0x80000007U), 0x80000007U);
+        EXPECT_FALSE(page.Read(true));
+        EXPECT_TRUE(page.Read(CString(_T("default"))).IsEmpty()) << "a text's default does not survive";
+        EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xEE));
+        page.ReadBinaryValue(Key, Name, 2, nullptr);
+        WideString text = _T("kept");
+        EXPECT_FALSE(ReadRegistryString(Key, Name, text));
+        EXPECT_EQ(text, _T("kept"));
     }
 
     ValuePage page;
@@ -49,26 +63,21 @@ protected:
 
 TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
 {
-    BYTE buffer[2] = {1, 2};
-    const auto readAll = [&]
-    {
-        EXPECT_EQ(page.Read(-7), -7);
-        EXPECT_EQ(page.Read(0x80000007U), 0x80000007U);
-        EXPECT_FALSE(page.Read(true));
-        EXPECT_TRUE(page.Read(CString(_T("default"))).IsEmpty()) << "a text's default does not survive";
-        page.ReadBinaryValue(Key, Name, 2, buffer);
-        page.ReadBinaryValue(Key, Name, 2, nullptr);
-        EXPECT_EQ(buffer[0], 1);
-        WideString text = _T("kept");
-        EXPECT_FALSE(ReadRegistryString(Key, Name, text));
-        EXPECT_EQ(text, _T("kept"));
-    };
-    readAll();
+    ExpectNothingRead();
     EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane\\Scratch")));
-    // The same with the key there and no value.
     Store(Key, _T("Other"), Dword(1));
-    readAll();
-    EXPECT_EQ(StoredValues(Key).size(), 1U);
+    ExpectNothingRead();
+    Store(Key, Name, Dword(1));
+    calls::Refuse("RegQueryValueExW", 1, ERROR_MORE_DATA, true);
+    ExpectNothingRead();
+    calls::Reset();
+    // Refused at the second question, for the data.
+    WideString text = _T("kept");
+    calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
+    EXPECT_FALSE(ReadRegistryString(Key, Name, text));
+    EXPECT_EQ(text, _T("kept"));
+    calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
+    EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xEE));
 }
 
 TEST_F(ValuesTest, WriteCreatesKeyAndValue)
@@ -82,70 +91,48 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
     page.WriteValue(Key, Name, false);
     EXPECT_EQ(Stored(Key, Name), Dword(0));
     // n characters take 2n + 2 bytes, none take 2.
-    page.WriteValue(Key, Name, CString());
-    EXPECT_EQ(Stored(Key, Name), (StoredValue{REG_SZ, {0, 0}}));
     page.WriteValue(Key, Name, CString(_T("ab")));
     EXPECT_EQ(Stored(Key, Name), (StoredValue{REG_SZ, {'a', 0, 'b', 0, 0, 0}}));
-    EXPECT_TRUE(WriteRegistryString(Key, Name, nullptr));
-    EXPECT_EQ(Stored(Key, Name), Sz(_T("")));
+    page.WriteValue(Key, Name, CString());
+    EXPECT_EQ(Stored(Key, Name), (StoredValue{REG_SZ, {0, 0}}));
     page.WriteBinaryValue(Key, Name, 3, "\1\2\3");
     EXPECT_EQ(Stored(Key, Name), Binary({1, 2, 3}));
-
+    EXPECT_TRUE(WriteRegistryString(Key, Name, nullptr));
+    EXPECT_EQ(Stored(Key, Name), Sz({}));
+    calls::Refuse("RegSetValueExW", 1, ERROR_ACCESS_DENIED, true);
+    EXPECT_FALSE(WriteRegistryString(Key, Name, _T("x")));
+    EXPECT_FALSE(WriteRegistryDword(Key, Name, 1));
     const Text other = _T("SOFTWARE\\Halvane\\Other");
     page.WriteBinaryValue(other, Name, 0, "x");
     page.WriteBinaryValue(other, Name, 1, nullptr);
     EXPECT_FALSE(KeyExists(other));
 }
 
-TEST_F(ValuesTest, NumbersTakeTheBytesOfAnyTypeThatFit)
+TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType)
 {
-    StoreBytes({0xCD, 0xAB});
+    const auto readText = [this] { return Text(page.Read(CString(_T("before")))); };
+    Store(Key, Name, Binary({0xCD, 0xAB}));
     EXPECT_EQ(page.Read(0x12345678), 0x1234ABCD);
     EXPECT_EQ(page.Read(0x12345678U), 0x1234ABCDU);
     EXPECT_TRUE(page.Read(false));
-    StoreBytes({});
+    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{0xCD, 0xAB, 0xEE, 0xEE, 0xEE, 0xEE}));
+    Store(Key, Name, Binary({5, 6, 7, 8, 9}));
+    EXPECT_EQ(page.Read(42), 42) << "does not fit";
+    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{5, 6, 7, 8, 0xEE, 0xEE}));
+    Store(Key, Name, Binary({}));
     EXPECT_EQ(page.Read(42), 42);
-    StoreBytes({1, 2, 3, 4, 5});
-    EXPECT_EQ(page.Read(42), 42);
+    EXPECT_EQ(readText(), Text());
     Store(Key, Name, Sz(_T("A")));
     EXPECT_EQ(page.Read(-1), 'A');
-    Store(Key, Name, Dword(0x80000000));
-    EXPECT_EQ(page.Read(0), INT32_MIN);
-}
-
-TEST_F(ValuesTest, TextsTakeTheBytesOfAnyTypeUpToTheFirstNul)
-{
-    const auto read = [this] { return Text(page.Read(CString(_T("before")))); };
     Store(Key, Name, Dword(5));
-    EXPECT_EQ(read(), Text(1, 5));
-    StoreBytes({'a', 0, 'b', 0}, REG_SZ);
-    EXPECT_EQ(read(), _T("ab")) << "no terminator";
-    StoreBytes({'a', 0, 0, 0, 'b', 0}, REG_SZ);
-    EXPECT_EQ(read(), _T("a"));
-    StoreBytes({'a', 0, 'b'});
-    EXPECT_EQ(read(), _T("ab")) << "half a character has 0 for the other half";
-    StoreBytes({});
-    EXPECT_EQ(read(), _T(""));
-    const Text text(20000, _T('x'));
-    Store(Key, Name, Sz(text.c_str()));
-    EXPECT_EQ(read(), text);
-}
-
-TEST_F(ValuesTest, BytesAreCutToTheBufferAndLeaveItsRest)
-{
-    BYTE buffer[6];
-    std::memset(buffer, 0xEE, sizeof(buffer));
-    StoreBytes({1, 2}, REG_SZ);
-    page.ReadBinaryValue(Key, Name, 4, buffer);
-    EXPECT_EQ(std::vector<BYTE>(buffer, buffer + 6), (std::vector<BYTE>{1, 2, 0xEE, 0xEE, 0xEE, 0xEE}));
-    StoreBytes({5, 6, 7, 8, 9, 10});
-    page.ReadBinaryValue(Key, Name, 4, buffer);
-    EXPECT_EQ(std::vector<BYTE>(buffer, buffer + 6), (std::vector<BYTE>{5, 6, 7, 8, 0xEE, 0xEE}));
-}
-
-TEST_F(ValuesTest, KeyOfATool)
-{
-    WideString path = _T("what stood there");
-    MakeProductKeyPath(path, KauriQB);
-    EXPECT_EQ(path, keys::Kauri);
+    EXPECT_EQ(readText(), Text(1, 5));
+    Store(Key, Name, {REG_SZ, {'a', 0, 'b', 0}});
+    EXPECT_EQ(readText(), _T("ab")) << "no terminator";
+    Store(Key, Name, {REG_SZ, {'a', 0, 0, 0, 'b', 0}});
+    EXPECT_EQ(readText(), _T("a"));
+    Store(Key, Name, Binary({'a', 0, 'b'}));
+    EXPECT_EQ(readText(), _T("ab")) << "half a character has 0 for the other half";
+    const Text text(500000, _T('x'));
+    Store(Key, Name, Sz(text));
+    EXPECT_EQ(readText(), text);
 }

@@ -47,8 +47,7 @@ protected:
         const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(m_headers);
         for (WORD index = 0; index < m_headers->FileHeader.NumberOfSections; ++index, ++section)
         {
-            if (address >= section->VirtualAddress &&
-                address - section->VirtualAddress < section->SizeOfRawData)
+            if (address >= section->VirtualAddress && address - section->VirtualAddress < section->SizeOfRawData)
             {
                 return m_bytes.data() + section->PointerToRawData + (address - section->VirtualAddress);
             }
@@ -57,10 +56,7 @@ protected:
         return m_bytes.data();
     }
 
-    const IMAGE_DATA_DIRECTORY& Directory(int index) const
-    {
-        return m_headers->OptionalHeader.DataDirectory[index];
-    }
+    const IMAGE_DATA_DIRECTORY& Directory(int index) const { return m_headers->OptionalHeader.DataDirectory[index]; }
 
     const std::string m_bytes = ReadProgram();
     const IMAGE_NT_HEADERS64* m_headers = nullptr;
@@ -127,8 +123,8 @@ TEST_F(ProgramFile, HoldsNothingOfWhereAndWhenItWasBuilt)
 
 TEST_F(ProgramFile, ImportsFromTheSystemAlone)
 {
-    const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(
-        At(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress));
+    const auto* library =
+        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(At(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress));
     ASSERT_NE(library->Name, 0U);
     for (; library->Name != 0; ++library)
     {

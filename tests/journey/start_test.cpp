@@ -1,7 +1,7 @@
-// How the program starts, and what a second one does.
+// The real program: how it starts, what a second one does, and what it leaves in the registry.
 #include "driver/editor.h"
 #include "resource.h"
-#include "support/settings_test.h"
+#include "support/registry.h"
 
 namespace
 {
@@ -15,44 +15,70 @@ protected:
         SettingsTest::SetUp();
         InstallTools(AllTools);
     }
-};
 
-// Runs a further instance to its end; fails the test if it shows anything.
-void RunSecondInstance()
-{
-    const EditorProcess second;
-    while (second.Runs())
+    // Runs a further instance to its end; fails the test if it shows anything.
+    static void RunSecondInstance()
     {
-        ASSERT_EQ(second.Windows(), Titles());
-        Sleep(1);
+        const EditorProcess second;
+        while (second.Runs())
+        {
+            ASSERT_EQ(second.Windows(), Titles());
+            Sleep(1);
+        }
+        EXPECT_TRUE(second.WaitForEnd());
     }
-    EXPECT_TRUE(second.WaitForEnd());
-}
+};
 }  // namespace
 
-TEST_F(StartJourney, SheetOpensOnGeneralSettings)
+TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
 {
     // A command line makes no difference.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
     const EditorSheet sheet = editor.WaitForSheet();
     EXPECT_EQ(editor.Windows(), Titles{titles::Sheet});
     EXPECT_EQ(EditorDialog(sheet.Page()).Title(), tabs::General);
-    EXPECT_FALSE(sheet.CanApply());
     const LONG style = GetWindowLongW(sheet.Window(), GWL_STYLE);
-    EXPECT_TRUE(style & WS_MINIMIZEBOX);
-    EXPECT_TRUE(style & WS_MAXIMIZEBOX);
+    EXPECT_EQ(style & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX), WS_MINIMIZEBOX | WS_MAXIMIZEBOX);
     const HWND help = GetDlgItem(sheet.Window(), IDHELP);
     EXPECT_FALSE(help != nullptr && IsWindowVisible(help));
-    EXPECT_TRUE(sheet.Cancel());
+    EXPECT_EQ(sheet.OpenAll().size(), 9U);
+    ASSERT_TRUE(sheet.Select(IDD_GENERAL_SETTINGS));
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    sheet.MoveSelection(IDC_LOG_VERBOSITY, -2);
+    sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"1500");
+    EXPECT_FALSE(KeyExists(keys::Bench));
+    sheet.Apply();
+    const Tree applied = StoredSettings();
+    EXPECT_EQ(applied.at(keys::Bench), (Values{{L"CertificationMode", Dword(1)},
+                                               {L"QBLogVerbosity", Dword(1)},
+                                               {L"QBMinimumDisplayUpdateTime", Dword(1500)}}));
+    // What is edited after Apply goes with the window.
+    sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"7");
+    PostMessageW(sheet.Window(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(editor.WaitForEnd());
+    EXPECT_EQ(StoredSettings(), applied);
+}
+
+TEST_F(StartJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt)
+{
+    Store(keys::Bench, L"QBLogVerbosity", Dword(5));
+    for (const LPCWSTR allowed : {L"1", L"0", LPCWSTR{nullptr}})
+    {
+        SetEnvironmentVariableW(L"QB_ALLOW_DIAGNOSTIC_LOGGING", allowed);
+        const EditorProcess editor;
+        const EditorSheet sheet = editor.WaitForSheet();
+        EXPECT_EQ(sheet.SelectionOf(IDC_LOG_VERBOSITY), allowed != nullptr && *allowed == L'1' ? 5 : 4);
+        EXPECT_TRUE(sheet.Cancel());
+        EXPECT_TRUE(editor.WaitForEnd());
+    }
 }
 
 TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
 {
     const EditorProcess first;
     const EditorSheet sheet = first.WaitForSheet();
-    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
-                                       900, nullptr, nullptr, nullptr, nullptr);
+    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200, 900,
+                                       nullptr, nullptr, nullptr, nullptr);
     for (const bool minimised : {false, true})
     {
         SCOPED_TRACE(minimised);
@@ -62,21 +88,29 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
         RunSecondInstance();
         EXPECT_EQ(GetForegroundWindow(), sheet.Window());
         EXPECT_FALSE(IsIconic(sheet.Window()));
-        EXPECT_EQ(first.Windows(), Titles{titles::Sheet});
     }
     DestroyWindow(cover);
-    // The sheet is as usable as before.
+    // The sheet is as usable as before; with it gone, the next is first.
     sheet.Click(IDC_CERTIFICATION_MODE);
     EXPECT_TRUE(sheet.Ok());
     EXPECT_TRUE(first.WaitForEnd());
-    // With the first gone, the next is first.
     const EditorProcess next;
     EXPECT_TRUE(next.WaitForSheet().IsChecked(IDC_CERTIFICATION_MODE));
 }
 
+TEST_F(StartJourney, MutexThatIsSomethingElseMarksNoInstance)
+{
+    // A name that stands for an event already cannot be made a mutex.
+    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, L"{6DB73739-9704-4C93-A405-1DEC5683288A}");
+    const EditorProcess editor;
+    EXPECT_TRUE(editor.WaitForSheet().Cancel());
+    EXPECT_TRUE(editor.WaitForEnd());
+    CloseHandle(event);
+}
+
 TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
 {
-    ClearSettings();
+    SettingsTest::SetUp();
     const EditorProcess editor;
     const EditorDialog box(editor.WaitForWindow(titles::Error));
     EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
@@ -85,14 +119,4 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
     box.ClickToOpen(IDOK);
     EXPECT_TRUE(editor.WaitForEnd());
     EXPECT_FALSE(KeyExists(keys::Bench));
-}
-
-TEST_F(StartJourney, AListThatCannotBeReadWhollyIsNoList)
-{
-    Store(keys::Installed, L"KauriQB", Sz(L"yes"));
-    const EditorProcess editor;
-    const EditorDialog box(editor.WaitForWindow(titles::Error));
-    EXPECT_EQ(editor.Windows(), Titles{titles::Error});
-    box.ClickToOpen(IDOK);
-    EXPECT_TRUE(editor.WaitForEnd());
 }

@@ -1,31 +1,44 @@
-// A port table's road to the registry and back.
-#include "support/media_values.h"
-#include "support/settings_test.h"
+// A port table's road to the registry and back, also while a call of it is refused.
+#include "mausb/PortTable.h"
+#include "support/calls.h"
+#include "support/registry.h"
 
 namespace
 {
+using Ports = std::vector<std::pair<UINT, int>>;
 const Text Table = _T("TCPPortsClient");
+const Text Type = _T("PacketType");
 
-class PortTableTest : public SettingsTest
+void StorePort(const Text& name, const StoredValue& type) { Store(keys::ClientPorts + _T("\\") + name, Type, type); }
+
+Ports Load(bool complete = true)
 {
-protected:
-    static void StorePort(const Text& name, const StoredValue& type = Absent)
+    PortTable table;
+    EXPECT_EQ(LoadPortTable(table, Table), complete);
+    EXPECT_EQ(calls::OpenKeys(), 0U);
+    Ports ports;
+    for (const PortEntry& entry : table)
     {
-        const Text key = keys::ClientPorts + _T("\\") + name;
-        const RegistryKey created(key, RegistryKey::Access::Write);
-        if (!(type == Absent))
+        ports.emplace_back(entry.PortNumber, entry.PacketType);
+    }
+    return ports;
+}
+
+// The stored table as its subkeys and their types; no type is Absent.
+Values StoredPorts()
+{
+    Values ports;
+    for (const auto& [key, values] : StoredTree(keys::ClientPorts))
+    {
+        if (key != keys::ClientPorts)
         {
-            Store(key, _T("PacketType"), type);
+            ports[key.substr(keys::ClientPorts.size() + 1)] = Stored(key, Type);
         }
     }
+    return ports;
+}
 
-    static Ports Load(bool complete = true)
-    {
-        PortTable table;
-        EXPECT_EQ(LoadPortTable(table, Table), complete);
-        return PortsOf(table);
-    }
-};
+using PortTableTest = SettingsTest;
 }  // namespace
 
 TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
@@ -37,58 +50,48 @@ TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, LoadIsOrderedByTypeAndNotByPort)
+TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
 {
-    StorePort(_T("9001"), Dword(2));
-    StorePort(_T("80"));
-    StorePort(_T("5"), Dword(0x7FFFFFFF));
-    StorePort(_T("6"), Dword(1));
-    StorePort(_T("7"), Dword(0xFFFFFFFE));
-    StorePort(_T("8"), Dword(0xFFFFFFFF));
-    StorePort(_T("9"), Dword(0));
-    StorePort(_T("3"), Dword(0));
-    EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}))
-        << "of equal types in the registry's order";
-}
-
-TEST_F(PortTableTest, LoadKeepsTheRegistrysOrderOfEqualTypes)
-{
+    const std::pair<Text, StoredValue> ports[] = {
+        {_T("9001"), Dword(2)},       {_T("80"), Absent},           {_T("5"), Dword(0x7FFFFFFF)}, {_T("6"), Dword(1)},
+        {_T("7"), Dword(0xFFFFFFFE)}, {_T("8"), Dword(0xFFFFFFFF)}, {_T("9"), Dword(0)},          {_T("3"), Dword(0)}};
+    for (const auto& [name, type] : ports)
+    {
+        StorePort(name, type);
+    }
+    EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
+    SetUp();
     Ports expected[2];
     for (int port = 10; port < 42; ++port)
     {
-        const int type = port % 2;
-        StorePort({static_cast<TCHAR>(_T('0') + port / 10), static_cast<TCHAR>(_T('0') + port % 10)},
-                  Dword(static_cast<DWORD>(type)));
-        expected[type].emplace_back(port, type);
+        StorePort(Decimal(port), Dword(port % 2));
+        expected[port % 2].emplace_back(port, port % 2);
     }
     expected[0].insert(expected[0].end(), expected[1].begin(), expected[1].end());
     EXPECT_EQ(Load(), expected[0]);
 }
 
-TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumber)
+TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit)
 {
-    const std::pair<Text, UINT> cases[] = {{_T("none"), 0},         {_T("12x"), 12},
+    const std::pair<Text, UINT> names[] = {{_T("none"), 0},         {_T("12x"), 12},
                                            {_T("0080"), 80},        {_T("70000"), 70000},
                                            {_T("-1"), 0xFFFFFFFF},  {_T("4294967295"), 0xFFFFFFFF},
                                            {_T(" +7"), 7},          {_T("4294967296"), 0xFFFFFFFF},
                                            {Text(250, _T('0')), 0}, {Text(254, _T('0')) + _T("9"), 9}};
-    for (const auto& [name, port] : cases)
+    for (const auto& [name, port] : names)
     {
         SCOPED_TRACE(Printable(name));
-        ClearSettings();
+        SetUp();
         StorePort(name, Dword(1));
         // A short name beside a long one: the buffer is the longer one's.
         StorePort(_T("1"), Dword(0));
         EXPECT_EQ(Load(), (Ports{{1, 0}, {port, 1}}));
     }
-}
-
-TEST_F(PortTableTest, LoadTakesTheBytesOfATypeThatFit)
-{
-    const std::pair<StoredValue, int> cases[] = {{Binary({2}), 2},     {Binary({0xFF, 0xFF}), 0xFFFF},
+    const std::pair<StoredValue, int> types[] = {{Binary({2}), 2},     {Binary({0xFF, 0xFF}), 0xFFFF},
                                                  {Sz(_T("B")), 'B'},   {Binary({}), 0},
                                                  {Sz(_T("Bulk")), -1}, {Binary({1, 0, 0, 0, 0}), -1}};
-    for (const auto& [stored, type] : cases)
+    SetUp();
+    for (const auto& [stored, type] : types)
     {
         SCOPED_TRACE(testing::PrintToString(stored));
         StorePort(_T("80"), stored);
@@ -98,29 +101,80 @@ TEST_F(PortTableTest, LoadTakesTheBytesOfATypeThatFit)
 
 TEST_F(PortTableTest, SaveReplacesTheStoredTable)
 {
-    const Text otherKey = keys::ServerPorts + _T("\\9001");
-    Store(keys::Kauri, _T("MACAddr"), Sz(_T("kept")));
-    Store(otherKey, _T("PacketType"), Dword(1));
-    Store(keys::ClientPorts, _T("Stray"), Dword(1));
-    StorePort(_T("80"), Dword(2));
-    StorePort(_T("odd\\deeper"), Dword(2));
+    EXPECT_TRUE(SavePortTable({}, Table));
+    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {}}, {keys::ClientPorts, {}}}));
+    StoreTree({{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
+               {keys::ServerPorts + _T("\\9001"), {{Type, Dword(1)}}},
+               {keys::ClientPorts, {{_T("Stray"), Dword(1)}}},
+               {keys::ClientPorts + _T("\\odd\\deeper"), {{Type, Dword(2)}}}});
     EXPECT_TRUE(SavePortTable({{443, 2}, {0, 5}, {70000, -2}, {443, 0}, {4294967295U, -1}}, Table));
-    const Tree saved = {{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
-                        {keys::ServerPorts, {}},
-                        {otherKey, {{_T("PacketType"), Dword(1)}}},
-                        {keys::ClientPorts, {}},
-                        {keys::ClientPorts + _T("\\443"), {{_T("PacketType"), Dword(0)}}},
-                        {keys::ClientPorts + _T("\\70000"), {{_T("PacketType"), Dword(0xFFFFFFFE)}}},
-                        {keys::ClientPorts + _T("\\4294967295"), {{_T("PacketType"), Dword(0xFFFFFFFF)}}}};
-    EXPECT_EQ(StoredTree(keys::Kauri), saved);
+    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
+                                             {keys::ServerPorts, {}},
+                                             {keys::ServerPorts + _T("\\9001"), {{Type, Dword(1)}}},
+                                             {keys::ClientPorts, {}},
+                                             {keys::ClientPorts + _T("\\443"), {{Type, Dword(0)}}},
+                                             {keys::ClientPorts + _T("\\70000"), {{Type, Dword(0xFFFFFFFE)}}},
+                                             {keys::ClientPorts + _T("\\4294967295"), {{Type, Dword(0xFFFFFFFF)}}}}));
     EXPECT_EQ(Load(), (Ports{{70000, -2}, {4294967295U, -1}, {443, 0}}));
     EXPECT_TRUE(SavePortTable({{0, -1}, {0, 2}}, Table));
-    EXPECT_TRUE(KeyExists(keys::ClientPorts));
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, FirstSaveCreatesTheKey)
+TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen)
 {
-    EXPECT_TRUE(SavePortTable({}, Table));
-    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {}}, {keys::ClientPorts, {}}}));
+    struct Case
+    {
+        const char* function;
+        unsigned nth;
+        bool complete;
+        Ports ports;
+    };
+    StorePort(_T("1"), Dword(2));
+    StorePort(_T("2"), Dword(1));
+    StorePort(_T("3"), Dword(0));
+    for (const Case& c :
+         {Case{"RegOpenKeyExW", 1, false, {}}, Case{"RegQueryInfoKeyW", 1, false, {}},
+          Case{"RegEnumKeyExW", 1, false, {}}, Case{"RegOpenKeyExW", 2, false, {}},
+          Case{"RegOpenKeyExW", 4, false, {{1, 2}, {2, 1}}},  // not ordered
+          Case{"RegEnumKeyExW", 3, false, {{2, 1}, {1, 2}}}, Case{"RegEnumKeyExW", 4, false, {{3, 0}, {2, 1}, {1, 2}}},
+          Case{"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}})
+    {
+        SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
+        calls::Refuse(c.function, c.nth);
+        EXPECT_EQ(Load(c.complete), c.ports);
+    }
+}
+
+TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails)
+{
+    struct Case
+    {
+        const char* function;
+        unsigned nth;
+        Values left;
+    };
+    const Values before = {{_T("10"), Dword(1)}, {_T("20"), Dword(2)}};
+    const Case cases[] = {{"RegCreateKeyExW", 1, before},
+                          {"RegDeleteTreeW", 1, before},
+                          {"RegCreateKeyExW", 2, {}},
+                          {"RegCreateKeyExW", 4, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}}},
+                          {"RegSetValueExW", 1, {{_T("7"), Absent}}},
+                          {"RegSetValueExW", 3, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}, {_T("5"), Absent}}}};
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
+        SetUp();
+        for (const auto& [name, type] : before)
+        {
+            StorePort(name, type);
+        }
+        calls::Refuse(c.function, c.nth);
+        EXPECT_FALSE(SavePortTable({{7, 2}, {0, 3}, {6, 1}, {5, 0}, {4, -1}}, Table));
+        EXPECT_EQ(calls::OpenKeys(), 0U);
+        EXPECT_EQ(StoredPorts(), c.left);
+    }
+    // A key of its own making is not emptied.
+    SetUp();
+    calls::Refuse("RegDeleteTreeW", 1);
+    EXPECT_TRUE(SavePortTable({{7, 2}}, Table));
 }

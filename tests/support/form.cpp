@@ -1,10 +1,7 @@
 #include "support/form.h"
 
 #include <commctrl.h>
-#include <gtest/gtest.h>
 #include <prsht.h>
-
-#include <cstring>
 
 namespace
 {
@@ -21,98 +18,56 @@ Text ReadText(HWND window)
 }
 
 // List boxes and combo boxes say the same in two languages.
-struct ListMessages
+UINT For(HWND control, UINT listMessage, UINT comboMessage)
 {
-    UINT getSelection;
-    UINT setSelection;
-    UINT count;
-    UINT getText;
-    UINT getTextLength;
-    WORD changed;
-};
-
-const ListMessages& MessagesOf(HWND control)
-{
-    static const ListMessages list = {LB_GETCURSEL, LB_SETCURSEL,  LB_GETCOUNT,
-                                      LB_GETTEXT,   LB_GETTEXTLEN, LBN_SELCHANGE};
-    static const ListMessages combo = {CB_GETCURSEL, CB_SETCURSEL,    CB_GETCOUNT,
-                                       CB_GETLBTEXT, CB_GETLBTEXTLEN, CBN_SELCHANGE};
     TCHAR name[16] = {};
     GetClassNameW(control, name, 16);
-    return _tcsicmp(name, _T("ComboBox")) == 0 ? combo : list;
+    return _tcsicmp(name, _T("ComboBox")) == 0 ? comboMessage : listMessage;
 }
 }  // namespace
 
 HWND Form::Control(int id) const
 {
-    const HWND control = GetDlgItem(m_window, id);
+    const HWND control = GetDlgItem(Page(), id);
     EXPECT_NE(control, nullptr) << "control " << id;
     return control;
 }
 
-Text Form::Title() const
-{
-    return ReadText(m_window);
-}
+Text Form::Title() const { return ReadText(m_window); }
 
-Text Form::TextOf(int id) const
-{
-    return ReadText(Control(id));
-}
+Text Form::TextOf(int id) const { return ReadText(Control(id)); }
 
-bool Form::IsEnabled(int id) const
-{
-    return IsWindowEnabled(Control(id)) != FALSE;
-}
+LRESULT Form::CheckOf(int id) const { return Send(Control(id), BM_GETCHECK); }
 
-bool Form::IsShown(int id) const
-{
-    return (GetWindowLongW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-LRESULT Form::CheckOf(int id) const
-{
-    return Send(Control(id), BM_GETCHECK);
-}
-
-LRESULT Form::SelectionOf(int id) const
-{
-    const HWND control = Control(id);
-    return Send(control, MessagesOf(control).getSelection);
-}
+LRESULT Form::SelectionOf(int id) const { return Send(Control(id), For(Control(id), LB_GETCURSEL, CB_GETCURSEL)); }
 
 std::vector<Text> Form::ItemsOf(int id) const
 {
     const HWND control = Control(id);
-    const ListMessages& messages = MessagesOf(control);
-    std::vector<Text> items;
-    const LRESULT count = Send(control, messages.count);
-    for (LRESULT item = 0; item < count; ++item)
+    std::vector<Text> items(static_cast<size_t>(Send(control, For(control, LB_GETCOUNT, CB_GETCOUNT))));
+    for (size_t item = 0; item < items.size(); ++item)
     {
-        const auto index = static_cast<WPARAM>(item);
-        std::vector<TCHAR> text(static_cast<size_t>(Send(control, messages.getTextLength, index)) + 1);
-        Send(control, messages.getText, index, reinterpret_cast<LPARAM>(text.data()));
-        items.emplace_back(text.data());
+        TCHAR text[64] = {};
+        Send(control, For(control, LB_GETTEXT, CB_GETLBTEXT), item, reinterpret_cast<LPARAM>(text));
+        items[item] = text;
     }
     return items;
 }
 
 void Form::Click(int id) const
 {
-    const HWND control = Control(id);
-    if (IsWindowEnabled(control))
+    if (IsEnabled(id))
     {
-        Send(control, BM_CLICK);
+        Send(Control(id), BM_CLICK);
     }
 }
 
 void Form::Type(int id, const Text& keys) const
 {
-    const HWND control = Control(id);
-    SetFocus(control);
+    SetFocus(Control(id));
     for (const TCHAR key : keys)
     {
-        Send(control, WM_CHAR, static_cast<WPARAM>(key), 1);
+        Send(Control(id), WM_CHAR, static_cast<WPARAM>(key), 1);
     }
 }
 
@@ -124,66 +79,35 @@ void Form::TypeInFront(int id, const Text& keys) const
 
 void Form::Retype(int id, const Text& keys) const
 {
-    const HWND control = Control(id);
-    SetFocus(control);
-    Send(control, EM_SETSEL, 0, -1);
-    Type(id, keys);
-}
-
-void Form::Paste(int id, const Text& text) const
-{
-    const size_t size = (text.size() + 1) * sizeof(TCHAR);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(GlobalLock(memory), text.c_str(), size);
-    GlobalUnlock(memory);
-    ASSERT_TRUE(OpenClipboard(m_window));
-    EmptyClipboard();
-    EXPECT_NE(SetClipboardData(CF_UNICODETEXT, memory), nullptr);
-    CloseClipboard();
-    Retype(id, _T("\x16"));
-}
-
-void Form::Empty(int id) const
-{
-    Retype(id, _T("\b"));
+    SetFocus(Control(id));
+    Send(Control(id), EM_SETSEL, 0, -1);
+    Type(id, keys.empty() ? _T("\b") : keys);
 }
 
 void Form::Pick(int id, int item) const
 {
     const HWND control = Control(id);
-    const ListMessages& messages = MessagesOf(control);
     SetFocus(control);
-    Send(control, messages.setSelection, static_cast<WPARAM>(item));
-    Send(GetParent(control), WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, messages.changed)),
+    Send(control, For(control, LB_SETCURSEL, CB_SETCURSEL), static_cast<WPARAM>(item));
+    Send(GetParent(control), WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, For(control, LBN_SELCHANGE, CBN_SELCHANGE))),
          reinterpret_cast<LPARAM>(control));
 }
 
-HWND Sheet::Control(int id) const
-{
-    const HWND control = GetDlgItem(Page(), id);
-    EXPECT_NE(control, nullptr) << "control " << id;
-    return control;
-}
-
-HWND Sheet::Page() const
-{
-    return reinterpret_cast<HWND>(Send(Window(), PSM_GETCURRENTPAGEHWND));
-}
+HWND Sheet::Page() const { return reinterpret_cast<HWND>(Send(Window(), PSM_GETCURRENTPAGEHWND)); }
 
 std::vector<Text> Sheet::Tabs() const
 {
     const auto tabs = reinterpret_cast<HWND>(Send(Window(), PSM_GETTABCONTROL));
-    std::vector<Text> titles;
-    const LRESULT count = Send(tabs, TCM_GETITEMCOUNT);
-    for (LRESULT index = 0; index < count; ++index)
+    std::vector<Text> titles(static_cast<size_t>(Send(tabs, TCM_GETITEMCOUNT)));
+    for (size_t index = 0; index < titles.size(); ++index)
     {
         TCHAR title[80] = {};
         TCITEMW item = {};
         item.mask = TCIF_TEXT;
         item.pszText = title;
         item.cchTextMax = 80;
-        Send(tabs, TCM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-        titles.emplace_back(title);
+        Send(tabs, TCM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
+        titles[index] = title;
     }
     return titles;
 }
@@ -196,52 +120,34 @@ bool Sheet::Select(const Text& title) const
         if (titles[index] == title)
         {
             Send(Window(), PSM_SETCURSEL, index);
-            const auto tabs = reinterpret_cast<HWND>(Send(Window(), PSM_GETTABCONTROL));
-            return Send(tabs, TCM_GETCURSEL) == static_cast<LRESULT>(index);
+            return Send(Window(), PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(Page())) == static_cast<LRESULT>(index);
         }
     }
     return false;
 }
 
-bool Sheet::CanApply() const
+void Sheet::Press(int button) const
 {
-    return IsWindowEnabled(GetDlgItem(Window(), IdApply)) != FALSE;
-}
-
-void Sheet::Apply() const
-{
-    if (CanApply())
+    const HWND control = GetDlgItem(Window(), button);
+    if (IsWindowEnabled(control))
     {
-        Send(GetDlgItem(Window(), IdApply), BM_CLICK);
+        Send(control, BM_CLICK);
     }
 }
 
-void Sheet::Ok() const
+std::vector<int> TabOrder(const Form& form, int first)
 {
-    Send(GetDlgItem(Window(), IDOK), BM_CLICK);
-}
-
-void Sheet::Cancel() const
-{
-    Send(GetDlgItem(Window(), IDCANCEL), BM_CLICK);
-}
-
-int PressTab(const Form& form)
-{
-    MSG message = {};
-    message.hwnd = GetFocus();
-    message.message = WM_KEYDOWN;
-    message.wParam = VK_TAB;
-    message.lParam = 1;
-    IsDialogMessageW(form.Window(), &message);
-    return GetDlgCtrlID(GetFocus());
-}
-
-void ExpectTabOrder(const Form& form, const std::vector<int>& ids)
-{
-    SetFocus(form.Control(ids.front()));
-    for (size_t next = 1; next < ids.size(); ++next)
+    std::vector<int> ids;
+    SetFocus(form.Control(first));
+    while (GetParent(GetFocus()) == form.Page() && (ids.empty() || GetDlgCtrlID(GetFocus()) != first))
     {
-        EXPECT_EQ(PressTab(form), ids[next]);
+        ids.push_back(GetDlgCtrlID(GetFocus()));
+        MSG message = {};
+        message.hwnd = GetFocus();
+        message.message = WM_KEYDOWN;
+        message.wParam = VK_TAB;
+        message.lParam = 1;
+        IsDialogMessageW(form.Window(), &message);
     }
+    return ids;
 }

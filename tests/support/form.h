@@ -3,12 +3,9 @@
 
 #include "support/registry.h"
 
-#include <windows.h>
-
 #include <functional>
-#include <vector>
 
-// A dialog on the screen.
+// A dialog on the screen. Controls are named by their ids; one that is not there fails the test.
 class Form
 {
 public:
@@ -16,14 +13,15 @@ public:
     virtual ~Form() = default;
 
     HWND Window() const { return m_window; }
-    // The control of this id; fails the test if there is none.
-    virtual HWND Control(int id) const;
+    // The window whose children the controls are.
+    virtual HWND Page() const { return m_window; }
+    HWND Control(int id) const;
 
     Text Title() const;
     Text TextOf(int id) const;
-    bool IsEnabled(int id) const;
+    bool IsEnabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
     // Visible where its dialog is: a page that is not in front has visible controls too.
-    bool IsShown(int id) const;
+    bool IsShown(int id) const { return (GetWindowLongW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0; }
     // BST_ value.
     LRESULT CheckOf(int id) const;
     // The selected item of a list box or combo box, -1 for none.
@@ -36,12 +34,10 @@ public:
     void Type(int id, const Text& keys) const;
     // Types before all that stands in the edit.
     void TypeInFront(int id, const Text& keys) const;
-    // Types over all that stands in the edit.
+    // Types over all that stands in the edit; no keys are Backspace, one change to nothing.
     void Retype(int id, const Text& keys) const;
-    // Pastes over all that stands in the edit, from the clipboard by Ctrl+V.
-    void Paste(int id, const Text& text) const;
-    // Presses Delete with all text selected: one change, to nothing.
-    void Empty(int id) const;
+    // As pasting does: any text, told like typing.
+    void SetText(int id, const Text& text) const { SetWindowTextW(Control(id), text.c_str()); }
     // Picks an item of a list box or combo box, which a user does by key or mouse.
     void Pick(int id, int item) const;
 
@@ -55,24 +51,25 @@ class Sheet : public Form
 public:
     using Form::Form;
 
-    HWND Control(int id) const override;
-    HWND Page() const;
+    HWND Page() const override;
     // False once OK, Cancel or the title bar has closed it: the window itself goes a little later.
     bool IsOpen() const { return IsWindow(Window()) && Page() != nullptr; }
     std::vector<Text> Tabs() const;
-    // Goes to the tab of that title; false if the sheet did not.
+    // Goes to the tab of that title; false if the sheet did not, or has none.
     bool Select(const Text& title) const;
 
-    bool CanApply() const;
-    void Apply() const;
-    void Ok() const;
-    void Cancel() const;
+    bool CanApply() const { return IsWindowEnabled(GetDlgItem(Window(), IdApply)) != FALSE; }
+    void Apply() const { Press(IdApply); }
+    void Ok() const { Press(IDOK); }
+    void Cancel() const { Press(IDCANCEL); }
+
+private:
+    void Press(int button) const;
 };
 
-// Presses Tab in the control that has the focus, and gives the id of the one that has it then.
-int PressTab(const Form& form);
-// Puts the focus on the first of the controls and checks that Tab goes on to the others in turn.
-void ExpectTabOrder(const Form& form, const std::vector<int>& ids);
+// Puts the focus on the first of the controls and gives the ids of those that Tab goes on to, until it comes
+// to one that is no child of the page, or back.
+std::vector<int> TabOrder(const Form& form, int first);
 
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
@@ -87,8 +84,8 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script);
 // loop waits then. To be called before the step that opens it. Fails the test if none comes within some
 // seconds; a dialog that the script leaves open is cancelled.
 void WhenOpened(const Text& title, const std::function<void(Form&)>& script);
-// The same for the class library's prompt on an edit that holds no number: it is confirmed. The counter, if
-// any, counts it.
-void ExpectPrompt(int* count = nullptr);
-// Ends a test's waits that did not come to anything; each fails the test.
-void EndWaits();
+// Does what opens a dialog of that title, with the script to be run in it, and waits for its end.
+void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open);
+// The class library's prompts on edits that hold no number, while the steps run: each is looked at and
+// confirmed. Gives their count.
+int CountPrompts(const std::function<void()>& steps);

@@ -13,18 +13,18 @@ namespace keys
 {
 inline const Text Halvane = _T("SOFTWARE\\Halvane");
 inline const Text Ostrel = _T("SOFTWARE\\Ostrel");
-inline const Text Installed = _T("SOFTWARE\\Halvane\\Installed");
-inline const Text Bench = _T("SOFTWARE\\Halvane\\QuorvexBench");
-inline const Text Alder = _T("SOFTWARE\\Halvane\\AlderQB");
-inline const Text Birch = _T("SOFTWARE\\Halvane\\BirchQB");
-inline const Text Kauri = _T("SOFTWARE\\Halvane\\KauriQB");
-inline const Text ClientPorts = _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsClient");
-inline const Text ServerPorts = _T("SOFTWARE\\Halvane\\KauriQB\\TCPPortsServer");
-inline const Text TestServices = _T("SOFTWARE\\Ostrel\\TestServices");
-inline const Text EhciDriver = _T("SOFTWARE\\Ostrel\\ehci_driver");
-inline const Text XhciDriver = _T("SOFTWARE\\Ostrel\\xhci_driver");
-inline const Text Usb4Driver = _T("SOFTWARE\\Halvane\\Drivers\\usb4hi");
-inline const Text RvskDriver = _T("SOFTWARE\\Halvane\\Drivers\\rvsk");
+inline const Text Installed = Halvane + _T("\\Installed");
+inline const Text Bench = Halvane + _T("\\QuorvexBench");
+inline const Text Alder = Halvane + _T("\\AlderQB");
+inline const Text Birch = Halvane + _T("\\BirchQB");
+inline const Text Kauri = Halvane + _T("\\KauriQB");
+inline const Text ClientPorts = Kauri + _T("\\TCPPortsClient");
+inline const Text ServerPorts = Kauri + _T("\\TCPPortsServer");
+inline const Text TestServices = Ostrel + _T("\\TestServices");
+inline const Text EhciDriver = Ostrel + _T("\\ehci_driver");
+inline const Text XhciDriver = Ostrel + _T("\\xhci_driver");
+inline const Text Usb4Driver = Halvane + _T("\\Drivers\\usb4hi");
+inline const Text RvskDriver = Halvane + _T("\\Drivers\\rvsk");
 inline const Text PortDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
 }  // namespace keys
 
@@ -54,8 +54,7 @@ inline const Text ServerPorts = _T("Server Port Numbers");
 // What stands in the error box.
 inline const Text NoProductList =
     _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
-    _T("installed, ")
-    _T("that you are running with administrative privileges, and you have UAC turned off.");
+    _T("installed, that you are running with administrative privileges, and you have UAC turned off.");
 
 // The system's numbers for a sheet's Apply button and for a message box's text.
 constexpr int IdApply = 0x3021;

@@ -1,40 +1,45 @@
 #include "support/registry.h"
 
-#include <cstring>
+#include "support/calls.h"
+
 #include <iomanip>
-
-namespace
-{
-// Longer than any name that a key or value can have.
-constexpr DWORD NameRoom = 16384;
-
-// What the editor reads or writes lies below these.
-const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
-
-std::vector<BYTE> BytesOf(const void* data, size_t size)
-{
-    const auto* bytes = static_cast<const BYTE*>(data);
-    return {bytes, bytes + size};
-}
-}  // namespace
 
 const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
                         GinkgoQB, HazelQB, IvyRig,  JuniperRig, KauriQB};
 
-StoredValue Dword(DWORD number)
+namespace
 {
-    return {REG_DWORD, BytesOf(&number, sizeof(number))};
+// All that the editor touches lies below these; the last is the port driver's own.
+const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
+constexpr DWORD NameRoom = 16384;
+
+StoredValue ValueOf(DWORD type, const void* data, size_t size)
+{
+    const auto* bytes = static_cast<const BYTE*>(data);
+    return {type, std::vector<BYTE>(bytes, bytes + size)};
 }
 
-StoredValue Sz(LPCTSTR text)
+// The names that one of the two enumerations gives.
+template <class Enumerate>
+std::vector<Text> NamesIn(const RegistryKey& key, Enumerate enumerate)
 {
-    return {REG_SZ, BytesOf(text, (std::char_traits<TCHAR>::length(text) + 1) * sizeof(TCHAR))};
+    std::vector<Text> names;
+    std::vector<TCHAR> name(NameRoom);
+    DWORD length = NameRoom;
+    for (DWORD index = 0; key.IsOpen() && enumerate(key.Get(), index, name.data(), &length) == ERROR_SUCCESS; ++index)
+    {
+        names.emplace_back(name.data());
+        length = NameRoom;
+    }
+    return names;
 }
+}  // namespace
 
-StoredValue Binary(std::vector<BYTE> data)
-{
-    return {REG_BINARY, std::move(data)};
-}
+StoredValue Dword(DWORD number) { return ValueOf(REG_DWORD, &number, sizeof(number)); }
+
+StoredValue Sz(const Text& text) { return ValueOf(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(TCHAR)); }
+
+StoredValue Binary(std::vector<BYTE> data) { return {REG_BINARY, std::move(data)}; }
 
 std::string Printable(const Text& text)
 {
@@ -62,18 +67,10 @@ void PrintTo(const StoredValue& value, std::ostream* out)
     *out << std::dec;
 }
 
-void ClearSettings()
-{
-    for (const Text& root : Roots)
-    {
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
-    }
-}
-
 void InstallTools(const Tools& tools)
 {
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, keys::Installed.c_str());
-    const RegistryKey key(keys::Installed, RegistryKey::Access::Write);
+    Store(keys::Installed, {}, Absent);
     for (const ProductId& tool : tools)
     {
         Store(keys::Installed, tool, Dword(1));
@@ -82,24 +79,22 @@ void InstallTools(const Tools& tools)
 
 void Store(const Text& key, const Text& name, const StoredValue& value)
 {
+    const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    // Of a text without a terminator the system looks at what stands behind it, and adds one if it finds that.
+    if (value == Absent)
+    {
+        return;
+    }
+    // Of a text without a terminator the system looks at what stands behind it, and takes that for one if it
+    // is.
     std::vector<BYTE> data = value.data;
     data.insert(data.end(), sizeof(TCHAR), 0xFF);
-    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(),
-                   static_cast<DWORD>(value.data.size()));
-}
-
-void Store(const Text& key, const Values& values)
-{
-    for (const auto& [name, value] : values)
-    {
-        Store(key, name, value);
-    }
+    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(), static_cast<DWORD>(value.data.size()));
 }
 
 StoredValue Stored(const Text& key, const Text& name)
 {
+    const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Read);
     DWORD size = 0;
     if (!opened.IsOpen() ||
@@ -113,53 +108,32 @@ StoredValue Stored(const Text& key, const Text& name)
     return value;
 }
 
-Values StoredValues(const Text& key)
-{
-    Values values;
-    const RegistryKey opened(key, RegistryKey::Access::Read);
-    std::vector<TCHAR> name(NameRoom);
-    DWORD length = NameRoom;
-    for (DWORD index = 0; opened.IsOpen() && RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr,
-                                                           nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         ++index)
-    {
-        values[name.data()] = Stored(key, name.data());
-        length = NameRoom;
-    }
-    return values;
-}
-
-std::vector<Text> StoredSubkeys(const Text& key)
-{
-    std::vector<Text> subkeys;
-    const RegistryKey opened(key, RegistryKey::Access::Read);
-    std::vector<TCHAR> name(NameRoom);
-    DWORD length = NameRoom;
-    for (DWORD index = 0; opened.IsOpen() && RegEnumKeyExW(opened.Get(), index, name.data(), &length, nullptr,
-                                                           nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         ++index)
-    {
-        subkeys.emplace_back(name.data());
-        length = NameRoom;
-    }
-    return subkeys;
-}
-
 bool KeyExists(const Text& key)
 {
+    const calls::Pause pause;
     return RegistryKey(key, RegistryKey::Access::Read).IsOpen();
 }
 
 Tree StoredTree(const Text& key)
 {
+    const calls::Pause pause;
+    const RegistryKey opened(key, RegistryKey::Access::Read);
     Tree tree;
-    if (KeyExists(key))
+    if (opened.IsOpen())
     {
-        tree[key] = StoredValues(key);
+        tree[key] = {};
     }
-    for (const Text& subkey : StoredSubkeys(key))
+    for (const Text& name : NamesIn(opened, [](HKEY handle, DWORD index, LPTSTR name, DWORD*length) {
+             return RegEnumValueW(handle, index, name, length, nullptr, nullptr, nullptr, nullptr);
+         }))
     {
-        tree.merge(StoredTree(key + _T("\\") + subkey));
+        tree[key][name] = Stored(key, name);
+    }
+    for (const Text& name : NamesIn(opened, [](HKEY handle, DWORD index, LPTSTR name, DWORD*length) {
+             return RegEnumKeyExW(handle, index, name, length, nullptr, nullptr, nullptr, nullptr);
+         }))
+    {
+        tree.merge(StoredTree(key + _T("\\") + name));
     }
     return tree;
 }
@@ -172,5 +146,27 @@ Tree StoredSettings()
         settings.merge(StoredTree(root));
     }
     settings.erase(keys::Installed);
+    std::erase_if(settings, [](const auto& key) { return key.second.empty(); });
     return settings;
+}
+
+void StoreTree(const Tree& tree)
+{
+    for (const auto& [key, values] : tree)
+    {
+        for (const auto& [name, value] : values)
+        {
+            Store(key, name, value);
+        }
+    }
+}
+
+void SettingsTest::SetUp()
+{
+    calls::Reset();
+    for (const Text& root : Roots)
+    {
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
+    }
+    calls::Reset();
 }

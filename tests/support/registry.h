@@ -4,6 +4,8 @@
 #include "framework/ProductId.h"
 #include "support/names.h"
 
+#include <gtest/gtest.h>
+
 #include <map>
 #include <ostream>
 #include <vector>
@@ -13,12 +15,12 @@ struct StoredValue
     DWORD type = REG_NONE;
     std::vector<BYTE> data;
 
-    bool operator==(const StoredValue& other) const { return type == other.type && data == other.data; }
+    bool operator==(const StoredValue&) const = default;
 };
 
 StoredValue Dword(DWORD number);
 // With its terminator.
-StoredValue Sz(LPCTSTR text);
+StoredValue Sz(const Text& text);
 StoredValue Binary(std::vector<BYTE> data);
 // What stands for a value that is not there.
 inline const StoredValue Absent = {};
@@ -30,25 +32,26 @@ void PrintTo(const StoredValue& value, std::ostream* out);
 using Tools = std::vector<ProductId>;
 extern const Tools AllTools;
 
-// Removes everything that the editor reads or writes.
-void ClearSettings();
 // Lists just these tools as installed, each with data 1; the key of installed tools exists afterwards.
 void InstallTools(const Tools& tools);
 
-// Keys are relative to HKEY_LOCAL_MACHINE.
+// Keys are relative to HKEY_LOCAL_MACHINE. A value of no type makes the key alone.
 void Store(const Text& key, const Text& name, const StoredValue& value);
 StoredValue Stored(const Text& key, const Text& name);
-
-// Of one key, by their names.
-using Values = std::map<Text, StoredValue>;
-void Store(const Text& key, const Values& values);
-// Empty also if there is no such key.
-Values StoredValues(const Text& key);
-std::vector<Text> StoredSubkeys(const Text& key);
 bool KeyExists(const Text& key);
 
-// Values by their keys' paths, of a key and all below it.
+// Values by the paths of their keys, of a key and all below it. A key without values is there as well.
+using Values = std::map<Text, StoredValue>;
 using Tree = std::map<Text, Values>;
 Tree StoredTree(const Text& key);
-// All that the editor writes.
+// All keys with values that the editor writes.
 Tree StoredSettings();
+void StoreTree(const Tree& tree);
+
+// A test that starts and ends with nothing stored that the editor reads or writes, and with no call refused.
+class SettingsTest : public testing::Test
+{
+protected:
+    void SetUp() override;
+    void TearDown() override { SettingsTest::SetUp(); }
+};

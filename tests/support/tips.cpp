@@ -1,78 +1,71 @@
 #include "support/tips.h"
 
-#include <windows.h>
-
 #include <commctrl.h>
 
 namespace
 {
-struct Search
-{
-    HWND dialog;
-    HWND found;
-};
-
-bool IsTipControl(HWND window)
+BOOL CALLBACK AddTipControl(HWND window, LPARAM list)
 {
     TCHAR name[32] = {};
     GetClassNameW(window, name, 32);
-    return _tcscmp(name, TOOLTIPS_CLASSW) == 0;
-}
-
-// Which dialog a tooltip control serves shows in its tools: their windows' parent.
-BOOL CALLBACK LookForDialog(HWND window, LPARAM parameter)
-{
-    auto* search = reinterpret_cast<Search*>(parameter);
-    TTTOOLINFOW tool = {};
-    tool.cbSize = sizeof(tool);
-    if (!IsTipControl(window) || !SendMessageW(window, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool)) ||
-        tool.hwnd != search->dialog)
+    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0)
     {
-        return TRUE;
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     }
-    search->found = window;
-    return FALSE;
+    return TRUE;
 }
 
-BOOL CALLBACK CountIfTipControl(HWND window, LPARAM count)
+std::vector<HWND> TipControls()
 {
-    *reinterpret_cast<int*>(count) += IsTipControl(window) ? 1 : 0;
-    return TRUE;
+    std::vector<HWND> controls;
+    EnumThreadWindows(GetCurrentThreadId(), AddTipControl, reinterpret_cast<LPARAM>(&controls));
+    return controls;
+}
+
+// A control's tool of that number from 0; which dialog the control serves shows in it: its window's parent.
+bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
+{
+    *tool = {};
+    tool->cbSize = sizeof(*tool);
+    return SendMessageW(control, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(tool)) != 0;
 }
 }  // namespace
 
 HWND TipControlOf(HWND dialog)
 {
-    Search search = {dialog, nullptr};
-    EnumThreadWindows(GetCurrentThreadId(), LookForDialog, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-int CountTipControls()
-{
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), CountIfTipControl, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
-std::map<int, Text> TipsOf(HWND dialog)
-{
-    std::map<int, Text> tips;
-    const HWND control = TipControlOf(dialog);
-    const LRESULT count = control == nullptr ? 0 : SendMessageW(control, TTM_GETTOOLCOUNT, 0, 0);
-    for (LRESULT index = 0; index < count; ++index)
+    for (const HWND control : TipControls())
     {
-        TTTOOLINFOW tool = {};
-        tool.cbSize = sizeof(tool);
-        SendMessageW(control, TTM_ENUMTOOLSW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&tool));
-        TCHAR text[1024] = {};
-        tool.lpszText = text;
-        SendMessageW(control, TTM_GETTEXTW, 1024, reinterpret_cast<LPARAM>(&tool));
-        // A tool that is not its window shows its tip nowhere: none here has a rectangle.
-        if ((tool.uFlags & TTF_IDISHWND) != 0)
+        TTTOOLINFOW tool;
+        if (GetTool(control, 0, &tool) && tool.hwnd == dialog)
         {
-            tips[GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId))] = text;
+            return control;
         }
     }
-    return tips;
+    return nullptr;
+}
+
+int CountTipControls() { return static_cast<int>(TipControls().size()); }
+
+std::vector<int> TipsOf(HWND dialog)
+{
+    std::vector<int> ids;
+    TTTOOLINFOW tool;
+    for (size_t index = 0; GetTool(TipControlOf(dialog), index, &tool); ++index)
+    {
+        // A tool that is not its window shows its tip nowhere: none here has a rectangle.
+        ids.push_back((tool.uFlags & TTF_IDISHWND) != 0 ? GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId)) : 0);
+    }
+    return ids;
+}
+
+Text TipText(HWND dialog, int id)
+{
+    TCHAR text[1024] = {};
+    TTTOOLINFOW tool = {};
+    tool.cbSize = sizeof(tool);
+    tool.hwnd = dialog;
+    tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, id));
+    tool.lpszText = text;
+    SendMessageW(TipControlOf(dialog), TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+    return text;
 }

@@ -2,10 +2,7 @@
 #include "shell/QBSettingsApp.h"
 #include "support/form.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <memory>
 
 namespace
 {
@@ -17,8 +14,9 @@ struct Wait
     Text title;
     std::vector<HWND> before;  // windows that stood already
     std::function<void(HWND)> act;
-    ULONGLONG giveUp;
     bool mustCome;
+    bool again;  // for each further one
+    ULONGLONG giveUp = GetTickCount64() + GiveUpMilliseconds;
 };
 
 std::map<UINT_PTR, Wait>& Waits()
@@ -43,12 +41,10 @@ std::vector<HWND> VisibleWindows()
     return windows;
 }
 
-void Report(const Wait& wait)
+void End(UINT_PTR timer)
 {
-    if (wait.mustCome)
-    {
-        ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
-    }
+    KillTimer(nullptr, timer);
+    Waits().erase(timer);
 }
 
 void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
@@ -58,56 +54,45 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     {
         return;
     }
-    const std::vector<HWND>& before = found->second.before;
+    const Wait wait = found->second;
     for (const HWND window : VisibleWindows())
     {
-        if (std::find(before.begin(), before.end(), window) == before.end() &&
-            Form(window).Title() == found->second.title)
+        if (std::find(wait.before.begin(), wait.before.end(), window) == wait.before.end() &&
+            Form(window).Title() == wait.title)
         {
-            const Wait wait = std::move(found->second);
-            KillTimer(nullptr, timer);
-            Waits().erase(timer);
+            if (!wait.again)
+            {
+                End(timer);
+            }
             wait.act(window);
             return;
         }
     }
-    if (GetTickCount64() > found->second.giveUp)
+    if (wait.mustCome && GetTickCount64() > wait.giveUp)
     {
-        Report(found->second);
-        KillTimer(nullptr, timer);
-        Waits().erase(timer);
+        ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
+        End(timer);
         // What stands instead would wait for ever.
         PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
     }
 }
 
-void AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome = true)
+UINT_PTR AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome, bool again)
 {
     const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
-    Waits()[timer] = {title, VisibleWindows(), std::move(act), GetTickCount64() + GiveUpMilliseconds,
-                      mustCome};
+    Waits()[timer] = {title, VisibleWindows(), std::move(act), mustCome, again};
+    return timer;
 }
 }  // namespace
-
-void EndWaits()
-{
-    for (const auto& [timer, wait] : Waits())
-    {
-        Report(wait);
-        KillTimer(nullptr, timer);
-    }
-    Waits().clear();
-}
 
 bool TryRunEditor(const std::function<void(Sheet&)>& script)
 {
     // The tests are the first instance, whatever else runs on the machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
-    AddWait(
+    const UINT_PTR sheetWait = AddWait(
         titles::Sheet,
-        [&script, &shown](HWND window)
-        {
+        [&](HWND window) {
             shown = true;
             Sheet sheet(window);
             script(sheet);
@@ -116,50 +101,61 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
                 sheet.Cancel();
             }
         },
-        false);
-    AddWait(
-        titles::Error, [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false);
+        false, false);
+    const UINT_PTR boxWait = AddWait(
+        titles::Error, [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false, false);
     EXPECT_FALSE(AfxGetApp()->InitInstance());
-    EndWaits();
+    End(sheetWait);
+    End(boxWait);
     return shown;
 }
 
-void RunEditor(const std::function<void(Sheet&)>& script)
-{
-    EXPECT_TRUE(TryRunEditor(script)) << "no sheet";
-}
+void RunEditor(const std::function<void(Sheet&)>& script) { EXPECT_TRUE(TryRunEditor(script)) << "no sheet"; }
 
 void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script)
 {
-    RunEditor(
-        [&](Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
-            script(sheet);
-        });
+    RunEditor([&](Sheet& sheet) {
+        ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
+        script(sheet);
+    });
 }
 
 void WhenOpened(const Text& title, const std::function<void(Form&)>& script)
 {
-    AddWait(title,
-            [script](HWND window)
-            {
-                Form form(window);
-                script(form);
-                // Comes to nothing if the script has ended the dialog, which is gone by then.
-                PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-            });
+    AddWait(
+        title,
+        [script](HWND window) {
+            Form form(window);
+            script(form);
+            // Comes to nothing if the script has ended the dialog, which is gone by then.
+            PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        },
+        true, false);
 }
 
-void ExpectPrompt(int* count)
+void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open)
 {
-    AddWait(AfxGetApp()->m_strAppName.GetString(),
-            [count](HWND window)
-            {
-                if (count != nullptr)
-                {
-                    ++*count;
-                }
-                SendMessageW(window, WM_COMMAND, IDOK, 0);
-            });
+    bool opened = false;
+    WhenOpened(title, [&](Form& form) {
+        opened = true;
+        script(form);
+    });
+    open();
+    EXPECT_TRUE(opened) << Printable(title);
+}
+
+int CountPrompts(const std::function<void()>& steps)
+{
+    int count = 0;
+    const UINT_PTR timer = AddWait(
+        AfxGetApp()->m_strAppName.GetString(),
+        [&count](HWND window) {
+            ++count;
+            EXPECT_FALSE(IsWindowEnabled(GetWindow(window, GW_OWNER))) << "stands before the window in use";
+            SendMessageW(window, WM_COMMAND, IDOK, 0);
+        },
+        false, true);
+    steps();
+    End(timer);
+    return count;
 }

@@ -1,0 +1,165 @@
+// Drivers & Firmware: which groups live, what a switch does to its path, and Browse.
+#include "support/form.h"
+
+#include <algorithm>
+
+namespace
+{
+struct Stack
+{
+    int group;
+    int enableSwitcher;
+    std::vector<int> pathControls;  // label, edit, button
+    ProductId tool;                 // needs this one and, but for CedarQB, no other
+};
+
+const std::vector<Stack> Stacks = {{1041, 1032, {1033, 1034, 1035}, HazelQB},
+                                   {1040, 1036, {1037, 1038, 1039}, KauriQB},
+                                   {1044, 1045, {1046, 1053, 1054}, CedarQB},
+                                   {1199, 1200, {1201, 1202, 1203}, CedarQB}};
+
+void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled)
+{
+    for (const int control : stack.pathControls)
+    {
+        EXPECT_EQ(sheet.IsEnabled(control), enabled) << control;
+    }
+}
+
+// A folder of its own for a test, with a driver's file in it and in the folder that Browse starts in.
+class DriverFolder
+{
+public:
+    DriverFolder()
+    {
+        TCHAR temporary[MAX_PATH] = {};
+        GetTempPathW(MAX_PATH, temporary);
+        m_path = Text(temporary) + _T("qb browse\\");
+        for (const Text& folder : {m_path, Start()})
+        {
+            CreateDirectoryW(folder.c_str(), nullptr);
+            CloseHandle(CreateFileW((folder + File).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+        }
+    }
+    ~DriverFolder()
+    {
+        for (const Text& folder : {Start(), m_path})
+        {
+            DeleteFileW((folder + File).c_str());
+            RemoveDirectoryW(folder.c_str());
+        }
+    }
+    DriverFolder(const DriverFolder&) = delete;
+    DriverFolder& operator=(const DriverFolder&) = delete;
+
+    const Text& Path() const { return m_path; }
+    Text Start() const { return m_path + _T("hcdriver\\"); }
+
+    inline static const Text File = _T("driver.inf");
+
+private:
+    Text m_path;
+};
+
+BOOL CALLBACK TakeEdit(HWND window, LPARAM found)
+{
+    TCHAR name[32] = {};
+    GetClassNameW(window, name, 32);
+    const bool isWanted = _tcsicmp(name, _T("Edit")) == 0 && IsWindowVisible(window);
+    *reinterpret_cast<HWND*>(found) = isWanted ? window : nullptr;
+    return !isWanted;
+}
+
+// Opens the system's dialog by a Browse button, looks at the name that it comes up with, and answers it.
+void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, int answer)
+{
+    WithDialog(
+        _T("Open"),
+        [&](const Form& dialog) {
+            HWND edit = nullptr;
+            EnumChildWindows(dialog.Window(), TakeEdit, reinterpret_cast<LPARAM>(&edit));
+            EXPECT_EQ(Form(edit).Title(), initial);
+            EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
+            SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+            dialog.Click(answer);
+        },
+        [&] { sheet.Click(browse); });
+}
+
+using DriversTest = SettingsTest;
+}  // namespace
+
+TEST_F(DriversTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole)
+{
+    for (const ProductId& tool : {HazelQB, KauriQB, CedarQB})
+    {
+        SCOPED_TRACE(Printable(tool));
+        InstallTools({tool});
+        RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
+            for (const Stack& stack : Stacks)
+            {
+                const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
+                EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
+                ExpectPathEnabled(sheet, stack, needed);
+            }
+            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
+            {
+                EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
+            }
+        });
+    }
+}
+
+TEST_F(DriversTest, SwitchTurnedOffDisablesItsPathAndKeepsIt)
+{
+    const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
+    InstallTools({HazelQB, CedarQB});
+    Store(keys::EhciDriver, _T("Path"), Sz(longPath));
+    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+        for (const Stack& stack : Stacks)
+        {
+            sheet.Click(stack.enableSwitcher);
+            for (const Stack& other : Stacks)
+            {
+                const bool isOff = &other <= &stack;
+                EXPECT_EQ(sheet.CheckOf(other.enableSwitcher), isOff ? BST_UNCHECKED : BST_CHECKED);
+                ExpectPathEnabled(sheet, other, !isOff);
+                EXPECT_TRUE(sheet.IsEnabled(other.group));
+                EXPECT_TRUE(sheet.IsEnabled(other.enableSwitcher));
+            }
+        }
+        sheet.Click(1032);
+        ExpectPathEnabled(sheet, Stacks.front(), true);
+        sheet.Click(1032);
+        sheet.Ok();
+    });
+    EXPECT_EQ(Stored(keys::TestServices, _T("EnableEhciStackSwitcher")), Dword(0));
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath));
+}
+
+TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
+{
+    const DriverFolder folder;
+    InstallTools(AllTools);
+    RunOnTab(tabs::Drivers, [&folder](const Sheet& sheet) {
+        constexpr LPCTSTR inf = _T("*.inf");
+        Browse(sheet, 1035, inf, folder.Path() + DriverFolder::File, IDCANCEL);
+        EXPECT_EQ(sheet.TextOf(1034), Text());
+        for (const auto& [browse, edit] :
+             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}})
+        {
+            Browse(sheet, browse, browse == 1049 ? _T("*.hex") : inf, folder.Path() + DriverFolder::File, IDOK);
+            EXPECT_EQ(sheet.TextOf(edit), folder.Path());
+            sheet.SetText(edit, {});
+        }
+        // A name alone is one in the folder that the dialog starts in, which is below the path.
+        sheet.SetText(1034, folder.Path());
+        Browse(sheet, 1035, inf, DriverFolder::File, IDOK);
+        EXPECT_EQ(sheet.TextOf(1034), folder.Start());
+        EXPECT_FALSE(sheet.CanApply());
+        EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
+        sheet.Ok();
+    });
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(folder.Start()));
+}

@@ -1,0 +1,269 @@
+// The two dialogs of MAUSB Media Settings.
+#include "mausb/PortNumbersDialog.h"
+#include "support/form.h"
+
+#include <tuple>
+
+namespace
+{
+using Ports = std::vector<std::pair<UINT, int>>;
+
+// Of a row of Port Numbers.
+constexpr int Edits[] = {1188, 1191, 1194, 1197};
+constexpr int Types[] = {1189, 1192, 1195, 1198};
+using Row = std::tuple<Text, LRESULT, bool>;  // text, selected type, whether that can be chosen
+const Row EmptyRow = {{}, 0, false};
+
+Row RowOf(const Form& form, int row)
+{
+    return {form.TextOf(Edits[row]), form.SelectionOf(Types[row]), form.IsEnabled(Types[row])};
+}
+
+std::vector<Row> RowsOf(const Form& form) { return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)}; }
+
+// What the dialog leaves of a table.
+Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
+{
+    CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
+    int result = 0;
+    WithDialog(
+        _T("Some Ports"),
+        [&](const Form& form) {
+            script(form);
+            form.Click(button);
+        },
+        [&] { result = dialog.DoModal(); });
+    EXPECT_EQ(result, button);
+    Ports ports;
+    for (const PortEntry& entry : table)
+    {
+        ports.emplace_back(entry.PortNumber, entry.PacketType);
+    }
+    return ports;
+}
+
+class AdvancedTCPTest : public SettingsTest
+{
+protected:
+    static constexpr int Delay = 1061;
+    static constexpr int SndBuf = 1142;
+    static constexpr int RcvBuf = 1144;
+    static constexpr int NoDelay = 1145;
+    static constexpr int DefaultSnd = 1146;
+    static constexpr int DefaultRcv = 1147;
+
+    void SetUp() override
+    {
+        SettingsTest::SetUp();
+        InstallTools({KauriQB});
+    }
+
+    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd, DWORD defaultRcv)
+    {
+        return {{_T("AdvancedTCP_SocketSendDelay"), Dword(delay)},
+                {_T("AdvancedTCP_SO_SNDBUF"), Dword(sndBuf)},
+                {_T("AdvancedTCP_SO_RCVBUF"), Dword(rcvBuf)},
+                {_T("AdvancedTCP_TCP_NODELAY"), Dword(noDelay)},
+                {_T("AdvancedTCP_Default_SO_SNDBUF"), Dword(defaultSnd)},
+                {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(defaultRcv)}};
+    }
+
+    static Values StoredSix()
+    {
+        Values six = StoredTree(keys::Kauri)[keys::Kauri];
+        std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
+        return six;
+    }
+
+    static void Open(const Sheet& sheet, const std::function<void(const Form&)>& script)
+    {
+        WithDialog(titles::AdvancedTCP, script, [&sheet] { sheet.Click(1139); });
+    }
+
+    static void ExpectSizes(const Form& form, bool send, bool receive)
+    {
+        EXPECT_EQ(form.IsEnabled(SndBuf), send);
+        EXPECT_EQ(form.IsEnabled(1141), send);
+        EXPECT_EQ(form.IsEnabled(RcvBuf), receive);
+        EXPECT_EQ(form.IsEnabled(1143), receive);
+    }
+};
+}  // namespace
+
+TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
+{
+    const std::pair<Text, UINT> cases[] = {{{}, 0},
+                                           {_T("0"), 0},
+                                           {_T("00000"), 0},
+                                           {_T("1"), 1},
+                                           {_T("65535"), 65535},
+                                           {_T("65536"), 0},
+                                           {_T("080"), 80},
+                                           {_T("80x1"), 80},
+                                           {_T("x80"), 0},
+                                           {_T(" 80"), 0},
+                                           {_T("0000007"), 7},
+                                           {_T("0x9"), 0},
+                                           {_T("4294967297"), 0},
+                                           {_T("/1:"), 0},
+                                           {_T("7:"), 7},
+                                           {_T("9"), 9},
+                                           {Text(38, _T('9')), 0}};
+    for (const auto& [text, port] : cases)
+    {
+        EXPECT_EQ(CPortNumbersDialog::ParsePortText(text.c_str()), port) << Printable(text);
+    }
+}
+
+TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
+{
+    const std::vector<Text> types = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
+    const auto look = [&types](const Form& form) {
+        EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("9001"), 0, true}, EmptyRow, EmptyRow, EmptyRow}));
+        EXPECT_EQ(form.ItemsOf(Types[0]), types);
+        EXPECT_EQ(form.ItemsOf(Types[3]), types);
+    };
+    EXPECT_EQ(RunDialog({DefaultPortEntry}, IDCANCEL, look), (Ports{{9001, -1}}));
+    EXPECT_EQ(RunDialog({DefaultPortEntry}, IDOK, look), (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
+    const PortTable six = {{5, -1}, {0, 2}, {7, 1}, {8, 2}, {9, 2}, {10, 2}};
+    const auto lookAtSix = [](const Form& form) {
+        EXPECT_EQ(RowsOf(form),
+                  (std::vector<Row>{{_T("5"), 0, true}, EmptyRow, {_T("7"), 2, true}, {_T("8"), 3, true}}));
+    };
+    EXPECT_EQ(RunDialog(six, IDCANCEL, lookAtSix).size(), 6U);
+    EXPECT_EQ(RunDialog(six, IDOK, lookAtSix), (Ports{{5, -1}, {0, -1}, {7, 1}, {8, 2}}));
+}
+
+TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
+{
+    EXPECT_EQ(RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK,
+                        [](const Form& form) {
+                            // At each key one usable port follows another.
+                            form.Retype(Edits[0], _T("65535"));
+                            EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
+                            form.Type(Edits[0], _T("0"));
+                            EXPECT_EQ(RowOf(form, 0), (Row{_T("655350"), 0, false}));
+                            form.Type(Edits[0], _T("\b"));
+                            EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 0, true}));
+                            form.Pick(Types[0], 2);
+                            form.Retype(Edits[1], {});
+                            EXPECT_EQ(RowOf(form, 1), EmptyRow);
+                            form.Type(Edits[1], _T("x-0"));
+                            EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
+                            form.SetText(Edits[2], _T("70x"));
+                            EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
+                            EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
+                            form.Retype(Edits[3], _T("70"));
+                        }),
+              (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
+}
+
+TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
+{
+    EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
+                        [](const Form& form) {
+                            EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("70000"), 3, true},
+                                                                      {_T("4294967295"), 2, true},
+                                                                      {_T("65536"), 1, true},
+                                                                      EmptyRow}));
+                            form.Type(Edits[2], _T("1"));
+                            EXPECT_EQ(RowOf(form, 2), (Row{_T("165536"), 0, false}));
+                        }),
+              (Ports{{0, 2}, {0, 1}, {0, -1}, {0, -1}}));
+    for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)})
+    {
+        EXPECT_EQ(RunDialog({{80, type}, {81, type}}, IDOK,
+                            [](const Form& form) {
+                                EXPECT_EQ(RowOf(form, 0), (Row{_T("80"), -1, true})) << "no such item";
+                                form.Pick(Types[1], 3);
+                            }),
+                  (Ports{{80, -2}, {81, 2}, {0, -1}, {0, -1}}));
+    }
+}
+
+TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
+{
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        sheet.Apply();
+        EXPECT_EQ(StoredSix(), Six(0, 0, 0, 0, 1, 1));
+        Open(sheet, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(Delay), _T("0"));
+            ExpectSizes(form, false, false);
+            form.Retype(Delay, _T("5"));
+            form.Click(IDCANCEL);
+        });
+        EXPECT_FALSE(sheet.CanApply());
+        Open(sheet, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(Delay), _T("0")) << "cancelled";
+            form.Click(DefaultSnd);
+            ExpectSizes(form, true, false);
+            form.Click(DefaultRcv);
+            ExpectSizes(form, true, true);
+            form.Retype(Delay, _T("x-4294967295"));
+            form.Retype(SndBuf, _T("2147483647"));
+            form.Retype(RcvBuf, _T("8192"));
+            form.Click(NoDelay);
+            // Out of use, a size keeps its number.
+            form.Click(DefaultRcv);
+            ExpectSizes(form, true, false);
+            form.Click(IDOK);
+        });
+        EXPECT_TRUE(sheet.CanApply());
+        EXPECT_EQ(StoredSix(), Six(0, 0, 0, 0, 1, 1));
+        Open(sheet, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(RcvBuf), _T("8192"));
+            EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
+            // What both sides of the bounds are.
+            for (const auto& [id, tooMuch] : {std::pair{Delay, _T("4294967296")}, {SndBuf, _T("2147483648")}})
+            {
+                const Text before = form.TextOf(id);
+                form.SetText(id, tooMuch);
+                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
+                form.SetText(id, before);
+            }
+        });
+        sheet.Ok();
+    });
+    EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
+}
+
+TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
+{
+    StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        sheet.Apply();
+        EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
+        Open(sheet, [](const Form& form) {
+            EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
+            EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
+            // A size of 0 in use, and a flag that is none of a check box.
+            ExpectSizes(form, true, true);
+            form.Click(IDOK);
+        });
+        sheet.Ok();
+    });
+    EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 1, 0, 0));
+}
+
+TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
+{
+    StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        sheet.Apply();
+        Open(sheet, [](const Form& form) {
+            form.Retype(Delay, _T("7"));
+            form.Retype(RcvBuf, _T("9"));
+            form.Click(NoDelay);
+            form.Retype(SndBuf, {});
+            EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
+            ExpectSizes(form, true, true);
+            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
+            EXPECT_TRUE(IsWindowVisible(form.Window()));
+            EXPECT_EQ(GetFocus(), form.Control(SndBuf));
+            form.Click(IDCANCEL);
+        });
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Ok();
+    });
+    EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
+}

@@ -1,0 +1,93 @@
+// The directory of installed tools, and what the program does at start with each kind of it.
+#include "shell/InstalledProducts.h"
+#include "shell/QBSettingsApp.h"
+#include "support/calls.h"
+#include "support/form.h"
+
+namespace
+{
+using StartTest = SettingsTest;
+
+// Runs the program where it must show its error box and no sheet.
+void ExpectErrorBox()
+{
+    // A mutex that could not be made at all marks no other instance.
+    g_dwInstanceMutexError = ERROR_ACCESS_DENIED;
+    WithDialog(
+        titles::Error,
+        [](const Form& box) {
+            EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
+            box.Click(IDOK);
+        },
+        [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); });
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+}
+}  // namespace
+
+TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
+{
+    StoreTree({{keys::Installed,
+                {{_T("AlderQB"), Dword(1)},
+                 {_T("BirchQB"), Dword(0)},
+                 {_T("cedarqb"), Dword(1)},
+                 {_T("ElmQB"), Sz(_T("x"))},
+                 {_T("FirQB"), Binary({0, 0, 1})},
+                 {_T("GinkgoQB"), Binary({})},
+                 {_T("HazelQB"), Dword(0x80000000)},
+                 {_T("Somebody else"), Dword(3)},
+                 {{}, Dword(2)}}}});
+    ASSERT_TRUE(LoadInstalledProducts());
+    EXPECT_EQ(InstalledProductMap, (std::map<ProductId, DWORD>{{_T("AlderQB"), 1},
+                                                               {_T("BirchQB"), 0},
+                                                               {_T("cedarqb"), 1},
+                                                               {_T("ElmQB"), 'x'},
+                                                               {_T("FirQB"), 0x10000},
+                                                               {_T("GinkgoQB"), 0},
+                                                               {_T("HazelQB"), 0x80000000},
+                                                               {_T("Somebody else"), 3},
+                                                               {{}, 2}}));
+    EXPECT_TRUE(IsProductInstalled(AlderQB));
+    EXPECT_FALSE(IsProductInstalled(BirchQB));
+    EXPECT_FALSE(IsProductInstalled(CedarQB)) << "case counts";
+    EXPECT_FALSE(IsProductInstalled(KauriQB));
+    EXPECT_EQ(InstalledProductMap.size(), 9U) << "asking adds nothing";
+}
+
+TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne)
+{
+    EXPECT_FALSE(LoadInstalledProducts()) << "no key";
+    const Text longest(16382, _T('n'));
+    InstallTools({AlderQB, KauriQB, longest});
+    EXPECT_TRUE(LoadInstalledProducts());
+    EXPECT_TRUE(IsProductInstalled(longest));
+    for (const auto& [call, found] :
+         {std::pair{"RegEnumValueW", 2U}, {"RegQueryValueExW", 2U}, {"RegQueryInfoKeyW", 0U}})
+    {
+        calls::Refuse(call, 1);
+        EXPECT_FALSE(LoadInstalledProducts()) << call;
+        EXPECT_EQ(InstalledProductMap.size(), found) << call;
+    }
+    // What does not fit a number, and a name that leaves no room for its end.
+    for (const auto& [name, value] : {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}})
+    {
+        InstallTools({AlderQB, KauriQB});
+        Store(keys::Installed, name, value);
+        EXPECT_FALSE(LoadInstalledProducts());
+        EXPECT_EQ(InstalledProductMap.size(), 2U);
+        ExpectErrorBox();
+    }
+    InstallTools({});
+    EXPECT_TRUE(LoadInstalledProducts());
+    EXPECT_TRUE(InstalledProductMap.empty());
+    EXPECT_EQ(calls::OpenKeys(), 0U);
+}
+
+TEST_F(StartTest, SecondInstanceShowsAndReadsNothing)
+{
+    InstallTools({AlderQB});
+    calls::Reset();
+    g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
+    EXPECT_FALSE(AfxGetApp()->InitInstance());
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+    EXPECT_TRUE(calls::Made().empty());
+}
