@@ -86,6 +86,7 @@ void CMAUSBSettingsDlg::LoadIsochPayloadAlignment()
     m_nIsochPayloadAlignment = alignment == AlignedToDword ? AlignedToDword : AlignedToByte;
     GetDlgItem(m_nIsochPayloadAlignment == AlignedToDword ? IDC_ALIGNMENT_DWORD : IDC_ALIGNMENT_BYTE)
         ->SendMessage(BM_SETCHECK, BST_CHECKED);
+    MoveAlignmentTabStop();
 }
 
 void CMAUSBSettingsDlg::SaveSettings()
@@ -187,8 +188,17 @@ void CMAUSBSettingsDlg::SetIsochPayloadAlignment(int alignment)
 {
     const int before = m_nIsochPayloadAlignment;
     m_nIsochPayloadAlignment = alignment;
+    MoveAlignmentTabStop();
     UpdateData(TRUE);
     SetModified(m_nIsochPayloadAlignment != before);
+}
+
+// An unchecked radio button that gets the focus by Tab checks itself: the setting would change by going past.
+void CMAUSBSettingsDlg::MoveAlignmentTabStop()
+{
+    const DWORD byteStop = m_nIsochPayloadAlignment == AlignedToByte ? WS_TABSTOP : 0;
+    GetDlgItem(IDC_ALIGNMENT_BYTE)->ModifyStyle(WS_TABSTOP, byteStop);
+    GetDlgItem(IDC_ALIGNMENT_DWORD)->ModifyStyle(WS_TABSTOP, WS_TABSTOP & ~byteStop);
 }
 
 void CMAUSBSettingsDlg::OnNewId()

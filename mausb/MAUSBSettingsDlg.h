@@ -36,6 +36,8 @@ protected:
 private:
     void LoadIsochPayloadAlignment();
     void SetIsochPayloadAlignment(int alignment);
+    // To the button that is checked.
+    void MoveAlignmentTabStop();
     // False, with the ID left as it is, if the system had no address to make one from.
     bool GenerateContainerId();
     void ShowContainerId();

@@ -36,7 +36,8 @@ void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
 
 // A value outside 0 to 2 shows as unchecked.
 void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
-// nIDC is the first radio button of its group; the value is the position of the checked one, -1 for none.
+// nIDC is the first radio button of its group; the value is the position of the checked one, -1 for none. The
+// checked one, or with none the first, becomes the group's tab stop.
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
 void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index);
 void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);

@@ -46,6 +46,8 @@ public:
     // Null if the window has no such child.
     CWnd* GetDlgItem(int nID) const;
     BOOL EnableWindow(BOOL bEnable = TRUE);
+    // Takes styles away, then adds some. False if that changed nothing.
+    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd);
     BOOL ShowWindow(int nCmdShow);
     void SetWindowText(LPCTSTR lpszString);
     void GetWindowText(CString& rString) const;

@@ -1,6 +1,7 @@
 #include "afxwin.h"
 
 #include <climits>
+#include <vector>
 
 HWND CDataExchange::PrepareCtrl(int nIDC)
 {
@@ -179,29 +180,40 @@ void DDX_Check(CDataExchange* pDX, int nIDC, int& value)
 
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
 {
-    HWND button = pDX->PrepareCtrl(nIDC);
+    std::vector<HWND> buttons;
+    HWND control = pDX->PrepareCtrl(nIDC);
+    do
+    {
+        if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0)
+        {
+            buttons.push_back(control);
+        }
+        control = GetWindow(control, GW_HWNDNEXT);
+    } while (control != nullptr && (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) == 0);
+
     const int wanted = value;
     if (pDX->m_bSaveAndValidate)
     {
         value = -1;
     }
-    int position = 0;
-    do
+    const int count = static_cast<int>(buttons.size());
+    for (int position = 0; position < count; ++position)
     {
-        if ((SendMessageW(button, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0)
+        if (!pDX->m_bSaveAndValidate)
         {
-            if (!pDX->m_bSaveAndValidate)
-            {
-                SendMessageW(button, BM_SETCHECK, position == wanted ? BST_CHECKED : BST_UNCHECKED, 0);
-            }
-            else if (SendMessageW(button, BM_GETCHECK, 0, 0) != BST_UNCHECKED)
-            {
-                value = position;
-            }
-            ++position;
+            SendMessageW(buttons[position], BM_SETCHECK, position == wanted ? BST_CHECKED : BST_UNCHECKED, 0);
         }
-        button = GetWindow(button, GW_HWNDNEXT);
-    } while (button != nullptr && (GetWindowLongW(button, GWL_STYLE) & WS_GROUP) == 0);
+        else if (SendMessageW(buttons[position], BM_GETCHECK, 0, 0) != BST_UNCHECKED)
+        {
+            value = position;
+        }
+    }
+    // Tab is to find the checked button: any other would check itself, and say so, on getting the focus.
+    const int tabStop = value >= 0 && value < count ? value : 0;
+    for (int position = 0; position < count; ++position)
+    {
+        CWnd::FromHandle(buttons[position])->ModifyStyle(WS_TABSTOP, position == tabStop ? WS_TABSTOP : 0);
+    }
 }
 
 void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index)

@@ -13,6 +13,18 @@ BOOL CWnd::EnableWindow(BOOL bEnable)
     return ::EnableWindow(m_hWnd, bEnable);
 }
 
+BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
+{
+    const auto before = static_cast<DWORD>(GetWindowLongW(m_hWnd, GWL_STYLE));
+    const DWORD after = (before & ~dwRemove) | dwAdd;
+    if (after == before)
+    {
+        return FALSE;
+    }
+    SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(after));
+    return TRUE;
+}
+
 BOOL CWnd::ShowWindow(int nCmdShow)
 {
     return ::ShowWindow(m_hWnd, nCmdShow);
