@@ -52,7 +52,7 @@ public:
     void SetWindowText(LPCTSTR lpszString);
     void GetWindowText(CString& rString) const;
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    // Centres the window over its owner, or on the screen, and keeps it on the screen.
+    // Centres the window over its owner, or on its monitor, and keeps it on that monitor.
     void CenterWindow();
 
     // Moves members to controls (false) or controls to members (true) by DoDataExchange. While it runs the

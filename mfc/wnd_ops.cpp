@@ -49,14 +49,18 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam)
 
 void CWnd::CenterWindow()
 {
+    const HWND owner = GetWindow(m_hWnd, GW_OWNER);
     RECT window = {};
-    RECT screen = {};
-    if (!GetWindowRect(m_hWnd, &window) || !SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0))
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof(monitor);
+    if (!GetWindowRect(m_hWnd, &window) ||
+        !GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : m_hWnd, MONITOR_DEFAULTTONEAREST),
+                         &monitor))
     {
         return;
     }
+    const RECT& screen = monitor.rcWork;
     RECT centre = screen;
-    const HWND owner = GetWindow(m_hWnd, GW_OWNER);
     if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner))
     {
         GetWindowRect(owner, &centre);
