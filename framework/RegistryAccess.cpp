@@ -86,13 +86,13 @@ void MakeProductKeyPath(WideString& path, const ProductId& product)
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
 {
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    // Of a value that does not fit the buffer may hold anything.
-    DWORD read = number;
-    DWORD size = sizeof(read);
+    // A copy, because a query that fails leaves anything in its buffer.
+    DWORD word = number;
+    DWORD size = sizeof(word);
     if (opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,
-                                            reinterpret_cast<BYTE*>(&read), &size) == ERROR_SUCCESS)
+                                            reinterpret_cast<BYTE*>(&word), &size) == ERROR_SUCCESS)
     {
-        number = read;
+        number = word;
     }
 }
 
