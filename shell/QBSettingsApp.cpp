@@ -43,7 +43,7 @@ HANDLE g_hInstanceMutex = CreateInstanceMutex();
 
 namespace
 {
-// Before the application object, so that the mutex is the last to go.
+// Before the application object, so that the mutex goes after it.
 [[maybe_unused]] const int g_exitRoutine = std::atexit(CloseInstanceMutex);
 CQBSettingsApp theApp;
 }  // namespace
@@ -83,7 +83,7 @@ BOOL CQBSettingsApp::InitInstance()
 
 void CQBSettingsApp::ActivateFirstInstance() const
 {
-    if (const HWND first = FindWindowW(nullptr, m_strAppTitle))
+    if (const HWND first = FindWindowW(nullptr, m_strAppTitle.c_str()))
     {
         ShowWindow(first, SW_SHOWDEFAULT);
         BringWindowToTop(first);
@@ -91,32 +91,29 @@ void CQBSettingsApp::ActivateFirstInstance() const
     }
 }
 
-namespace
-{
-// One page, made and offered to the sheet; a local of RunSheet, as the sheet is.
-template <class Page>
-struct PageRow
-{
-    explicit PageRow(CSettingsSheet& sheet) { sheet.Join(page); }
-
-    Page page;
-};
-}  // namespace
-
 // The pages are made and joined in the order of their tabs, and destroyed in the reverse order.
 void CQBSettingsApp::RunSheet()
 {
-    CSettingsSheet sheet(m_strAppTitle);
-    PageRow<CGeneralSettingsDlg> general(sheet);
-    sheet.SetActivePage(&general.page);
-    const PageRow<CDriversAndFirmwareDlg> driversAndFirmware(sheet);
-    const PageRow<CChapter9Dlg> chapter9(sheet);
-    const PageRow<CWaiversDlg> waivers(sheet);
-    const PageRow<CXHCISettingsDlg> xhci(sheet);
-    const PageRow<CMAUSBSettingsDlg> identity(sheet);
-    const PageRow<CMAUSBMediaDlg> media(sheet);
-    const PageRow<CMAUSBProtocolConstantsDlg> protocol(sheet);
-    const PageRow<CMAUSBHubUnderTestParamsDlg> hostUnderTest(sheet);
+    CSettingsSheet sheet(m_strAppTitle.c_str());
+    CGeneralSettingsDlg general;
+    sheet.Join(general);
+    sheet.SetActivePage(&general);
+    CDriversAndFirmwareDlg driversAndFirmware;
+    sheet.Join(driversAndFirmware);
+    CChapter9Dlg chapter9;
+    sheet.Join(chapter9);
+    CWaiversDlg waivers;
+    sheet.Join(waivers);
+    CXHCISettingsDlg xhci;
+    sheet.Join(xhci);
+    CMAUSBSettingsDlg identity;
+    sheet.Join(identity);
+    CMAUSBMediaDlg media;
+    sheet.Join(media);
+    CMAUSBProtocolConstantsDlg protocol;
+    sheet.Join(protocol);
+    CMAUSBHubUnderTestParamsDlg hostUnderTest;
+    sheet.Join(hostUnderTest);
     m_pMainWnd = &sheet;
     sheet.DoModal();
     m_pMainWnd = nullptr;

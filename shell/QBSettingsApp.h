@@ -1,5 +1,7 @@
 #pragma once
 
+#include "framework/RegistryAccess.h"
+
 #include <afxwin.h>
 
 // The application: all of its work is done in InitInstance, which gives false, so that the process then ends.
@@ -17,7 +19,7 @@ private:
     void ActivateFirstInstance() const;
     void RunSheet();
 
-    CString m_strAppTitle;  // the sheet's caption, by which a second instance finds the first
+    WideString m_strAppTitle;  // the sheet's caption, by which a second instance finds the first
 };
 
 // Marks a running instance by its existence; never waited on. Null if it could not be made.
