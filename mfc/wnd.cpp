@@ -146,6 +146,15 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             return result;
         }
         break;
+    case WM_HELP:
+        // F1. A control's goes up to its dialog by default processing, and is there the application's
+        // command.
+        if ((GetWindowLongW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0 && AfxGetMainWnd() != nullptr)
+        {
+            AfxGetMainWnd()->SendMessage(WM_COMMAND, ID_HELP);
+            return TRUE;
+        }
+        break;
     default:
         if (const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0))
         {
