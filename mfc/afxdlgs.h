@@ -99,6 +99,7 @@ public:
 
 private:
     CString m_strFilter;
+    TCHAR m_szFileName[MAX_PATH] = {};  // the name to start with
     CString m_strPathName;
     CWnd* m_pParentWnd;
 };

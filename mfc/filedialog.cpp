@@ -82,7 +82,12 @@ CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD d
 {
     m_ofn.Flags = dwFlags;
     m_ofn.lpstrDefExt = lpszDefExt;
-    m_ofn.lpstrFileTitle = const_cast<LPWSTR>(lpszFileName);
+    m_ofn.lpstrFile = m_szFileName;
+    m_ofn.nMaxFile = MAX_PATH;
+    if (lpszFileName != nullptr)
+    {
+        lstrcpynW(m_szFileName, lpszFileName, MAX_PATH);
+    }
 }
 
 INT_PTR CFileDialog::DoModal()
@@ -109,9 +114,9 @@ INT_PTR CFileDialog::DoModal()
     {
         dialog->SetDefaultExtension(m_ofn.lpstrDefExt);
     }
-    if (m_ofn.lpstrFileTitle != nullptr)
+    if (*m_ofn.lpstrFile != 0)
     {
-        dialog->SetFileName(m_ofn.lpstrFileTitle);
+        dialog->SetFileName(m_ofn.lpstrFile);
     }
     ComPointer<IShellItem> folder;
     if (m_ofn.lpstrInitialDir != nullptr &&
