@@ -21,6 +21,7 @@ public:
     PROPSHEETPAGEW& GetPSP() { return m_psp; }
 
     // Marks this page, or takes its mark away. The sheet's Apply button is enabled while some page is marked.
+    // A page that has no window yet can't be marked.
     void SetModified(BOOL bChanged = TRUE);
 
     // Members to controls, except the first time, when OnInitDialog has just done it. False: another page.
@@ -38,7 +39,7 @@ protected:
 
 private:
     friend class CPropertySheet;
-    static UINT CALLBACK PageCallback(HWND hWnd, UINT message, PROPSHEETPAGEW* pPage);
+    static INT_PTR CALLBACK PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     // Tells the common control this page's mark again.
     void RestoreMark();
 
@@ -98,8 +99,8 @@ public:
     CString GetPathName() const { return m_strPathName; }
 
 private:
-    CString m_strFilter;
     TCHAR m_szFileName[MAX_PATH] = {};  // the name to start with
+    CString m_strFilter;
     CString m_strPathName;
     CWnd* m_pParentWnd;
 };

@@ -62,7 +62,8 @@ public:
 
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
-    // Runs messages until EndModalLoop, or until ContinueModal says no; gives EndModalLoop's result.
+    // Shows the window and runs messages until EndModalLoop, or until ContinueModal says no; gives
+    // EndModalLoop's result.
     int RunModalLoop();
     void EndModalLoop(int nResult);
     virtual BOOL ContinueModal() { return m_bContinueModal; }
@@ -88,13 +89,14 @@ protected:
 
     DECLARE_MESSAGE_MAP()
 
+    BOOL m_bContinueModal = FALSE;
+    int m_nModalResult = 0;
+
 private:
     static LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     void Detach();
 
     WNDPROC m_pfnSuper = nullptr;
-    BOOL m_bContinueModal = FALSE;
-    int m_nModalResult = 0;
     BOOL m_bToolTips = FALSE;
 };
 
@@ -166,14 +168,15 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-// The dialog procedure of every dialog and page: hands WM_INITDIALOG to OnInitDialog.
+// The dialog procedure of every dialog: WM_INITDIALOG names the object, which takes the window and goes on to
+// OnInitDialog.
 INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 // The next dialog window that this thread creates is attached to the object before its first message. That is
 // how WM_NCCREATE of a window that a system function makes reaches a handler.
 void AfxHookWindowCreate(CWnd* pWnd);
-// Ends that. False if no window has come.
-bool AfxUnhookWindowCreate();
+// Ends that, whether a window has come or not.
+void AfxUnhookWindowCreate();
 
 // The application. One object, a static; WinMain runs InitInstance of it, and Run if that gives true.
 class CWinApp : public CCmdTarget

@@ -8,17 +8,15 @@ BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
 END_MESSAGE_MAP()
 
-INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM)
+INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG)
+    if (message != WM_INITDIALOG)
     {
-        if (auto* dialog = static_cast<CDialog*>(CWnd::FromHandlePermanent(hWnd)))
-        {
-            return dialog->OnInitDialog();
-        }
-        return TRUE;
+        return FALSE;
     }
-    return FALSE;
+    auto* dialog = reinterpret_cast<CDialog*>(lParam);
+    dialog->Attach(hWnd);
+    return dialog->OnInitDialog();
 }
 
 HWND AfxGetSafeOwner(const CWnd* pParent)
@@ -42,14 +40,14 @@ int CDialog::DoModal()
     {
         ::EnableWindow(owner, FALSE);
     }
-    AfxHookWindowCreate(this);
-    CreateDialogParamW(AfxGetInstanceHandle(), MAKEINTRESOURCEW(m_nIDTemplate), owner, AfxDlgProc, 0);
-    AfxUnhookWindowCreate();
-    int result = -1;
-    if (m_hWnd != nullptr)
+    m_nModalResult = -1;
+    m_bContinueModal = TRUE;
+    CreateDialogParamW(AfxGetInstanceHandle(), MAKEINTRESOURCEW(m_nIDTemplate), owner, AfxDlgProc,
+                       reinterpret_cast<LPARAM>(this));
+    // OnInitDialog may have ended the dialog, which is then never shown.
+    if (m_hWnd != nullptr && m_bContinueModal)
     {
-        ShowWindow(SW_SHOWNORMAL);
-        result = RunModalLoop();
+        RunModalLoop();
     }
     // Before the dialog goes, so that the activation goes to its owner and to no other program.
     if (disabled)
@@ -62,7 +60,7 @@ int CDialog::DoModal()
     {
         SetActiveWindow(owner);
     }
-    return result;
+    return m_nModalResult;
 }
 
 void CDialog::EndDialog(int nResult)

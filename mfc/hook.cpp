@@ -35,14 +35,12 @@ void AfxHookWindowCreate(CWnd* pWnd)
     }
 }
 
-bool AfxUnhookWindowCreate()
+void AfxUnhookWindowCreate()
 {
-    const bool attached = g_windowToAttach == nullptr;
     g_windowToAttach = nullptr;
     if (g_hook != nullptr)
     {
         UnhookWindowsHookEx(g_hook);
         g_hook = nullptr;
     }
-    return attached;
 }

@@ -5,33 +5,29 @@ IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
 CPropertyPage::CPropertyPage(UINT nIDTemplate, UINT nIDCaption) : CDialog(nIDTemplate)
 {
     m_psp.dwSize = sizeof(m_psp);
-    m_psp.dwFlags = PSP_USECALLBACK;
     m_psp.hInstance = AfxGetInstanceHandle();
     m_psp.pszTemplate = MAKEINTRESOURCEW(nIDTemplate);
-    m_psp.pfnDlgProc = AfxDlgProc;
-    m_psp.pfnCallback = PageCallback;
-    m_psp.lParam = reinterpret_cast<LPARAM>(this);
+    m_psp.pfnDlgProc = PageProc;
+    m_psp.lParam = reinterpret_cast<LPARAM>(static_cast<CDialog*>(this));
     if (nIDCaption != 0)
     {
-        m_psp.dwFlags |= PSP_USETITLE;
+        m_psp.dwFlags = PSP_USETITLE;
         m_psp.pszTitle = MAKEINTRESOURCEW(nIDCaption);
     }
 }
 
-UINT CALLBACK CPropertyPage::PageCallback(HWND, UINT message, PROPSHEETPAGEW* pPage)
+// The sheet hands a page its own structure where a dialog gets the object.
+INT_PTR CALLBACK CPropertyPage::PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == PSPCB_CREATE)
-    {
-        AfxHookWindowCreate(reinterpret_cast<CPropertyPage*>(pPage->lParam));
-    }
-    return TRUE;
+    return AfxDlgProc(hWnd, message, wParam,
+                      message == WM_INITDIALOG ? reinterpret_cast<const PROPSHEETPAGEW*>(lParam)->lParam : 0);
 }
 
 void CPropertyPage::SetModified(BOOL bChanged)
 {
-    m_bModified = bChanged;
     if (m_hWnd != nullptr)
     {
+        m_bModified = bChanged;
         ::SendMessageW(::GetParent(m_hWnd), bChanged ? PSM_CHANGED : PSM_UNCHANGED,
                        reinterpret_cast<WPARAM>(m_hWnd), 0);
     }

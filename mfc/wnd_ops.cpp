@@ -112,6 +112,10 @@ BOOL WalkPreTranslateTree(HWND stop, MSG* message)
 int CWnd::RunModalLoop()
 {
     m_bContinueModal = TRUE;
+    if (!IsWindowVisible(m_hWnd))
+    {
+        ShowWindow(SW_SHOWNORMAL);
+    }
     while (ContinueModal())
     {
         MSG message = {};
