@@ -25,17 +25,20 @@ public:
     explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);
     ~CAdvancedTCPSettingsDlg() override;
 
+    DECLARE_MESSAGE_MAP()
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+
+public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
     BOOL OnInitDialog() override;
 
 protected:
-    void DoDataExchange(CDataExchange* pDX) override;
     void OnOK() override;
 
     afx_msg void OnUseDefaultSndBuf();
     afx_msg void OnUseDefaultRcvBuf();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     void InitToolTips();

@@ -11,6 +11,8 @@ public:
     CMAUSBHubUnderTestParamsDlg();
     ~CMAUSBHubUnderTestParamsDlg() override;
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -19,8 +21,6 @@ protected:
 
     afx_msg void OnRetries(UINT id);
     afx_msg void OnSendsGetPortBWReq();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     struct RetrySetting

@@ -14,6 +14,8 @@ public:
     CMAUSBMediaDlg();
     ~CMAUSBMediaDlg() override;
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -36,8 +38,6 @@ protected:
     afx_msg void OnAdvancedTCP();
     afx_msg void OnPortsClient();
     afx_msg void OnPortsServer();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     static constexpr int NetworkTCP = 0;

@@ -11,6 +11,8 @@ public:
     CMAUSBProtocolConstantsDlg();
     ~CMAUSBProtocolConstantsDlg() override;
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -21,8 +23,6 @@ protected:
     afx_msg void OnSetToDefault();
     afx_msg void OnSetToSuggested();
     afx_msg void OnSetToMinimum();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     enum class Group

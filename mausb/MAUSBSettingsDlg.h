@@ -14,6 +14,8 @@ public:
     CMAUSBSettingsDlg();
     ~CMAUSBSettingsDlg() override;
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -30,8 +32,6 @@ protected:
     afx_msg void OnRefuseSleepRequests();
     afx_msg void OnLinkSleepCapability();
     afx_msg void OnUseDefaultMaxUSBTransferSize();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     void LoadIsochPayloadAlignment();

@@ -21,16 +21,19 @@ public:
     // 1 to 65535 as the text begins with it, and 0 for any other text.
     static UINT ParsePortText(const CString& text);
 
+    DECLARE_MESSAGE_MAP()
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+
+public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
     BOOL OnInitDialog() override;
 
 protected:
-    void DoDataExchange(CDataExchange* pDX) override;
     void OnOK() override;
 
     afx_msg void OnPortText(UINT id);
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     static constexpr int RowCount = 4;

@@ -11,15 +11,11 @@ END_MESSAGE_MAP()
 
 namespace
 {
+const WideString AlderKey = _T("SOFTWARE\\Halvane\\AlderQB");
+const WideString BirchKey = _T("SOFTWARE\\Halvane\\BirchQB");
+
 const WideString NameAlderSkipBos = _T("SkipBOSDescriptorLegacyDevicesAlderQB");
 const WideString NameBirchSkipBos = _T("SkipBOSDescriptorLegacyDevicesBirchQB");
-
-WideString KeyOf(const ProductId& product)
-{
-    WideString path;
-    MakeProductKeyPath(path, product);
-    return path;
-}
 }  // namespace
 
 CChapter9Dlg::CChapter9Dlg() : CSettingsPage(IDD_CHAPTER9)
@@ -39,11 +35,11 @@ void CChapter9Dlg::LoadSettings()
 {
     if (IsProductInstalled(AlderQB))
     {
-        ReadValue(KeyOf(AlderQB), NameAlderSkipBos, SkipBOSDescriptorLegacyDevicesAlderQB);
+        ReadValue(AlderKey, NameAlderSkipBos, SkipBOSDescriptorLegacyDevicesAlderQB);
     }
     if (IsProductInstalled(BirchQB))
     {
-        ReadValue(KeyOf(BirchQB), NameBirchSkipBos, SkipBOSDescriptorLegacyDevicesBirchQB);
+        ReadValue(BirchKey, NameBirchSkipBos, SkipBOSDescriptorLegacyDevicesBirchQB);
     }
 }
 
@@ -51,11 +47,11 @@ void CChapter9Dlg::SaveSettings()
 {
     if (IsProductInstalled(AlderQB))
     {
-        WriteValue(KeyOf(AlderQB), NameAlderSkipBos, SkipBOSDescriptorLegacyDevicesAlderQB);
+        WriteValue(AlderKey, NameAlderSkipBos, SkipBOSDescriptorLegacyDevicesAlderQB);
     }
     if (IsProductInstalled(BirchQB))
     {
-        WriteValue(KeyOf(BirchQB), NameBirchSkipBos, SkipBOSDescriptorLegacyDevicesBirchQB);
+        WriteValue(BirchKey, NameBirchSkipBos, SkipBOSDescriptorLegacyDevicesBirchQB);
     }
 }
 

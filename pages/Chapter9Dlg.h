@@ -10,6 +10,8 @@ class CChapter9Dlg : public CSettingsPage
 public:
     CChapter9Dlg();
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -19,8 +21,6 @@ protected:
 
     afx_msg void OnAlderSkipBos();
     afx_msg void OnBirchSkipBos();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     int SkipBOSDescriptorLegacyDevicesAlderQB = 0;

@@ -11,6 +11,8 @@ class CDriversAndFirmwareDlg : public CSettingsPage
 public:
     CDriversAndFirmwareDlg();
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -23,8 +25,6 @@ protected:
     afx_msg void OnUsb4HiSwitch();
     afx_msg void OnRvskSwitch();
     afx_msg void OnBrowse(UINT id);
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     enum StackIndex

@@ -10,6 +10,8 @@ class CGeneralSettingsDlg : public CSettingsPage
 public:
     CGeneralSettingsDlg();
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
@@ -20,8 +22,6 @@ protected:
     afx_msg void OnCertificationMode();
     afx_msg void OnLogVerbosity();
     afx_msg void OnDisplayUpdateTime();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     int CertificationMode = 0;

@@ -10,6 +10,8 @@ class CWaiversDlg : public CSettingsPage
 public:
     CWaiversDlg();
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override {}
@@ -19,8 +21,6 @@ protected:
 
     afx_msg void OnPortNum();
     afx_msg void OnBtRemoteWake();
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     CButton m_btnPortNum;

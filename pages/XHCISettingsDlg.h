@@ -10,6 +10,8 @@ class CXHCISettingsDlg : public CSettingsPage
 public:
     CXHCISettingsDlg();
 
+    DECLARE_MESSAGE_MAP()
+
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override {}
@@ -19,8 +21,6 @@ protected:
     // Any of the page's controls was changed.
     afx_msg void OnSettingChanged(UINT id);
     afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
-
-    DECLARE_MESSAGE_MAP()
 
 private:
     struct Setting;
