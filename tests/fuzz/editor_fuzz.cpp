@@ -1,0 +1,210 @@
+// Any registry under the editor: values of any types and lengths at the places that one page reads; then that
+// page is opened, applied twice and closed. Now and then any list of installed tools instead.
+#include "shell/QBSettingsApp.h"
+#include "support/form.h"
+
+#include <prsht.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+
+namespace
+{
+int g_openKeys = 0;
+
+template <class Function>
+Function* System(const char* name)
+{
+    return reinterpret_cast<Function*>(GetProcAddress(LoadLibraryW(_T("advapi32.dll")), name));
+}
+
+LSTATUS Count(LSTATUS status)
+{
+    g_openKeys += status == ERROR_SUCCESS ? 1 : 0;
+    return status;
+}
+}  // namespace
+
+// The linker takes these for the system's own.
+LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, REGSAM access, PHKEY opened)
+{
+    static auto* const next = System<decltype(RegOpenKeyExW)>("RegOpenKeyExW");
+    return Count(next(key, path, options, access, opened));
+}
+
+LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR name, DWORD options,
+                               REGSAM access, SECURITY_ATTRIBUTES* security, PHKEY opened, DWORD* disposition)
+{
+    static auto* const next = System<decltype(RegCreateKeyExW)>("RegCreateKeyExW");
+    return Count(next(key, path, reserved, name, options, access, security, opened, disposition));
+}
+
+LSTATUS WINAPI RegCloseKey(HKEY key)
+{
+    static auto* const next = System<decltype(RegCloseKey)>("RegCloseKey");
+    --g_openKeys;
+    return next(key);
+}
+
+namespace
+{
+void Check(bool holds, const char* what)
+{
+    if (!holds)
+    {
+        std::fprintf(stderr, "does not hold: %s\n", what);
+        std::abort();
+    }
+}
+
+LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
+{
+    Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "memory is there");
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// A value's place: its key, which stands for its subkeys if it ends in a backslash, and its name.
+using Places = std::vector<std::pair<Text, Text>>;
+
+// Cuts the fuzzer's bytes into values to store; takes zeros when they have run out.
+class Input
+{
+public:
+    Input(const uint8_t* data, size_t size) : m_bytes(data, data + size) {}
+
+    BYTE Byte() { return m_at < m_bytes.size() ? m_bytes[m_at++] : BYTE{0}; }
+    void StoreAll(const Places& places)
+    {
+        while (m_at < m_bytes.size())
+        {
+            const size_t choice = Byte() % (places.size() + 1);
+            const auto& [key, name] = places[choice % places.size()];
+            const Text subkey = key.back() == _T('\\') ? Name() : Text();
+            Store(key + subkey, choice < places.size() ? name : Name(), Value());
+        }
+    }
+
+private:
+    // Up to 255 bytes as they come, or one and the same many times.
+    StoredValue Value()
+    {
+        const BYTE form = Byte();
+        const size_t count = form % 8 < 6 ? form % 8 : Byte();
+        StoredValue value = {form / 8U % 12, std::vector<BYTE>(form % 8 == 6 ? count * 64 : count, Byte())};
+        for (size_t index = 1; form % 8 != 6 && index < count; ++index)
+        {
+            value.data[index] = Byte();
+        }
+        return value;
+    }
+    // Digits often, for the ports' subkeys.
+    Text Name()
+    {
+        Text name(Byte() % 16, _T('0'));
+        for (TCHAR& character : name)
+        {
+            const BYTE byte = Byte();
+            character = static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
+        }
+        return name;
+    }
+
+    const std::vector<BYTE> m_bytes;
+    size_t m_at = 0;
+};
+
+// The last is for any list of tools: which pages there are shows then.
+const Text Tabs[] = {tabs::General,  tabs::Drivers, tabs::Chapter9, tabs::Waivers,       tabs::Xhci,
+                     tabs::Identity, tabs::Media,   tabs::Protocol, tabs::HostUnderTest, _T("")};
+std::vector<Places> g_places;  // of each tab
+
+Text g_tab;     // the one to open; the last that there is if empty
+bool g_closed;  // whether a window came and was closed again
+Tree g_first;   // what the first Apply has left
+
+LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != WM_APP)
+    {
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+    if (AfxGetMainWnd() == nullptr)
+    {
+        Check(g_tab.empty(), "the list of all tools is read");
+        SendMessageW(FindWindowW(nullptr, titles::Error.c_str()), WM_COMMAND, IDOK, 0);
+        g_closed = true;
+        return 0;
+    }
+    const Sheet sheet(AfxGetMainWnd()->m_hWnd);
+    Check(sheet.Select(g_tab.empty() ? sheet.Tabs().back() : g_tab), "every page opens");
+    SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
+    g_first = StoredSettings();
+    SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
+    sheet.Cancel();
+    g_closed = true;
+    return 0;
+}
+
+void RunEditor()
+{
+    static const HWND user =
+        CreateWindowExW(0, _T("Static"), nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(user, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(UseEditor));
+    // Reached by the first modal loop, whose ever it is.
+    PostMessageW(user, WM_APP, 0, 0);
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+    g_closed = false;
+    g_first.clear();
+    AfxGetApp()->InitInstance();
+    Check(g_closed, "the editor shows itself and closes");
+    Check(g_first.empty() || g_first == StoredSettings(), "a second Apply, and Cancel, change nothing");
+    Check(g_openKeys == 0, "no key stays open");
+}
+
+// Where a page looks for settings: where it writes them.
+Places PlacesOf(const Text& tab)
+{
+    ClearSettings();
+    InstallTools(AllTools);
+    g_tab = tab;
+    RunEditor();
+    Places places;
+    for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first)
+    {
+        for (const auto& [name, value] : values)
+        {
+            places.emplace_back(key, name);
+        }
+        if (key == keys::ClientPorts || key == keys::ServerPorts)
+        {
+            places.emplace_back(key + _T("\\"), _T("PacketType"));
+        }
+    }
+    return places;
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    // Wine would end the program before the fuzzer has kept the input.
+    std::signal(SIGABRT, SIG_DFL);
+    AddVectoredExceptionHandler(1, OnException);
+    std::transform(std::begin(Tabs), std::end(Tabs), std::back_inserter(g_places), PlacesOf);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    Input input(data, size);
+    const size_t choice = input.Byte() % std::size(Tabs);
+    g_tab = Tabs[choice];
+    ClearSettings();
+    if (!g_tab.empty())
+    {
+        InstallTools(AllTools);
+    }
+    input.StoreAll(g_places[choice]);
+    RunEditor();
+    return 0;
+}
