@@ -4,9 +4,17 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Werror)
 add_library(win32 INTERFACE)
 target_compile_definitions(win32 INTERFACE UNICODE _UNICODE WINVER=0x0A00 _WIN32_WINNT=0x0A00 STRICT NOMINMAX
   WIN32_LEAN_AND_MEAN)
-target_link_libraries(win32 INTERFACE comctl32 ole32 rpcrt4 uuid)
 
 if(WIN32)
+  # Loaded when they are first called. The shell, for the first open-file dialog that has a start folder: with the
+  # program it would take some hundredths of the start. The common controls, once the program has said where to look
+  # for libraries, as they load others themselves.
+  foreach(library shell32 comctl32)
+    set(delayed ${CMAKE_BINARY_DIR}/lib${library}_delayed.a)
+    execute_process(COMMAND ${CMAKE_DLLTOOL} -m i386:x86-64 -d ${CMAKE_CURRENT_SOURCE_DIR}/cmake/delayed/${library}.def
+      -y ${delayed} COMMAND_ERROR_IS_FATAL ANY)
+    target_link_libraries(win32 INTERFACE ${delayed})
+  endforeach()
   # GCC 12 sees overlapping copies in std::string where there are none.
   add_compile_options(-Wno-restrict)
   # One file that runs on a bare machine, hardened, and the same bytes from the same sources.
@@ -17,12 +25,6 @@ if(WIN32)
     -Wl,--major-subsystem-version,10,--minor-subsystem-version,0)
   set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
   set(CMAKE_EXE_LINKER_FLAGS_RELEASE "-s")
-  # Loaded with the first open-file dialog that has a start folder: with the program it would take some hundredths of
-  # the start.
-  set(shell32_delayed ${CMAKE_BINARY_DIR}/libshell32_delayed.a)
-  execute_process(COMMAND ${CMAKE_DLLTOOL} -m i386:x86-64 -d ${CMAKE_CURRENT_SOURCE_DIR}/cmake/shell32.def
-    -y ${shell32_delayed} COMMAND_ERROR_IS_FATAL ANY)
-  target_link_libraries(win32 INTERFACE ${shell32_delayed})
 else()
   # With what the fuzzer needs to see where it has been. Optimized as far as stack traces and the debugger allow. Wine's
   # COM objects have no C++ types to check.
@@ -41,3 +43,4 @@ else()
   # What Windows' own build takes by itself.
   target_link_libraries(win32 INTERFACE ${sanitizers} shell32 comdlg32 advapi32 gdi32 user32 kernel32 stdc++ m)
 endif()
+target_link_libraries(win32 INTERFACE comctl32 ole32 rpcrt4 uuid)

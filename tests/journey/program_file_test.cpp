@@ -1,23 +1,27 @@
 // QBSettings.exe as a file: what Windows, and whoever installs it, go by.
 #include "driver/editor.h"
 #include "resource.h"
+#include "support/settings_test.h"
 
-#include <gtest/gtest.h>
+#include <psapi.h>
 
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <filesystem>
 #include <set>
 
 namespace
 {
 constexpr size_t MaximumSize = size_t{400} * 1024;
 
-// Windows takes each of these from its own folders even where a file of that name lies beside the program; of
-// comctl32 that holds by the manifest. The shell is not among them: it is loaded when it is first called.
-const std::set<std::string> SystemLibraries = {"advapi32.dll", "comctl32.dll", "comdlg32.dll",
-                                               "gdi32.dll",    "kernel32.dll", "msvcrt.dll",
-                                               "ole32.dll",    "rpcrt4.dll",   "user32.dll"};
+// Windows keeps these mapped for all programs, with all that they import, and looks at no file of their name
+// beside a program: no call has to come before, nor DependentLoadFlags, which GNU's linker cannot write. Not
+// so what they load by name while they run; that the program's first call keeps to the system's folder. The
+// common controls load some as soon as they are there, so they themselves are loaded after that call, and by
+// the manifest.
+const std::set<std::string> KnownLibraries = {"advapi32.dll", "kernel32.dll", "msvcrt.dll",
+                                              "ole32.dll",    "rpcrt4.dll",   "user32.dll"};
 
 std::string ReadProgram()
 {
@@ -78,6 +82,26 @@ protected:
 
     const HMODULE m_module = LoadLibraryExW(EditorProcess::Path().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
 };
+
+// The files from which a process has loaded its code, in small letters.
+std::set<std::filesystem::path> LoadedFiles(DWORD id)
+{
+    std::set<std::filesystem::path> files;
+    const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+    HMODULE modules[256] = {};
+    DWORD size = 0;
+    EXPECT_TRUE(EnumProcessModules(process, modules, sizeof(modules), &size));
+    for (DWORD index = 0; index < std::min<DWORD>(size, sizeof(modules)) / sizeof(HMODULE); ++index)
+    {
+        wchar_t path[MAX_PATH] = {};
+        GetModuleFileNameExW(process, modules[index], path, MAX_PATH);
+        files.insert(_wcslwr(path));
+    }
+    CloseHandle(process);
+    return files;
+}
+
+using PlantedLibraries = SettingsTest;
 }  // namespace
 
 TEST_F(ProgramFile, IsASmallStrippedGuiProgramForWindows10)
@@ -121,7 +145,7 @@ TEST_F(ProgramFile, HoldsNothingOfWhereAndWhenItWasBuilt)
     }
 }
 
-TEST_F(ProgramFile, ImportsFromTheSystemAlone)
+TEST_F(ProgramFile, ImportsWhatNobodyCanPlant)
 {
     const auto* library =
         reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(At(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress));
@@ -131,9 +155,49 @@ TEST_F(ProgramFile, ImportsFromTheSystemAlone)
         std::string name = At(library->Name);
         std::transform(name.begin(), name.end(), name.begin(),
                        [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-        EXPECT_TRUE(SystemLibraries.contains(name)) << name;
+        EXPECT_TRUE(KnownLibraries.contains(name)) << name;
     }
     EXPECT_EQ(Directory(IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT).Size, 0U);
+}
+
+// Copies of the system's own, which do no harm: it shows in their paths where they were found.
+TEST_F(PlantedLibraries, AreNotLoaded)
+{
+    const std::filesystem::path folder = EditorProcess::Path(L"planted");
+    const std::filesystem::path program = folder / L"QBSettings.exe";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+    std::filesystem::copy_file(EditorProcess::Path(), program);
+    for (const wchar_t* library :
+         {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll", L"comdlg32.dll",
+          L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
+    {
+        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library,
+                                   folder / library);
+    }
+    InstallTools(AllTools);
+    {
+        const EditorProcess editor(L"", L"planted\\QBSettings.exe");
+        const EditorSheet sheet = editor.WaitForSheet();
+        sheet.OpenAll();
+        ASSERT_TRUE(sheet.Select(IDD_DRIVERS_AND_FIRMWARE));
+        sheet.ClickToOpen(IDC_EHCI_BROWSE);
+        ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
+        std::set<std::string> planted;
+        for (const std::filesystem::path& file : LoadedFiles(editor.Id()))
+        {
+            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0)
+            {
+                planted.insert(file.filename().string());
+            }
+        }
+        EXPECT_TRUE(planted.erase("qbsettings.exe"));
+        // Wine knows no libraries as Windows does, and its own user32 needs version.dll.
+        planted.erase("msvcrt.dll");
+        planted.erase("version.dll");
+        EXPECT_EQ(planted, std::set<std::string>());
+    }
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(ProgramResources, IconComesInTheSizesThatWindowsShows)
