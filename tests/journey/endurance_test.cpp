@@ -1,0 +1,216 @@
+// Whether the program lasts: starts, pages and kills in great numbers. A few of each, unless QB_ENDURANCE
+// says how many starts; then two and a half times as many shows of each page and half as many kills.
+#include "driver/editor.h"
+#include "support/settings_test.h"
+
+#include <psapi.h>
+#include <winternl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+
+namespace
+{
+const int Starts = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 6;
+// As many go before the first count: what is made once is there then.
+const int WarmUp = std::min(10, Starts / 2);
+
+// What a program could leave behind or pile up.
+enum What
+{
+    Processes,
+    Handles,
+    Windows,
+    Kilobytes,
+    Kinds
+};
+constexpr std::pair<UINT, WPARAM> Closings[] = {
+    {WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
+
+constexpr const char* Names[Kinds] = {"processes", "handles", "windows", "kilobytes"};
+constexpr size_t Slack[Kinds] = {0, 0, 0, 512};  // a heap grows by steps, and shrinks late
+using Counts = std::array<size_t, Kinds>;
+
+size_t WindowsBelow(HWND parent, DWORD process)
+{
+    size_t count = 0;
+    for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;)
+    {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        count += WindowsBelow(window, process) + (process == 0 || owner == process ? 1 : 0);
+    }
+    return count;
+}
+
+// Of one process, or of all (0). In these ways, as Wine gives 0 for GetProcessHandleCount and
+// GetGuiResources.
+Counts Count(DWORD process)
+{
+    Counts counts = {};
+    // The number of handles, a word that is kept free, and five words for each handle; its process is the
+    // second.
+    std::vector<ULONG_PTR> list(size_t{1} << 17);
+    constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
+    NtQuerySystemInformation(ExtendedHandles, list.data(), ULONG{8} << 17, nullptr);
+    std::map<ULONG_PTR, size_t> handles;
+    for (size_t index = 0; index < list[0]; ++index)
+    {
+        ++handles[list[index * 5 + 3]];
+    }
+    std::erase_if(handles, [&](const auto& entry) { return process != 0 && entry.first != process; });
+    for (const auto& [owner, count] : handles)
+    {
+        PROCESS_MEMORY_COUNTERS memory = {};
+        const HANDLE opened = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, static_cast<DWORD>(owner));
+        GetProcessMemoryInfo(opened, &memory, sizeof(memory));
+        CloseHandle(opened);
+        counts[Processes] += 1;
+        counts[Handles] += count;
+        counts[Kilobytes] += memory.PagefileUsage / 1024;
+    }
+    counts[Windows] = WindowsBelow(GetDesktopWindow(), process) + WindowsBelow(HWND_MESSAGE, process);
+    return counts;
+}
+
+// What has just ended takes a moment to go.
+void ExpectNoGrowth(const Counts& before, DWORD process)
+{
+    Sleep(500);
+    const Counts now = Count(process);
+    for (int what = 0; what < Kinds; ++what)
+    {
+        std::cout << Names[what] << ": " << before[what] << ", at last " << now[what] << '\n';
+        EXPECT_LE(now[what], before[what] + Slack[what]) << Names[what];
+    }
+}
+
+struct Setting
+{
+    Text key;
+    Text name;
+    StoredValue shown;
+    StoredValue old;
+};
+
+void StoreAll(const std::vector<Setting>& settings, StoredValue Setting::*value)
+{
+    for (const Setting& setting : settings)
+    {
+        Store(setting.key, setting.name, setting.*value);
+    }
+}
+
+// Has the editor show all pages and store them with OK.
+void RunToTheEnd()
+{
+    const EditorProcess editor;
+    const EditorSheet sheet = editor.WaitForSheet();
+    ASSERT_EQ(sheet.OpenAll().size(), 9U);
+    ASSERT_TRUE(sheet.Ok() && editor.WaitForEnd());
+}
+
+using EnduranceJourney = SettingsTest;
+}  // namespace
+
+TEST_F(EnduranceJourney, CountsShowWhatIsLeaked)
+{
+    const Counts before = Count(GetCurrentProcessId());
+    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const std::string memory(size_t{2} << 20, 'x');
+    const Counts now = Count(GetCurrentProcessId());
+    for (const What what : {Handles, Windows, Kilobytes})
+    {
+        EXPECT_GT(now[what], before[what] + Slack[what]) << Names[what] << memory.size();
+    }
+    const EditorProcess editor;
+    EXPECT_EQ(Count(editor.Id())[Processes], 1U);
+    DestroyWindow(window);
+    CloseHandle(event);
+}
+
+TEST_F(EnduranceJourney, StartsLeaveNothingBehind)
+{
+    InstallTools(AllTools);
+    Counts before = {};
+    for (int start = 0; start < Starts; ++start)
+    {
+        before = start == WarmUp ? Count(0) : before;
+        const EditorProcess editor;
+        const EditorSheet sheet = editor.WaitForSheet();
+        if (start % 2 == 0)
+        {
+            ASSERT_TRUE(EditorProcess().WaitForEnd());
+        }
+        const auto [message, wParam] = Closings[start % std::size(Closings)];
+        PostMessageW(sheet.Window(), message, wParam, 0);
+        ASSERT_TRUE(editor.WaitForEnd());
+    }
+    ExpectNoGrowth(before, 0);
+}
+
+TEST_F(EnduranceJourney, PagesPileNothingUp)
+{
+    InstallTools(AllTools);
+    const EditorProcess editor;
+    const EditorSheet sheet = editor.WaitForSheet();
+    Counts before = {};
+    for (int show = 0; show < Starts * 5 / 2; ++show)
+    {
+        before = show == WarmUp ? Count(editor.Id()) : before;
+        ASSERT_EQ(sheet.OpenAll().size(), 9U);
+    }
+    ExpectNoGrowth(before, editor.Id());
+}
+
+// A value is whole, for the registry takes it in one call. Only a table of ports is removed before it is
+// stored, so that its ports, or their types, may be missing.
+TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew)
+{
+    InstallTools(AllTools);
+    RunToTheEnd();
+    std::vector<Setting> settings;
+    for (const auto& [key, values] : StoredSettings())
+    {
+        for (const auto& [name, shown] : values)
+        {
+            const StoredValue old = {shown.type, std::vector<BYTE>(shown.data.size(), 7)};
+            settings.push_back({key, name, shown, shown.type == REG_SZ ? Sz(L"old") : old});
+        }
+    }
+    std::mt19937 random(GetTickCount());
+    int cutShort = 0;
+    for (int kill = 0; kill < Starts / 2; ++kill)
+    {
+        StoreAll(settings, &Setting::shown);
+        {
+            const EditorProcess editor;
+            const EditorSheet sheet = editor.WaitForSheet();
+            sheet.OpenAll();
+            StoreAll(settings, &Setting::old);
+            const Setting& last = settings[random() % settings.size()];
+            PostMessageW(sheet.ApplyButton(), BM_CLICK, 0, 0);
+            while (Stored(last.key, last.name) == last.old && editor.Runs())
+            {
+            }
+        }
+        size_t olds = 0;
+        for (const Setting& setting : settings)
+        {
+            const StoredValue found = Stored(setting.key, setting.name);
+            const bool isPort = setting.name == L"PacketType";
+            EXPECT_TRUE(found == setting.shown || found == setting.old || (isPort && found == Absent))
+                << Printable(setting.name) << testing::PrintToString(found);
+            olds += found == setting.old ? 1 : 0;
+        }
+        cutShort += olds != 0 && olds != settings.size() ? 1 : 0;
+        RunToTheEnd();
+    }
+    std::cout << cutShort << " of " << Starts / 2 << " kills came within the writing\n";
+    EXPECT_GT(cutShort, 0);
+}
