@@ -21,6 +21,7 @@ BOOL CSettingsPage::OnInitDialog()
     LoadSettings();
     CPropertyPage::OnInitDialog();
     UpdateControlStates();
+    NameControls(*this, m_names);
     if (CreateToolTips(*this, m_pToolTip))
     {
         InitToolTips();
@@ -86,6 +87,11 @@ void CSettingsPage::AddXhciProducts()
     AddProduct(BirchQB);
     AddProduct(FirQB);
     AddProduct(GinkgoQB);
+}
+
+void CSettingsPage::AddName(int id, LPCTSTR name)
+{
+    m_names.emplace_back(id, name);
 }
 
 bool CSettingsPage::IsAnyXhciToolInstalled()

@@ -1,6 +1,7 @@
 // The base of all pages: when settings are read, shown, marked as changed and written.
 #pragma once
 
+#include "framework/ControlNames.h"
 #include "framework/ProductId.h"
 
 #include <afxcmn.h>
@@ -59,6 +60,8 @@ protected:
     // For constructors: the page is shown only if one of the tools so added is installed.
     void AddProduct(const ProductId& product);
     void AddXhciProducts();
+    // For constructors: what screen readers are to say for a control, once the page is shown.
+    void AddName(int id, LPCTSTR name);
     static bool IsAnyXhciToolInstalled();
     static bool IsAnyEhciToolInstalled();
 
@@ -73,4 +76,5 @@ private:
     std::unique_ptr<CToolTipCtrl> m_pToolTip;  // made at first display
     std::vector<ProductId> m_products;
     bool m_bAlwaysShown = true;
+    ControlNames m_names;
 };

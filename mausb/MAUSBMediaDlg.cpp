@@ -61,6 +61,9 @@ void EnableWindows(CWnd* const (&windows)[Count], BOOL enabled)
 CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
 {
     AddProduct(KauriQB);
+    // Only the boxes around them tell the two buttons apart.
+    AddName(IDC_TCP_CLIENT_PORTS, _T("Client Port Numbers"));
+    AddName(IDC_TCP_SERVER_PORTS, _T("Server Port Numbers"));
 }
 
 CMAUSBMediaDlg::~CMAUSBMediaDlg() = default;

@@ -46,6 +46,16 @@ CMAUSBProtocolConstantsDlg::CMAUSBProtocolConstantsDlg() : CSettingsPage(IDD_MAU
     {
         this->*setting.member = setting.value;
     }
+    // Each has a label at the head of its row and one at the head of its column.
+    AddName(IDC_DATA_DELAY_TCP, _T("aDataChannelDelay, TCP/IP"));
+    AddName(IDC_MANAGEMENT_DELAY_TCP, _T("aManagementChannelDelay, TCP/IP"));
+    AddName(IDC_ISOCH_DELAY_TCP, _T("aMaxIsochLinkDelay, TCP/IP"));
+    AddName(IDC_DATA_DELAY_UDP, _T("aDataChannelDelay, UDP/IP"));
+    AddName(IDC_MANAGEMENT_DELAY_UDP, _T("aManagementChannelDelay, UDP/IP"));
+    AddName(IDC_ISOCH_DELAY_UDP, _T("aMaxIsochLinkDelay, UDP/IP"));
+    AddName(IDC_DATA_DELAY_SNAP, _T("aDataChannelDelay, SNAP"));
+    AddName(IDC_MANAGEMENT_DELAY_SNAP, _T("aManagementChannelDelay, SNAP"));
+    AddName(IDC_ISOCH_DELAY_SNAP, _T("aMaxIsochLinkDelay, SNAP"));
 }
 
 CMAUSBProtocolConstantsDlg::~CMAUSBProtocolConstantsDlg() = default;

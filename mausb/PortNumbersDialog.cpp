@@ -1,5 +1,6 @@
 #include "mausb/PortNumbersDialog.h"
 
+#include "framework/ControlNames.h"
 #include "framework/ToolTips.h"
 #include "resource.h"
 
@@ -92,6 +93,10 @@ BOOL CPortNumbersDialog::OnInitDialog()
     {
         ShowPortRow(Rows[row].edit, Rows[row].comboBox, m_nRowPort[row], m_nRowPacketType[row], row);
     }
+    NameControls(*this, {{IDC_PORT_TYPE_0, _T("Packet Type")},
+                         {IDC_PORT_TYPE_1, _T("Packet Type")},
+                         {IDC_PORT_TYPE_2, _T("Packet Type")},
+                         {IDC_PORT_TYPE_3, _T("Packet Type")}});
     InitToolTips();
     return TRUE;
 }

@@ -59,6 +59,12 @@ const CXHCISettingsDlg::Setting& CXHCISettingsDlg::SettingOf(Member member)
 CXHCISettingsDlg::CXHCISettingsDlg() : CSettingsPage(IDD_XHCI_SETTINGS)
 {
     AddXhciProducts();
+    // Their labels stand behind them.
+    AddName(IDC_IMOD_INTERVAL, _T("IMOD Interval"));
+    AddName(IDC_INT_MAX_PACKET_START, _T("xHCI Interrupt Loopback Starting MaxPacketSize"));
+    AddName(IDC_INT_MAX_BURST_START, _T("xHCI Interrupt Loopback Starting Burst Size"));
+    AddName(IDC_ISOCH_MAX_BURST_START, _T("xHCI Isoch Loopback Starting Burst Size"));
+    AddName(IDC_ISOCH_DELAY_HS_READ, _T("xHCI Isoch Delay HS Read"));
 }
 
 void CXHCISettingsDlg::DoDataExchange(CDataExchange* pDX)

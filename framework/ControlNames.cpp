@@ -1,0 +1,31 @@
+// The service's ids are defined here: not every library of ids has them.
+#include <windows.h>
+
+#include <initguid.h>
+
+#include "framework/ControlNames.h"
+
+#include <oleacc.h>
+
+namespace
+{
+// PROPID_ACC_NAME, which not every header has.
+constexpr MSAAPROPID NameProperty = {
+    0x608D3DF8, 0x8128, 0x4AA7, {0xA4, 0x28, 0xF5, 0x5E, 0x49, 0x26, 0x72, 0x91}};
+}  // namespace
+
+void NameControls(const CWnd& dialog, const ControlNames& names)
+{
+    IAccPropServices* service = nullptr;
+    if (names.empty() || FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                                                 IID_IAccPropServices, reinterpret_cast<void**>(&service))))
+    {
+        return;
+    }
+    for (const auto& [id, name] : names)
+    {
+        service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                                NameProperty, name);
+    }
+    service->Release();
+}
