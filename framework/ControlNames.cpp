@@ -24,8 +24,9 @@ void NameControls(const CWnd& dialog, const ControlNames& names)
     }
     for (const auto& [id, name] : names)
     {
+        // Not every header has the const.
         service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                NameProperty, name);
+                                NameProperty, const_cast<LPWSTR>(name));
     }
     service->Release();
 }

@@ -2,7 +2,7 @@
 // the focus, F1, and the styles that templates must not leave to a compiler.
 #include "resource.h"
 #include "support/form.h"
-#include "support/settings_test.h"
+#include "support/registry.h"
 
 #include <afxwin.h>
 
@@ -12,10 +12,7 @@ namespace
 {
 WNDCLASSW systemButton;
 
-LONG StyleOf(HWND window)
-{
-    return GetWindowLongW(window, GWL_STYLE);
-}
+LONG StyleOf(HWND window) { return GetWindowLongW(window, GWL_STYLE); }
 
 // As Windows' buttons: a program that checks one touches no other, and an unchecked radio button that gets
 // the focus otherwise than by a click clicks itself. That the tab stop follows is documented nowhere.
@@ -35,8 +32,7 @@ LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM 
     {
         SetWindowLongW(button, GWL_STYLE, style);
     }
-    if (isRadio && message == WM_SETFOCUS && !clicking &&
-        SendMessageW(button, BM_GETCHECK, 0, 0) == BST_UNCHECKED)
+    if (isRadio && message == WM_SETFOCUS && !clicking && SendMessageW(button, BM_GETCHECK, 0, 0) == BST_UNCHECKED)
     {
         SendMessageW(button, BM_CLICK, 0, 0);
     }
@@ -118,23 +114,21 @@ TEST_F(WindowsWaysOfEditorTest, TabGoesThroughThePageWithoutChangingARadioGroup)
         {
             SCOPED_TRACE(Printable(group.name) + std::to_string(checked));
             Store(keys::Kauri, group.name, group.stored[checked]);
-            RunOnTab(group.tab,
-                     [&](Sheet& sheet)
-                     {
-                         ExpectChecked(sheet, group, checked);
-                         const bool marked = sheet.CanApply();
-                         for (int steps = 0; steps < 30; ++steps)
-                         {
-                             SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
-                         }
-                         EXPECT_EQ(sheet.CanApply(), marked);
-                         for (const int clicked : {1 - checked, checked})
-                         {
-                             sheet.Click(group.buttons[clicked]);
-                             ExpectChecked(sheet, group, clicked);
-                         }
-                         sheet.Ok();
-                     });
+            RunOnTab(group.tab, [&](Sheet& sheet) {
+                ExpectChecked(sheet, group, checked);
+                const bool marked = sheet.CanApply();
+                for (int steps = 0; steps < 30; ++steps)
+                {
+                    SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
+                }
+                EXPECT_EQ(sheet.CanApply(), marked);
+                for (const int clicked : {1 - checked, checked})
+                {
+                    sheet.Click(group.buttons[clicked]);
+                    ExpectChecked(sheet, group, clicked);
+                }
+                sheet.Ok();
+            });
             EXPECT_EQ(Stored(keys::Kauri, group.name), group.stored[checked]);
         }
     }
@@ -145,24 +139,25 @@ TEST_F(WindowsWaysOfEditorTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm)
 {
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
     InstallTools(AllTools);
-    RunEditor(
-        [](Sheet& sheet)
+    RunEditor([](Sheet& sheet) {
+        for (const Text& tab : sheet.Tabs())
         {
-            for (const Text& tab : sheet.Tabs())
-            {
-                SCOPED_TRACE(Printable(tab));
-                sheet.Select(tab);
-                PressHelp(GetWindow(sheet.Page(), GW_CHILD));
-            }
-            PressHelp(sheet.Window());
-            sheet.Select(tabs::Media);
-            WhenOpened(titles::ClientPorts, [](Form& form) { PressHelp(form.Control(1188)); });
-            sheet.Click(1190);
-            WhenOpened(titles::AdvancedTCP, [](Form& form) { PressHelp(form.Control(1061)); });
-            sheet.Click(1139);
-            WhenOpened(_T("Box"), [](Form& box) { PressHelp(box.Control(IDOK)); });
-            MessageBoxW(sheet.Window(), _T("text"), _T("Box"), MB_OKCANCEL);
-        });
+            SCOPED_TRACE(Printable(tab));
+            sheet.Select(tab);
+            PressHelp(GetWindow(sheet.Page(), GW_CHILD));
+        }
+        PressHelp(sheet.Window());
+        sheet.Select(tabs::Media);
+        WithDialog(
+            titles::ClientPorts, [](const Form& form) { PressHelp(form.Control(1188)); },
+            [&sheet] { sheet.Click(1190); });
+        WithDialog(
+            titles::AdvancedTCP, [](const Form& form) { PressHelp(form.Control(1061)); },
+            [&sheet] { sheet.Click(1139); });
+        WithDialog(
+            _T("Box"), [](const Form& box) { PressHelp(box.Control(IDOK)); },
+            [&sheet] { MessageBoxW(sheet.Window(), _T("text"), _T("Box"), MB_OKCANCEL); });
+    });
     UnhookWindowsHookEx(hook);
 }
 
@@ -174,8 +169,9 @@ TEST_F(WindowsWaysOfEditorTest, StylesInTemplatesAreThoseOfTheKindOfControl)
         const auto* words = static_cast<const WORD*>(LockResource(LoadResource(nullptr, resource)));
         const WORD* next = words + 13;
         // A text, or a number behind a mark.
-        const auto skipName = [&next]
-        { next += *next == 0xFFFF ? 2 : std::char_traits<WORD>::find(next, 999, 0) - next + 1; };
+        const auto skipName = [&next] {
+            next += *next == 0xFFFF ? 2 : std::char_traits<WORD>::find(next, 999, 0) - next + 1;
+        };
         skipName();
         skipName();
         skipName();

@@ -1,6 +1,7 @@
 // Any registry under the editor: values of any types and lengths at the places that one page reads; then that
 // page is opened, applied twice and closed. Now and then any list of installed tools instead.
 #include "shell/QBSettingsApp.h"
+#include "support/calls.h"
 #include "support/form.h"
 
 #include <prsht.h>
@@ -8,44 +9,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-
-namespace
-{
-int g_openKeys = 0;
-
-template <class Function>
-Function* System(const char* name)
-{
-    return reinterpret_cast<Function*>(GetProcAddress(LoadLibraryW(_T("advapi32.dll")), name));
-}
-
-LSTATUS Count(LSTATUS status)
-{
-    g_openKeys += status == ERROR_SUCCESS ? 1 : 0;
-    return status;
-}
-}  // namespace
-
-// The linker takes these for the system's own.
-LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, REGSAM access, PHKEY opened)
-{
-    static auto* const next = System<decltype(RegOpenKeyExW)>("RegOpenKeyExW");
-    return Count(next(key, path, options, access, opened));
-}
-
-LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR name, DWORD options,
-                               REGSAM access, SECURITY_ATTRIBUTES* security, PHKEY opened, DWORD* disposition)
-{
-    static auto* const next = System<decltype(RegCreateKeyExW)>("RegCreateKeyExW");
-    return Count(next(key, path, reserved, name, options, access, security, opened, disposition));
-}
-
-LSTATUS WINAPI RegCloseKey(HKEY key)
-{
-    static auto* const next = System<decltype(RegCloseKey)>("RegCloseKey");
-    --g_openKeys;
-    return next(key);
-}
 
 namespace
 {
@@ -159,7 +122,7 @@ void RunEditor()
     AfxGetApp()->InitInstance();
     Check(g_closed, "the editor shows itself and closes");
     Check(g_first.empty() || g_first == StoredSettings(), "a second Apply, and Cancel, change nothing");
-    Check(g_openKeys == 0, "no key stays open");
+    Check(calls::OpenKeys() == 0, "no key stays open");
 }
 
 // Where a page looks for settings: where it writes them.

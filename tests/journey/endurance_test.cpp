@@ -1,7 +1,7 @@
 // Whether the program lasts: starts, pages and kills in great numbers. A few of each, unless QB_ENDURANCE
 // says how many starts; then two and a half times as many shows of each page and half as many kills.
 #include "driver/editor.h"
-#include "support/settings_test.h"
+#include "support/registry.h"
 
 #include <psapi.h>
 #include <winternl.h>
@@ -30,8 +30,7 @@ constexpr const char* Names[Kinds] = {"windows", "handles", "kilobytes"};
 constexpr size_t Slack[Kinds] = {0, 0, 512};  // a heap grows by steps, and shrinks late
 using Counts = std::array<size_t, Kinds>;
 
-constexpr std::pair<UINT, WPARAM> Closings[] = {
-    {WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
+constexpr std::pair<UINT, WPARAM> Closings[] = {{WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
 
 size_t WindowsBelow(HWND parent)
 {
@@ -60,8 +59,7 @@ Counts Count(DWORD id)
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id);
     EXPECT_TRUE(GetProcessMemoryInfo(process, &memory, sizeof(memory)));
     CloseHandle(process);
-    return {WindowsBelow(GetDesktopWindow()) + WindowsBelow(HWND_MESSAGE), handles,
-            memory.PagefileUsage / 1024};
+    return {WindowsBelow(GetDesktopWindow()) + WindowsBelow(HWND_MESSAGE), handles, memory.PagefileUsage / 1024};
 }
 
 // What has just ended takes a moment to go.
@@ -108,8 +106,7 @@ TEST_F(EnduranceJourney, CountsShowWhatIsLeaked)
 {
     const Counts before = Count(GetCurrentProcessId());
     const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
-    const HWND window =
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
     const std::string memory(size_t{2} << 20, 'x');
     const Counts now = Count(GetCurrentProcessId());
     for (int what = 0; what < Kinds; ++what)

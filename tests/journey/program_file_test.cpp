@@ -1,7 +1,7 @@
 // QBSettings.exe as a file: what Windows, and whoever installs it, go by.
 #include "driver/editor.h"
 #include "resource.h"
-#include "support/settings_test.h"
+#include "support/registry.h"
 
 #include <psapi.h>
 
@@ -168,12 +168,10 @@ TEST_F(PlantedLibraries, AreNotLoaded)
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     std::filesystem::copy_file(EditorProcess::Path(), program);
-    for (const wchar_t* library :
-         {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll", L"comdlg32.dll",
-          L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
+    for (const wchar_t* library : {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll",
+                                   L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
     {
-        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library,
-                                   folder / library);
+        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library, folder / library);
     }
     InstallTools(AllTools);
     {

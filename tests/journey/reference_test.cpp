@@ -1,7 +1,7 @@
 // The reference of all settings, docs/settings.md, against what the real editor shows and stores.
 #include "driver/editor.h"
 #include "resource.h"
-#include "support/settings_test.h"
+#include "support/registry.h"
 
 #include <algorithm>
 #include <fstream>
@@ -23,9 +23,9 @@ struct Row
 
     bool IsFor(const Tools& installed) const
     {
-        return tools == "any" || std::any_of(installed.begin(), installed.end(),
-                                             [this](const ProductId& tool)
-                                             { return tools.find(Printable(tool)) != std::string::npos; });
+        return tools == "any" || std::any_of(installed.begin(), installed.end(), [this](const ProductId& tool) {
+                   return tools.find(Printable(tool)) != std::string::npos;
+               });
     }
 };
 
@@ -51,8 +51,8 @@ std::vector<Row> ReadReference()
         }
         else if (std::regex_match(line, found, row))
         {
-            rows.push_back({page, key, Text(found[1].first, found[1].second), found.format("$2 $3"), found[4],
-                            found[5]});
+            rows.push_back(
+                {page, key, Text(found[1].first, found[1].second), found.format("$2 $3"), found[4], found[5]});
         }
     }
     return rows;

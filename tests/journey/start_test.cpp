@@ -12,7 +12,7 @@ class StartJourney : public SettingsTest
 protected:
     void SetUp() override
     {
-        SettingsTest::SetUp();
+        ClearSettings();
         InstallTools(AllTools);
     }
 

@@ -20,6 +20,7 @@ struct State
     std::vector<Call> made;
     std::map<HKEY, Text> keys;
     int pauses = 0;
+    bool twoScreens = false;
 };
 
 State& TheState()
@@ -76,6 +77,19 @@ LSTATUS Spoil(LSTATUS status, BYTE* data, DWORD size)
     return status;
 }
 
+HMONITOR MonitorOf(HWND window)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1});
+}
+
+BOOL SetWorkArea(HMONITOR monitor, MONITORINFO* info)
+{
+    info->rcWork = reinterpret_cast<INT_PTR>(monitor) == 2 ? RECT{1600, 40, 3200, 1200} : RECT{0, 0, 1600, 1200};
+    return TRUE;
+}
+
 template <class Function>
 Function* SystemsOwn(const char* library, const char* name)
 {
@@ -92,8 +106,11 @@ void calls::Reset()
 {
     TheState().refused.clear();
     TheState().struck = false;
+    TheState().twoScreens = false;
     TheState().made.clear();
 }
+
+void calls::AddScreen() { TheState().twoScreens = true; }
 
 void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
 {
@@ -169,3 +186,7 @@ REFUSABLE("user32", HWND, CreateWindowExW, (DWORD exStyle, LPCWSTR kind, LPCWSTR
 REFUSABLE("user32", BOOL, MessageBeep, (UINT type), ("MessageBeep"), FALSE, own(type))
 REFUSABLE("ole32", HRESULT, CoCreateInstance, (REFCLSID kind, IUnknown* outer, DWORD context, REFIID id, LPVOID* object),
     ("CoCreateInstance"), refused, own(kind, outer, context, id, object))
+REFUSABLE("user32", HMONITOR, MonitorFromWindow, (HWND window, DWORD flags), ("MonitorFromWindow"), nullptr,
+    TheState().twoScreens ? MonitorOf(window) : own(window, flags))
+REFUSABLE("user32", BOOL, GetMonitorInfoW, (HMONITOR monitor, MONITORINFO* info), ("GetMonitorInfoW"), FALSE,
+    TheState().twoScreens ? SetWorkArea(monitor, info) : own(monitor, info))

@@ -30,6 +30,9 @@ void Refuse(const std::string& function, unsigned nth, LONG status = ERROR_ACCES
 bool HasStruck();
 // Since the last Reset: those of functions whose names begin so.
 std::vector<Call> Made(const std::string& prefix = {});
+// Until the next Reset there are two screens: the second lies right of the first 1600 pixels, and has a bar of 40 at
+// its top. A window is on the one that has more of it.
+void AddScreen();
 // The keys that the program has open.
 size_t OpenKeys();
 

@@ -161,7 +161,7 @@ void StoreTree(const Tree& tree)
     }
 }
 
-void SettingsTest::SetUp()
+void ClearSettings()
 {
     calls::Reset();
     for (const Text& root : Roots)

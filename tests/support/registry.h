@@ -32,6 +32,8 @@ void PrintTo(const StoredValue& value, std::ostream* out);
 using Tools = std::vector<ProductId>;
 extern const Tools AllTools;
 
+// Leaves nothing stored that the editor reads or writes, and no call refused or listed.
+void ClearSettings();
 // Lists just these tools as installed, each with data 1; the key of installed tools exists afterwards.
 void InstallTools(const Tools& tools);
 
@@ -52,6 +54,6 @@ void StoreTree(const Tree& tree);
 class SettingsTest : public testing::Test
 {
 protected:
-    void SetUp() override;
-    void TearDown() override { SettingsTest::SetUp(); }
+    void SetUp() override { ClearSettings(); }
+    void TearDown() override { ClearSettings(); }
 };
