@@ -6,15 +6,11 @@ target_compile_definitions(win32 INTERFACE UNICODE _UNICODE WINVER=0x0A00 _WIN32
   WIN32_LEAN_AND_MEAN)
 
 if(WIN32)
-  # Loaded when they are first called. The shell, for the first open-file dialog that has a start folder: with the
-  # program it would take some hundredths of the start. The common controls, once the program has said where to look
-  # for libraries, as they load others themselves.
-  foreach(library shell32 comctl32)
-    set(delayed ${CMAKE_BINARY_DIR}/lib${library}_delayed.a)
-    execute_process(COMMAND ${CMAKE_DLLTOOL} -m i386:x86-64 -d ${CMAKE_CURRENT_SOURCE_DIR}/cmake/delayed/${library}.def
-      -y ${delayed} COMMAND_ERROR_IS_FATAL ANY)
-    target_link_libraries(win32 INTERFACE ${delayed})
-  endforeach()
+  # Loaded when they are first called, which is after the program has said where to look for libraries: they load others.
+  set(delayed ${CMAKE_BINARY_DIR}/libcomctl32_delayed.a)
+  execute_process(COMMAND ${CMAKE_DLLTOOL} -m i386:x86-64 -d ${CMAKE_CURRENT_SOURCE_DIR}/cmake/comctl32.def -y ${delayed}
+    COMMAND_ERROR_IS_FATAL ANY)
+  target_link_libraries(win32 INTERFACE ${delayed})
   # GCC 12 sees overlapping copies in std::string where there are none.
   add_compile_options(-Wno-restrict)
   # One file that runs on a bare machine, hardened, and the same bytes from the same sources.
@@ -41,6 +37,6 @@ else()
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-x86_64.so
     OUTPUT_VARIABLE sanitizers OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   # What Windows' own build takes by itself.
-  target_link_libraries(win32 INTERFACE ${sanitizers} shell32 comdlg32 advapi32 gdi32 user32 kernel32 stdc++ m)
+  target_link_libraries(win32 INTERFACE ${sanitizers} comdlg32 advapi32 gdi32 user32 kernel32 stdc++ m)
 endif()
 target_link_libraries(win32 INTERFACE comctl32 ole32 rpcrt4 uuid)

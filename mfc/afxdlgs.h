@@ -90,7 +90,6 @@ public:
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
 
-    // lpstrInitialDir, if set before DoModal, is the folder to start in where it exists. Not owned.
     OPENFILENAMEW m_ofn = {};
 
     // IDOK or IDCANCEL; IDCANCEL also if the dialog could not be shown.

@@ -22,7 +22,6 @@ public:
     ComPointer& operator=(const ComPointer&) = delete;
 
     Interface* operator->() const { return m_pointer; }
-    Interface* get() const { return m_pointer; }
     Interface** Receive() { return &m_pointer; }
     void** ReceiveVoid() { return reinterpret_cast<void**>(&m_pointer); }
 
@@ -61,7 +60,7 @@ std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter)
     return pairs;
 }
 
-CString PathOf(IFileOpenDialog* dialog)
+CString PathOf(const ComPointer<IFileOpenDialog>& dialog)
 {
     CString path;
     ComPointer<IShellItem> item;
@@ -118,17 +117,10 @@ INT_PTR CFileDialog::DoModal()
     {
         dialog->SetFileName(m_ofn.lpstrFile);
     }
-    ComPointer<IShellItem> folder;
-    if (m_ofn.lpstrInitialDir != nullptr &&
-        SUCCEEDED(SHCreateItemFromParsingName(m_ofn.lpstrInitialDir, nullptr, IID_IShellItem,
-                                              folder.ReceiveVoid())))
-    {
-        dialog->SetFolder(folder.get());
-    }
     if (FAILED(dialog->Show(AfxGetSafeOwner(m_pParentWnd))))
     {
         return IDCANCEL;
     }
-    m_strPathName = PathOf(dialog.get());
+    m_strPathName = PathOf(dialog);
     return m_strPathName.IsEmpty() ? IDCANCEL : IDOK;
 }
