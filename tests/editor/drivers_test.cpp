@@ -26,40 +26,30 @@ void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled)
     }
 }
 
-// A folder of its own for a test, with a driver's file in it and in the folder that Browse starts in.
+// A folder of its own for a test, with a driver's file in it.
 class DriverFolder
 {
 public:
     DriverFolder()
     {
-        TCHAR temporary[MAX_PATH] = {};
-        GetTempPathW(MAX_PATH, temporary);
-        m_path = Text(temporary) + _T("qb browse\\");
-        for (const Text& folder : {m_path, Start()})
-        {
-            CreateDirectoryW(folder.c_str(), nullptr);
-            CloseHandle(CreateFileW((folder + File).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
-        }
+        CreateDirectoryW(Path().c_str(), nullptr);
+        CloseHandle(CreateFileW(File().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     }
     ~DriverFolder()
     {
-        for (const Text& folder : {Start(), m_path})
-        {
-            DeleteFileW((folder + File).c_str());
-            RemoveDirectoryW(folder.c_str());
-        }
+        DeleteFileW(File().c_str());
+        RemoveDirectoryW(Path().c_str());
     }
     DriverFolder(const DriverFolder&) = delete;
     DriverFolder& operator=(const DriverFolder&) = delete;
 
-    const Text& Path() const { return m_path; }
-    Text Start() const { return m_path + _T("hcdriver\\"); }
-
-    inline static const Text File = _T("driver.inf");
-
-private:
-    Text m_path;
+    static Text Path()
+    {
+        TCHAR temporary[MAX_PATH] = {};
+        GetTempPathW(MAX_PATH, temporary);
+        return Text(temporary) + _T("qb browse\\");
+    }
+    static Text File() { return Path() + _T("driver.inf"); }
 };
 
 BOOL CALLBACK TakeEdit(HWND window, LPARAM found)
@@ -142,24 +132,19 @@ TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
 {
     const DriverFolder folder;
     InstallTools(AllTools);
-    RunOnTab(tabs::Drivers, [&folder](const Sheet& sheet) {
-        constexpr LPCTSTR inf = _T("*.inf");
-        Browse(sheet, 1035, inf, folder.Path() + DriverFolder::File, IDCANCEL);
+    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+        Browse(sheet, 1035, _T("*.inf"), DriverFolder::File(), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());
         for (const auto& [browse, edit] :
              {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}})
         {
-            Browse(sheet, browse, browse == 1049 ? _T("*.hex") : inf, folder.Path() + DriverFolder::File, IDOK);
-            EXPECT_EQ(sheet.TextOf(edit), folder.Path());
-            sheet.SetText(edit, {});
+            Browse(sheet, browse, browse == 1049 ? _T("*.hex") : _T("*.inf"), DriverFolder::File(), IDOK);
+            EXPECT_EQ(sheet.TextOf(edit), DriverFolder::Path());
+            sheet.SetText(edit, edit == 1034 ? DriverFolder::Path() : Text());
         }
-        // A name alone is one in the folder that the dialog starts in, which is below the path.
-        sheet.SetText(1034, folder.Path());
-        Browse(sheet, 1035, inf, DriverFolder::File, IDOK);
-        EXPECT_EQ(sheet.TextOf(1034), folder.Start());
         EXPECT_FALSE(sheet.CanApply());
         EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
         sheet.Ok();
     });
-    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(folder.Start()));
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(DriverFolder::Path()));
 }
