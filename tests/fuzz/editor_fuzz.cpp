@@ -23,7 +23,7 @@ void Check(bool holds, const char* what)
 
 LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 {
-    Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "memory is there");
+    Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "no address is wrong");
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
@@ -44,20 +44,29 @@ public:
             const size_t choice = Byte() % (places.size() + 1);
             const auto& [key, name] = places[choice % places.size()];
             const Text subkey = key.back() == _T('\\') ? Name() : Text();
-            Store(key + subkey, choice < places.size() ? name : Name(), Value());
+            const Text any = choice < places.size() ? name : Name();
+            Store(key + subkey, any, Value());
         }
     }
 
 private:
-    // Up to 255 bytes as they come, or one and the same many times.
+    // A few bytes of any kind, or up to 255 that make Latin letters, or many of one kind. The rest of the
+    // letters is left out because Wine's own layout of some of them reads beyond the font, and ends the
+    // program.
     StoredValue Value()
     {
         const BYTE form = Byte();
         const size_t count = form % 8 < 6 ? form % 8 : Byte();
-        StoredValue value = {form / 8U % 12, std::vector<BYTE>(form % 8 == 6 ? count * 64 : count, Byte())};
-        for (size_t index = 1; form % 8 != 6 && index < count; ++index)
+        StoredValue value = {form / 8U % 12, {}};
+        if (form % 8 == 6)
         {
-            value.data[index] = Byte();
+            value.data.assign(count * 64, Byte() | 0x40);
+            return value;
+        }
+        while (value.data.size() < count)
+        {
+            const BYTE byte = Byte();
+            value.data.push_back(form % 8 == 7 && value.data.size() % 2 != 0 ? byte % 3 : byte);
         }
         return value;
     }
