@@ -42,11 +42,6 @@ public:
         m_text = buffer;
     }
 
-    CString& operator+=(LPCTSTR other)
-    {
-        m_text += other;
-        return *this;
-    }
     friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
 
     // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until

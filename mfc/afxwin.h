@@ -58,7 +58,9 @@ public:
     // Moves members to controls (false) or controls to members (true) by DoDataExchange. While it runs the
     // notifications of this window's controls are dropped. False if the exchange failed.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    BOOL EnableToolTips(BOOL bEnable);
+    // Switches the class library's own tips on, which take their texts on request. All tips here have theirs
+    // from CToolTipCtrl::AddTool, so this has no further effect.
+    BOOL EnableToolTips(BOOL) { return TRUE; }
 
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
@@ -83,9 +85,6 @@ protected:
     static const MSG* GetCurrentMessage();
 
     afx_msg BOOL OnNcCreate(LPCREATESTRUCTW lpCreateStruct);
-    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
-    afx_msg UINT OnGetDlgCode();
-    afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
 
     DECLARE_MESSAGE_MAP()
 
@@ -97,7 +96,6 @@ private:
     void Detach();
 
     WNDPROC m_pfnSuper = nullptr;
-    BOOL m_bToolTips = FALSE;
 };
 
 class CStatic : public CWnd

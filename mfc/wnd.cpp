@@ -228,18 +228,3 @@ BOOL CWnd::OnNcCreate(LPCREATESTRUCTW)
 {
     return static_cast<BOOL>(Default());
 }
-
-void CWnd::OnChar(UINT, UINT, UINT)
-{
-    Default();
-}
-
-UINT CWnd::OnGetDlgCode()
-{
-    return static_cast<UINT>(Default());
-}
-
-void CWnd::OnSysCommand(UINT, LPARAM)
-{
-    Default();
-}

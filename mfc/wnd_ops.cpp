@@ -75,14 +75,6 @@ void CWnd::CenterWindow()
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Kept for the class library's own tips, which take their texts on request. All tips here have their texts
-// from CToolTipCtrl::AddTool, so the flag has no further effect.
-BOOL CWnd::EnableToolTips(BOOL bEnable)
-{
-    m_bToolTips = bEnable;
-    return TRUE;
-}
-
 BOOL CWnd::PreTranslateMessage(MSG*)
 {
     return FALSE;
