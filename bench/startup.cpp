@@ -12,6 +12,7 @@ namespace
 constexpr int DefaultRuns = 21;
 // Until Wine's server has cleared away a program that has ended.
 constexpr DWORD SettleMilliseconds = 60;
+constexpr double GiveUpMilliseconds = 20000;
 
 constexpr wchar_t Editor[] = L"QBSettings.exe";
 constexpr wchar_t BareSheet[] = L"bare_sheet.exe";
@@ -29,7 +30,7 @@ double TimeStart(const wchar_t* program, const wchar_t* arguments)
     const EditorProcess process(arguments, program);
     HWND window = nullptr;
     // More often than the driver looks, whose steps are a tenth of the start.
-    while (!IsWindowVisible(window) && process.Runs())
+    while (!IsWindowVisible(window) && process.Runs() && Milliseconds() - start < GiveUpMilliseconds)
     {
         Sleep(1);
         window = FindWindowW(nullptr, SheetTitle);
