@@ -18,21 +18,6 @@ StoredValue ValueOf(DWORD type, const void* data, size_t size)
     const auto* bytes = static_cast<const BYTE*>(data);
     return {type, std::vector<BYTE>(bytes, bytes + size)};
 }
-
-// The names that one of the two enumerations gives.
-template <class Enumerate>
-std::vector<Text> NamesIn(const RegistryKey& key, Enumerate enumerate)
-{
-    std::vector<Text> names;
-    std::vector<TCHAR> name(NameRoom);
-    DWORD length = NameRoom;
-    for (DWORD index = 0; key.IsOpen() && enumerate(key.Get(), index, name.data(), &length) == ERROR_SUCCESS; ++index)
-    {
-        names.emplace_back(name.data());
-        length = NameRoom;
-    }
-    return names;
-}
 }  // namespace
 
 StoredValue Dword(DWORD number) { return ValueOf(REG_DWORD, &number, sizeof(number)); }
@@ -118,22 +103,29 @@ Tree StoredTree(const Text& key)
 {
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    Tree tree;
-    if (opened.IsOpen())
+    DWORD longest = 0;
+    if (!opened.IsOpen() || RegQueryInfoKeyW(opened.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                             nullptr, nullptr, &longest, nullptr, nullptr) != ERROR_SUCCESS)
     {
-        tree[key] = {};
+        return {};
     }
-    for (const Text& name : NamesIn(opened, [](HKEY handle, DWORD index, LPTSTR name, DWORD*length) {
-             return RegEnumValueW(handle, index, name, length, nullptr, nullptr, nullptr, nullptr);
-         }))
+    Tree tree = {{key, {}}};
+    std::vector<TCHAR> name(NameRoom);
+    std::vector<BYTE> data(longest);
+    DWORD length = NameRoom;
+    DWORD type = 0;
+    DWORD size = longest;
+    for (DWORD index = 0;
+         RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr, &type, data.data(), &size) == ERROR_SUCCESS;
+         ++index, length = NameRoom, size = longest)
     {
-        tree[key][name] = Stored(key, name);
+        tree[key][name.data()] = {type, {data.begin(), data.begin() + size}};
     }
-    for (const Text& name : NamesIn(opened, [](HKEY handle, DWORD index, LPTSTR name, DWORD*length) {
-             return RegEnumKeyExW(handle, index, name, length, nullptr, nullptr, nullptr, nullptr);
-         }))
+    for (DWORD index = 0;
+         RegEnumKeyExW(opened.Get(), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         ++index, length = NameRoom)
     {
-        tree.merge(StoredTree(key + _T("\\") + name));
+        tree.merge(StoredTree(key + _T("\\") + name.data()));
     }
     return tree;
 }
