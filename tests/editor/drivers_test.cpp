@@ -3,10 +3,8 @@
 
 #include <algorithm>
 
-namespace
-{
-struct Stack
-{
+namespace {
+struct Stack {
     int group;
     int enableSwitcher;
     std::vector<int> pathControls;  // label, edit, button
@@ -18,33 +16,27 @@ const std::vector<Stack> Stacks = {{1041, 1032, {1033, 1034, 1035}, HazelQB},
                                    {1044, 1045, {1046, 1053, 1054}, CedarQB},
                                    {1199, 1200, {1201, 1202, 1203}, CedarQB}};
 
-void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled)
-{
-    for (const int control : stack.pathControls)
-    {
+void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled) {
+    for (const int control : stack.pathControls) {
         EXPECT_EQ(sheet.IsEnabled(control), enabled) << control;
     }
 }
 
 // A folder of its own for a test, with a driver's file in it.
-class DriverFolder
-{
+class DriverFolder {
 public:
-    DriverFolder()
-    {
+    DriverFolder() {
         CreateDirectoryW(Path().c_str(), nullptr);
         CloseHandle(CreateFileW(File().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     }
-    ~DriverFolder()
-    {
+    ~DriverFolder() {
         DeleteFileW(File().c_str());
         RemoveDirectoryW(Path().c_str());
     }
     DriverFolder(const DriverFolder&) = delete;
     DriverFolder& operator=(const DriverFolder&) = delete;
 
-    static Text Path()
-    {
+    static Text Path() {
         TCHAR temporary[MAX_PATH] = {};
         GetTempPathW(MAX_PATH, temporary);
         return Text(temporary) + _T("qb browse\\");
@@ -52,8 +44,7 @@ public:
     static Text File() { return Path() + _T("driver.inf"); }
 };
 
-BOOL CALLBACK TakeEdit(HWND window, LPARAM found)
-{
+BOOL CALLBACK TakeEdit(HWND window, LPARAM found) {
     TCHAR name[32] = {};
     GetClassNameW(window, name, 32);
     const bool isWanted = _tcsicmp(name, _T("Edit")) == 0 && IsWindowVisible(window);
@@ -62,8 +53,7 @@ BOOL CALLBACK TakeEdit(HWND window, LPARAM found)
 }
 
 // Opens the system's dialog by a Browse button, looks at the name that it comes up with, and answers it.
-void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, int answer)
-{
+void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, int answer) {
     WithDialog(
         _T("Open"),
         [&](const Form& dialog) {
@@ -80,38 +70,31 @@ void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, i
 using DriversTest = SettingsTest;
 }  // namespace
 
-TEST_F(DriversTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole)
-{
-    for (const ProductId& tool : {HazelQB, KauriQB, CedarQB})
-    {
+TEST_F(DriversTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole) {
+    for (const ProductId& tool : {HazelQB, KauriQB, CedarQB}) {
         SCOPED_TRACE(Printable(tool));
         InstallTools({tool});
         RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
-            for (const Stack& stack : Stacks)
-            {
+            for (const Stack& stack : Stacks) {
                 const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
                 EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
                 ExpectPathEnabled(sheet, stack, needed);
             }
-            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
-            {
+            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052}) {
                 EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
             }
         });
     }
 }
 
-TEST_F(DriversTest, SwitchTurnedOffDisablesItsPathAndKeepsIt)
-{
+TEST_F(DriversTest, SwitchTurnedOffDisablesItsPathAndKeepsIt) {
     const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
     InstallTools({HazelQB, CedarQB});
     Store(keys::EhciDriver, _T("Path"), Sz(longPath));
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        for (const Stack& stack : Stacks)
-        {
+        for (const Stack& stack : Stacks) {
             sheet.Click(stack.enableSwitcher);
-            for (const Stack& other : Stacks)
-            {
+            for (const Stack& other : Stacks) {
                 const bool isOff = &other <= &stack;
                 EXPECT_EQ(sheet.CheckOf(other.enableSwitcher), isOff ? BST_UNCHECKED : BST_CHECKED);
                 ExpectPathEnabled(sheet, other, !isOff);
@@ -128,16 +111,14 @@ TEST_F(DriversTest, SwitchTurnedOffDisablesItsPathAndKeepsIt)
     EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath));
 }
 
-TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
-{
+TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
     const DriverFolder folder;
     InstallTools(AllTools);
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
         Browse(sheet, 1035, _T("*.inf"), DriverFolder::File(), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());
         for (const auto& [browse, edit] :
-             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}})
-        {
+             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}}) {
             Browse(sheet, browse, browse == 1049 ? _T("*.hex") : _T("*.inf"), DriverFolder::File(), IDOK);
             EXPECT_EQ(sheet.TextOf(edit), DriverFolder::Path());
             sheet.SetText(edit, edit == 1034 ? DriverFolder::Path() : Text());

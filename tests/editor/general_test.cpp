@@ -3,40 +3,33 @@
 
 #include <cstdlib>
 
-namespace
-{
+namespace {
 constexpr int IdMode = 1006;
 constexpr int IdVerbosity = 1053;
 
 // The program asks its C library, which has its own list.
-void AllowDiagnostic(const char* value)
-{
+void AllowDiagnostic(const char* value) {
     static std::string variable;
     variable = std::string("QB_ALLOW_DIAGNOSTIC_LOGGING=") + value;
     putenv(variable.data());
 }
 
-class GeneralTest : public SettingsTest
-{
+class GeneralTest : public SettingsTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools({});
     }
-    void TearDown() override
-    {
+    void TearDown() override {
         AllowDiagnostic("");
         SettingsTest::TearDown();
     }
 };
 }  // namespace
 
-TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
-{
+TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered) {
     std::vector<Text> levels = {_T("Quiet"), _T("Minimal"), _T("Low"), _T("Normal"), _T("Verbose"), _T("Diagnostic")};
-    struct Case
-    {
+    struct Case {
         const char* variable;
         DWORD stored;
         LRESULT shown;
@@ -45,8 +38,7 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
     };
     for (const Case& c :
          {Case{"1", 5, 5, 5, 6}, Case{"no", 0x7FFFFFFF, 5, 5, 6}, Case{"false", 0xFFFFFFFF, -1, 0xFFFFFFFF, 6},
-          Case{"", 5, 4, 4, 5}, Case{"0123", 6, 4, 4, 5}, Case{"", 0x80000001, -1, 0xFFFFFFFF, 5}})
-    {
+          Case{"", 5, 4, 4, 5}, Case{"0123", 6, 4, 4, 5}, Case{"", 0x80000001, -1, 0xFFFFFFFF, 5}}) {
         SCOPED_TRACE(testing::Message() << c.stored);
         AllowDiagnostic(c.variable);
         Store(keys::Bench, _T("QBLogVerbosity"), Dword(c.stored));
@@ -63,8 +55,7 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
     }
 }
 
-TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater)
-{
+TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater) {
     RunEditor([](const Sheet& sheet) {
         EXPECT_EQ(sheet.Title(), titles::Sheet);
         EXPECT_EQ(GetFocus(), sheet.Control(IdMode));

@@ -5,10 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace
-{
-struct Control
-{
+namespace {
+struct Control {
     HWND window;
     DWORD style;
     RECT place;
@@ -19,21 +17,17 @@ struct Control
     bool IsGroup() const { return isButton && Kind() == BS_GROUPBOX; }
 };
 
-std::ostream& operator<<(std::ostream& out, const Control& control)
-{
+std::ostream& operator<<(std::ostream& out, const Control& control) {
     return out << "control " << GetDlgCtrlID(control.window) << " \"" << Printable(Form(control.window).Title())
                << "\" at " << control.place.left << ',' << control.place.top << " to " << control.place.right << ','
                << control.place.bottom;
 }
 
-std::vector<Control> ShownControls(HWND dialog)
-{
+std::vector<Control> ShownControls(HWND dialog) {
     std::vector<Control> controls;
-    for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr; window = GetWindow(window, GW_HWNDNEXT))
-    {
+    for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
         const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-        if ((style & WS_VISIBLE) != 0)
-        {
+        if ((style & WS_VISIBLE) != 0) {
             TCHAR name[32] = {};
             GetClassNameW(window, name, 32);
             RECT place = {};
@@ -46,8 +40,7 @@ std::vector<Control> ShownControls(HWND dialog)
     return controls;
 }
 
-SIZE TextSize(HWND window)
-{
+SIZE TextSize(HWND window) {
     const HDC dc = GetDC(window);
     const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
     RECT size = {};
@@ -58,8 +51,7 @@ SIZE TextSize(HWND window)
 }
 
 // Where controls may stand: the template's size less its margin of 7 units.
-RECT RoomOf(HWND dialog, int id)
-{
+RECT RoomOf(HWND dialog, int id) {
     const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), reinterpret_cast<LPCTSTR>(RT_DIALOG));
     const auto* header = static_cast<const BYTE*>(LockResource(LoadResource(nullptr, resource)));
     WORD units[2] = {};
@@ -69,8 +61,7 @@ RECT RoomOf(HWND dialog, int id)
     return {size.left, size.top, size.right - size.left + 1, size.bottom - size.top + 1};
 }
 
-int DotsPerInch()
-{
+int DotsPerInch() {
     const HDC screen = GetDC(nullptr);
     const int perInch = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
@@ -78,13 +69,11 @@ int DotsPerInch()
 }
 
 // A button's text has something beside it: the frame, or the box that is checked.
-void ExpectFits(const Control& control)
-{
+void ExpectFits(const Control& control) {
     const SIZE text = TextSize(control.window);
     const int perInch = DotsPerInch();
     int beside = 0;
-    if (control.isButton)
-    {
+    if (control.isButton) {
         const bool isPush = control.Kind() == BS_PUSHBUTTON || control.Kind() == BS_DEFPUSHBUTTON;
         beside = control.IsGroup() ? 18 * perInch / 96
                  : isPush          ? 8 * perInch / 96
@@ -94,29 +83,23 @@ void ExpectFits(const Control& control)
     EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control;
 }
 
-bool Contains(const RECT& outer, const RECT& inner)
-{
+bool Contains(const RECT& outer, const RECT& inner) {
     return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
            inner.bottom <= outer.bottom;
 }
 
-void CheckLayout(HWND dialog, int templateId)
-{
+void CheckLayout(HWND dialog, int templateId) {
     SCOPED_TRACE(Printable(Form(dialog).Title()));
     const std::vector<Control> controls = ShownControls(dialog);
     EXPECT_GT(controls.size(), 1U);
-    for (const Control& control : controls)
-    {
+    for (const Control& control : controls) {
         EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control << " leaves the margins";
-        if (control.isButton || control.isStatic)
-        {
+        if (control.isButton || control.isStatic) {
             ExpectFits(control);
         }
-        for (const Control& other : controls)
-        {
+        for (const Control& other : controls) {
             RECT common = {};
-            if (control.window != other.window && IntersectRect(&common, &control.place, &other.place))
-            {
+            if (control.window != other.window && IntersectRect(&common, &control.place, &other.place)) {
                 EXPECT_TRUE((control.IsGroup() && Contains(control.place, other.place)) ||
                             (other.IsGroup() && Contains(other.place, control.place)))
                     << control << " and " << other;
@@ -128,15 +111,13 @@ void CheckLayout(HWND dialog, int templateId)
 
 using LayoutTest = SettingsTest;
 
-TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
-{
+TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps) {
     const char* asked = std::getenv("QB_DPI");
     EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
     InstallTools(AllTools);
     RunEditor([](const Sheet& sheet) {
         const int templates[] = {130, 132, 140, 131, 102, 136, 133, 135, 137};
-        for (size_t page = 0; page < std::size(templates); ++page)
-        {
+        for (size_t page = 0; page < std::size(templates); ++page) {
             sheet.Select(AllTabs[page]);
             CheckLayout(sheet.Page(), templates[page]);
         }

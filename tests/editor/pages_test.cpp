@@ -6,8 +6,7 @@
 #include <afxwin.h>
 #include <commctrl.h>
 
-namespace
-{
+namespace {
 using Ids = std::vector<int>;
 
 // The controls with a tip, in the order in which they get it.
@@ -61,47 +60,40 @@ const std::map<Text, Ids> ExchangeOrders = {
 
 Ids asked;
 
-LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
-{
-    if (message == WM_GETTEXT || message == BM_GETCHECK || message == LB_GETCURSEL || message == CB_GETCURSEL)
-    {
+LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_GETTEXT || message == BM_GETCHECK || message == LB_GETCURSEL || message == CB_GETCURSEL) {
         asked.push_back(GetDlgCtrlID(control));
     }
     return DefSubclassProc(control, message, wParam, lParam);
 }
 
-Ids AskedInExchange(const Form& form)
-{
+Ids AskedInExchange(const Form& form) {
     asked.clear();
-    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr; control = GetWindow(control, GW_HWNDNEXT))
-    {
+    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
         SetWindowSubclass(control, NoteQuestions, 0, 0);
     }
     CWnd::FromHandlePermanent(form.Page())->UpdateData(TRUE);
-    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr; control = GetWindow(control, GW_HWNDNEXT))
-    {
+    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
         RemoveWindowSubclass(control, NoteQuestions, 0);
     }
     return asked;
 }
 
-class PagesTest : public SettingsTest
-{
+class PagesTest : public SettingsTest {
 protected:
     // Runs the check on all pages and dialogs, each under its name.
-    static void OnEach(const std::function<void(const Form&, const Text& name)>& check)
-    {
+    static void OnEach(const std::function<void(const Form&, const Text& name)>& check) {
         InstallTools(AllTools);
         RunEditor([&check](const Sheet& sheet) {
-            for (const Text& tab : AllTabs)
-            {
+            for (const Text& tab : AllTabs) {
                 SCOPED_TRACE(Printable(tab));
                 ASSERT_TRUE(sheet.Select(tab));
                 check(sheet, tab);
             }
             sheet.Select(tabs::Media);
-            for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}})
-            {
+            for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
                 WithDialog(
                     title, [&check, &name = title](const Form& dialog) { check(dialog, name); },
                     [&sheet, id = button] { sheet.Click(id); });
@@ -112,8 +104,7 @@ protected:
 }  // namespace
 
 // Of controls that differ in a word only, that word.
-TEST_F(PagesTest, TipsAreOnTheirControls)
-{
+TEST_F(PagesTest, TipsAreOnTheirControls) {
     const std::map<int, LPCTSTR> words = {{1032, _T("EHCI")},           {1036, _T("xHCI")},
                                           {1045, _T("USB4")},           {1200, _T("RVSK")},
                                           {1123, _T("byte-aligned")},   {1124, _T("DWORD-aligned")},
@@ -128,8 +119,7 @@ TEST_F(PagesTest, TipsAreOnTheirControls)
                                           {1147, _T("RCVBUF")}};
     OnEach([&words](const Form& form, const Text& name) {
         EXPECT_EQ(TipsOf(form.Page()), TipOrders.at(name));
-        for (const int id : TipOrders.at(name))
-        {
+        for (const int id : TipOrders.at(name)) {
             const Text text = TipText(form.Page(), id);
             EXPECT_GE(text.size(), 24U);
             EXPECT_TRUE(!words.contains(id) || text.find(words.at(id)) != Text::npos) << id << Printable(text);
@@ -137,24 +127,20 @@ TEST_F(PagesTest, TipsAreOnTheirControls)
     });
 }
 
-TEST_F(PagesTest, TabGoesThroughControlsInTheirOrder)
-{
+TEST_F(PagesTest, TabGoesThroughControlsInTheirOrder) {
     OnEach([](const Form& form, const Text& name) {
         const Ids& order = TabOrders.at(name);
         EXPECT_EQ(TabOrder(form, order.front()), order);
     });
 }
 
-TEST_F(PagesTest, ExchangeAsksControlsInItsOrder)
-{
+TEST_F(PagesTest, ExchangeAsksControlsInItsOrder) {
     OnEach([](const Form& form, const Text& name) { EXPECT_EQ(AskedInExchange(form), ExchangeOrders.at(name)); });
 }
 
-TEST_F(PagesTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl)
-{
+TEST_F(PagesTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl) {
     OnEach([](const Form& form, const Text& name) {
-        if (form.Window() == form.Page())
-        {
+        if (form.Window() == form.Page()) {
             EXPECT_EQ(GetDlgCtrlID(GetFocus()), TabOrders.at(name).front());
             const HWND owner = GetWindow(form.Window(), GW_OWNER);
             EXPECT_FALSE(IsWindowEnabled(owner));

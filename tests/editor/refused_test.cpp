@@ -8,25 +8,20 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-namespace
-{
-class RefusedTest : public SettingsTest
-{
+namespace {
+class RefusedTest : public SettingsTest {
 protected:
     // With every setting changed, so that a lost one shows.
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools(AllTools);
         StoreTree(TreeOf(AllSettings(), &Setting::changed));
     }
 
     // How many of the page's settings the registry has otherwise.
-    static size_t CountLost(const Text& tab)
-    {
+    static size_t CountLost(const Text& tab) {
         size_t lost = 0;
-        for (const Setting& setting : SettingsOf(tab))
-        {
+        for (const Setting& setting : SettingsOf(tab)) {
             lost += Stored(setting.key, setting.name) == setting.changed ? 0 : 1;
         }
         return lost;
@@ -36,13 +31,10 @@ protected:
 
 // A page that could not read a value stores its default: at most one value is lost, or one with its copy, or
 // a whole table of ports.
-TEST_F(RefusedTest, AnyReadOfAPage)
-{
-    for (const Text& tab : AllTabs)
-    {
+TEST_F(RefusedTest, AnyReadOfAPage) {
+    for (const Text& tab : AllTabs) {
         bool struck = true;
-        for (unsigned call = 1; struck; ++call)
-        {
+        for (unsigned call = 1; struck; ++call) {
             SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
             StoreTree(TreeOf(SettingsOf(tab), &Setting::changed));
             RunEditor([&](const Sheet& sheet) {
@@ -59,14 +51,11 @@ TEST_F(RefusedTest, AnyReadOfAPage)
     }
 }
 
-TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
-{
-    for (const Text& tab : AllTabs)
-    {
+TEST_F(RefusedTest, AnyWriteOfAPageAndAll) {
+    for (const Text& tab : AllTabs) {
         RunOnTab(tab, [&tab](const Sheet& sheet) {
             bool struck = true;
-            for (unsigned call = 1; struck; ++call)
-            {
+            for (unsigned call = 1; struck; ++call) {
                 SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
                 StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
                 calls::Reset();
@@ -77,8 +66,7 @@ TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
                 EXPECT_LE(CountLost(tab), struck ? 1U : 0U);
                 ASSERT_EQ(calls::OpenKeys(), 0U);
             }
-            for (const char* function : {"RegCreateKeyExW", "RegDeleteTreeW", "RegSetValueExW"})
-            {
+            for (const char* function : {"RegCreateKeyExW", "RegDeleteTreeW", "RegSetValueExW"}) {
                 StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
                 const Tree before = StoredSettings();
                 calls::Refuse(function, 1, ERROR_ACCESS_DENIED, true);
@@ -94,12 +82,10 @@ TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
     }
 }
 
-TEST_F(RefusedTest, AnyReadOfTheInstalledTools)
-{
+TEST_F(RefusedTest, AnyReadOfTheInstalledTools) {
     InstallTools({KauriQB, ElmQB});
     unsigned call = 0;
-    do
-    {
+    do {
         calls::Reset();
         calls::Refuse(calls::AnyOfTheRegistry, ++call);
     } while (!TryRunEditor([](Sheet&) {}));
@@ -108,8 +94,7 @@ TEST_F(RefusedTest, AnyReadOfTheInstalledTools)
     EXPECT_EQ(calls::OpenKeys(), 0U);
 }
 
-TEST_F(RefusedTest, TooltipsOfPagesAndDialogs)
-{
+TEST_F(RefusedTest, TooltipsOfPagesAndDialogs) {
     calls::Refuse(std::string("CreateWindowExW ") + Printable(TOOLTIPS_CLASSW), 1, ERROR_NOT_ENOUGH_MEMORY, true);
     const auto moveMouse = [](const Form& form) {
         // The window has its eye on the mouse all the same.
@@ -120,16 +105,14 @@ TEST_F(RefusedTest, TooltipsOfPagesAndDialogs)
         EXPECT_TRUE(TipsOf(form.Page()).empty());
     };
     RunEditor([&](const Sheet& sheet) {
-        for (const Text& tab : AllTabs)
-        {
+        for (const Text& tab : AllTabs) {
             ASSERT_TRUE(sheet.Select(tab));
             moveMouse(sheet);
         }
         EXPECT_TRUE(calls::HasStruck());
         sheet.Select(tabs::Media);
         sheet.Click(1066);
-        for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}})
-        {
+        for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
             WithDialog(
                 title,
                 [&](const Form& dialog) {
@@ -143,8 +126,7 @@ TEST_F(RefusedTest, TooltipsOfPagesAndDialogs)
     EXPECT_EQ(StoredSettings()[keys::Bench], TreeOf(AllSettings(), &Setting::changed)[keys::Bench]);
 }
 
-TEST_F(RefusedTest, FileDialog)
-{
+TEST_F(RefusedTest, FileDialog) {
     calls::Refuse("CoCreateInstance", 1, E_FAIL, true);
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
         // No file dialog: as if it was cancelled.

@@ -4,17 +4,14 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 using Kind = Setting::Kind;
 using Value = StoredValue Setting::*;
 
-class AllSettingsTest : public SettingsTest
-{
+class AllSettingsTest : public SettingsTest {
 protected:
     // With every tool, and the identifier that would be made up otherwise.
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools(AllTools);
         StoreIdentifier();
@@ -22,25 +19,20 @@ protected:
 
     static void StoreIdentifier() { Store(keys::Kauri, _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A))); }
 
-    static void ExpectShown(const Form& page, const Text& tab, Value value)
-    {
-        for (const Setting& setting : SettingsOf(tab))
-        {
+    static void ExpectShown(const Form& page, const Text& tab, Value value) {
+        for (const Setting& setting : SettingsOf(tab)) {
             setting.ExpectShown(page, setting.*value);
         }
     }
 
     // Finds all pages at one value, and turns everything to the other.
-    static void ChangeAll(Value from, Value to, void (Sheet::*leave)() const)
-    {
+    static void ChangeAll(Value from, Value to, void (Sheet::*leave)() const) {
         RunEditor([&](const Sheet& sheet) {
-            for (const Text& tab : AllTabs)
-            {
+            for (const Text& tab : AllTabs) {
                 SCOPED_TRACE(Printable(tab));
                 ASSERT_TRUE(sheet.Select(tab));
                 ExpectShown(sheet, tab, from);
-                for (const Setting& setting : SettingsOf(tab))
-                {
+                for (const Setting& setting : SettingsOf(tab)) {
                     setting.Enter(sheet, setting.*to);
                 }
             }
@@ -50,44 +42,36 @@ protected:
     }
 };
 
-std::vector<Call> Writes(const std::vector<Setting>& settings)
-{
+std::vector<Call> Writes(const std::vector<Setting>& settings) {
     std::vector<Call> made;
-    for (const Setting& setting : settings)
-    {
+    for (const Setting& setting : settings) {
         const bool isPort = setting.name == _T("PacketType");
         const Text table = setting.key.substr(0, setting.key.rfind(_T('\\')));
-        if (isPort)
-        {
+        if (isPort) {
             made.insert(made.end(), {{"RegCreateKeyExW", table, {}}, {"RegDeleteTreeW", table, {}}});
         }
         made.insert(made.end(), {{"RegCreateKeyExW", setting.key, {}},
                                  {"RegSetValueExW", setting.key, setting.name},
                                  {"RegCloseKey", setting.key, {}}});
-        if (isPort)
-        {
+        if (isPort) {
             made.push_back({"RegCloseKey", table, {}});
         }
     }
     return made;
 }
 
-std::vector<Call> Reads(const Text& tab)
-{
+std::vector<Call> Reads(const Text& tab) {
     std::vector<Setting> settings = SettingsOf(tab);
     std::erase_if(settings, [](const Setting& setting) { return setting.kind == Kind::Copy; });
-    if (tab == tabs::Xhci)
-    {
+    if (tab == tabs::Xhci) {
         // The last two come before the four that skip parts of the interrupt test.
         std::rotate(settings.end() - 6, settings.end() - 2, settings.end());
     }
     std::vector<Call> made;
-    for (const Setting& setting : settings)
-    {
+    for (const Setting& setting : settings) {
         const bool isPort = setting.name == _T("PacketType");
         const Text table = setting.key.substr(0, setting.key.rfind(_T('\\')));
-        if (isPort)
-        {
+        if (isPort) {
             made.insert(made.end(),
                         {{"RegOpenKeyExW", table, {}}, {"RegQueryInfoKeyW", table, {}}, {"RegEnumKeyExW", table, {}}});
         }
@@ -96,8 +80,7 @@ std::vector<Call> Reads(const Text& tab)
         made.resize(made.size() + (setting.initial.type == REG_DWORD ? 1 : 2),
                     {"RegQueryValueExW", setting.key, setting.name});
         made.push_back({"RegCloseKey", setting.key, {}});
-        if (isPort)
-        {
+        if (isPort) {
             made.insert(made.end(), {{"RegEnumKeyExW", table, {}}, {"RegCloseKey", table, {}}});
         }
     }
@@ -105,8 +88,7 @@ std::vector<Call> Reads(const Text& tab)
 }
 }  // namespace
 
-TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
-{
+TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel) {
     ChangeAll(&Setting::initial, &Setting::changed, &Sheet::Ok);
     EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::changed));
     ChangeAll(&Setting::changed, &Setting::initial, &Sheet::Ok);
@@ -115,21 +97,17 @@ TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
     EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::initial));
 }
 
-TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
-{
-    for (const Text& tab : AllTabs)
-    {
+TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes) {
+    for (const Text& tab : AllTabs) {
         SCOPED_TRACE(Printable(tab));
         SettingsTest::SetUp();
         InstallTools(AllTools);
         std::vector<Setting> shown = SettingsOf(tabs::General);
-        if (tab != tabs::General)
-        {
+        if (tab != tabs::General) {
             const std::vector<Setting> others = SettingsOf(tab);
             shown.insert(shown.end(), others.begin(), others.end());
         }
-        if (tab == tabs::Identity)
-        {
+        if (tab == tabs::Identity) {
             StoreIdentifier();
         }
         RunOnTab(tab, [&](const Sheet& sheet) {
@@ -141,16 +119,12 @@ TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
     }
 }
 
-TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
-{
-    for (const Text& tab : AllTabs)
-    {
+TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue) {
+    for (const Text& tab : AllTabs) {
         RunOnTab(tab, [&tab](const Sheet& sheet) {
             sheet.Apply();
-            for (const Setting& setting : SettingsOf(tab))
-            {
-                if (!setting.IsChangeable())
-                {
+            for (const Setting& setting : SettingsOf(tab)) {
+                if (!setting.IsChangeable()) {
                     continue;
                 }
                 SCOPED_TRACE(Printable(setting.name));
@@ -158,25 +132,19 @@ TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
                 EXPECT_EQ(sheet.CanApply(), setting.kind != Kind::Path);
                 sheet.Apply();
                 EXPECT_FALSE(sheet.CanApply());
-                if (setting.kind != Kind::Path)
-                {
+                if (setting.kind != Kind::Path) {
                     EXPECT_EQ(Stored(setting.key, setting.name), setting.changed);
                     setting.Enter(sheet, setting.initial);
                     EXPECT_TRUE(sheet.CanApply());
                 }
-                if (setting.kind == Kind::Check)
-                {
+                if (setting.kind == Kind::Check) {
                     sheet.Click(setting.control);
                     sheet.Click(setting.control);
                     EXPECT_TRUE(sheet.CanApply()) << "each click changed it";
-                }
-                else if (setting.kind == Kind::Number || setting.kind == Kind::Hex)
-                {
+                } else if (setting.kind == Kind::Number || setting.kind == Kind::Hex) {
                     sheet.TypeInFront(setting.control, _T("0"));
                     EXPECT_FALSE(sheet.CanApply()) << "the same number";
-                }
-                else if (setting.kind == Kind::Radio || setting.kind == Kind::List)
-                {
+                } else if (setting.kind == Kind::Radio || setting.kind == Kind::List) {
                     setting.Enter(sheet, setting.initial);
                     EXPECT_FALSE(sheet.CanApply()) << "selected again";
                 }
@@ -186,37 +154,31 @@ TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
     }
 }
 
-TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
-{
+TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers) {
     std::vector<Tools> sets = {{KauriQB, HazelQB}, {AlderQB, FirQB}, {_T("OtherQB")}, {}};
     std::transform(AllTools.begin(), AllTools.end(), std::back_inserter(sets),
                    [](const ProductId& tool) { return Tools{tool}; });
-    for (const Tools& tools : sets)
-    {
+    for (const Tools& tools : sets) {
         SCOPED_TRACE(tools.empty() ? "none" : Printable(tools.front()));
         SettingsTest::SetUp();
         InstallTools(tools);
         Tree expected;
         std::vector<Text> expectedTabs;
-        for (const Setting& setting : AllSettings())
-        {
+        for (const Setting& setting : AllSettings()) {
             const bool live = setting.IsLiveFor(tools);
             // What nobody's page would store, and a page could only spoil.
             Store(setting.key, setting.name, live && setting.kind != Kind::Copy ? setting.changed : Binary({1, 2, 3}));
             expected[setting.key][setting.name] = live ? setting.changed : Binary({1, 2, 3});
-            if (live && (expectedTabs.empty() || expectedTabs.back() != setting.tab))
-            {
+            if (live && (expectedTabs.empty() || expectedTabs.back() != setting.tab)) {
                 expectedTabs.push_back(setting.tab);
             }
         }
         RunEditor([&](const Sheet& sheet) {
             EXPECT_EQ(sheet.Tabs(), expectedTabs);
             EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
-            for (const Text& tab : sheet.Tabs())
-            {
+            for (const Text& tab : sheet.Tabs()) {
                 ASSERT_TRUE(sheet.Select(tab));
-                for (const Setting& setting : SettingsOf(tab))
-                {
+                for (const Setting& setting : SettingsOf(tab)) {
                     const bool live = setting.IsLiveFor(tools);
                     const StoredValue blank = setting.kind == Kind::Path ? Sz({}) : Dword(0);
                     setting.ExpectShown(sheet, live ? setting.changed : blank);
@@ -230,15 +192,12 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
     }
 }
 
-TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedInOrder)
-{
+TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedInOrder) {
     StoreTree(TreeOf(AllSettings(), &Setting::initial));
-    for (const Text& tab : AllTabs)
-    {
+    for (const Text& tab : AllTabs) {
         SCOPED_TRACE(Printable(tab));
         RunEditor([&tab](const Sheet& sheet) {
-            if (tab != tabs::General)
-            {
+            if (tab != tabs::General) {
                 calls::Reset();
                 ASSERT_TRUE(sheet.Select(tab));
                 EXPECT_EQ(calls::Made("Reg"), Reads(tab));
@@ -246,8 +205,7 @@ TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedI
             calls::Reset();
             sheet.Ok();
             std::vector<Call> written = Writes(SettingsOf(tabs::General));
-            if (tab != tabs::General)
-            {
+            if (tab != tabs::General) {
                 const std::vector<Call> own = Writes(SettingsOf(tab));
                 written.insert(written.end(), own.begin(), own.end());
             }
@@ -257,15 +215,11 @@ TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedI
     }
 }
 
-TEST_F(AllSettingsTest, EmptiedNumberPromptsAndHoldsThePage)
-{
-    for (const Text& tab : AllTabs)
-    {
+TEST_F(AllSettingsTest, EmptiedNumberPromptsAndHoldsThePage) {
+    for (const Text& tab : AllTabs) {
         RunOnTab(tab, [&tab](const Sheet& sheet) {
-            for (const Setting& setting : SettingsOf(tab))
-            {
-                if (setting.kind != Kind::Number || !sheet.IsEnabled(setting.control))
-                {
+            for (const Setting& setting : SettingsOf(tab)) {
+                if (setting.kind != Kind::Number || !sheet.IsEnabled(setting.control)) {
                     continue;
                 }
                 SCOPED_TRACE(Printable(setting.name));

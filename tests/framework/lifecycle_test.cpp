@@ -7,16 +7,14 @@
 
 #include <prsht.h>
 
-namespace
-{
+namespace {
 using Steps = std::vector<std::string>;
 Steps steps;
 
 Steps TakeSteps() { return std::exchange(steps, {}); }
 
 // A page over the template of General Settings that notes what it is asked for.
-class NotedPage : public CSettingsPage
-{
+class NotedPage : public CSettingsPage {
 public:
     explicit NotedPage(std::string name) : CSettingsPage(IDD_GENERAL_SETTINGS), m_name(std::move(name)) {}
 
@@ -28,31 +26,25 @@ public:
     bool marksItself = false;
 
 protected:
-    void DoDataExchange(CDataExchange* pDX) override
-    {
+    void DoDataExchange(CDataExchange* pDX) override {
         Note(pDX->m_bSaveAndValidate ? "to members" : "to controls");
         DDX_Text(pDX, IDC_DISPLAY_UPDATE_TIME, number);
     }
-    void InitToolTips() override
-    {
+    void InitToolTips() override {
         Note("tips");
-        if (hasTip)
-        {
+        if (hasTip) {
             AddToolTip(IDC_DISPLAY_UPDATE_TIME, _T("A tip"));
         }
     }
     void SaveSettings() override { Note("save"); }
-    void LoadSettings() override
-    {
+    void LoadSettings() override {
         Note("load");
         number = 250;
     }
-    void UpdateControlStates() override
-    {
+    void UpdateControlStates() override {
         Note("states");
         EXPECT_EQ(Form(m_hWnd).TextOf(IDC_DISPLAY_UPDATE_TIME), _T("250"));
-        if (marksItself)
-        {
+        if (marksItself) {
             SetModified();
         }
     }
@@ -63,12 +55,10 @@ private:
     std::string m_name;
 };
 
-class LifecycleTest : public testing::Test
-{
+class LifecycleTest : public testing::Test {
 protected:
     // A sheet of the two pages, with the script run while it waits.
-    void RunSheet(const std::function<void(const Sheet&)>& script)
-    {
+    void RunSheet(const std::function<void(const Sheet&)>& script) {
         steps.clear();
         CPropertySheet sheet(_T("Noted"));
         sheet.AddPage(&first);
@@ -78,8 +68,7 @@ protected:
             [&script](const Form& form) {
                 const Sheet shown(form.Window());
                 script(shown);
-                if (shown.IsOpen())
-                {
+                if (shown.IsOpen()) {
                     shown.Cancel();
                 }
             },
@@ -93,15 +82,13 @@ protected:
 
 int relayed;
 
-LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
-{
+LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
     relayed += message == TTM_RELAYEVENT ? 1 : 0;
     return DefSubclassProc(tips, message, wParam, lParam);
 }
 }  // namespace
 
-TEST_F(LifecycleTest, PageComesAliveAtFirstDisplayOnly)
-{
+TEST_F(LifecycleTest, PageComesAliveAtFirstDisplayOnly) {
     RunSheet([](const Sheet& sheet) {
         EXPECT_EQ(TakeSteps(), (Steps{"1 load", "1 to controls", "1 states", "1 tips"}));
         Turn(sheet, 1);
@@ -114,8 +101,7 @@ TEST_F(LifecycleTest, PageComesAliveAtFirstDisplayOnly)
     EXPECT_EQ(TakeSteps(), Steps{});
 }
 
-TEST_F(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart)
-{
+TEST_F(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart) {
     RunSheet([this](const Sheet& sheet) {
         TakeSteps();
         first.SetModified();
@@ -129,8 +115,7 @@ TEST_F(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart)
     EXPECT_EQ(second.number, 300);
 }
 
-TEST_F(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent)
-{
+TEST_F(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent) {
     RunSheet([this](const Sheet& sheet) {
         sheet.SetText(IDC_DISPLAY_UPDATE_TIME, _T("9"));
         first.CheckModified(first.number);
@@ -153,8 +138,7 @@ TEST_F(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent)
 }
 
 // The common control knows nothing of a page whose dialog is being made.
-TEST_F(LifecycleTest, MarkOfAPageBeingCreatedStaysUntilItIsApplied)
-{
+TEST_F(LifecycleTest, MarkOfAPageBeingCreatedStaysUntilItIsApplied) {
     first.marksItself = true;
     second.marksItself = true;
     RunSheet([this](const Sheet& sheet) {
@@ -171,8 +155,7 @@ TEST_F(LifecycleTest, MarkOfAPageBeingCreatedStaysUntilItIsApplied)
     });
 }
 
-TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets)
-{
+TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets) {
     second.hasTip = false;
     RunSheet([](const Sheet& sheet) {
         EXPECT_EQ(TipsOf(sheet.Page()), std::vector<int>{IDC_DISPLAY_UPDATE_TIME});
@@ -194,8 +177,7 @@ TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets)
     });
 }
 
-TEST_F(LifecycleTest, PageIsShownForTheFirstInstalledOfItsTools)
-{
+TEST_F(LifecycleTest, PageIsShownForTheFirstInstalledOfItsTools) {
     InstalledProductMap = {};
     EXPECT_TRUE(first.ConcernsInstalledTool());
     first.AddProduct(BirchQB);

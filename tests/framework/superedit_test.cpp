@@ -4,34 +4,27 @@
 #include "support/calls.h"
 #include "support/form.h"
 
-namespace
-{
+namespace {
 // On a window of its own, of any class; base 0 leaves it as it comes up.
-class TrialEdit : public CSuperEdit
-{
+class TrialEdit : public CSuperEdit {
 public:
-    explicit TrialEdit(BYTE base, LPCTSTR className = _T("EDIT"))
-    {
+    explicit TrialEdit(BYTE base, LPCTSTR className = _T("EDIT")) {
         SubclassWindow(CreateWindowExW(0, className, _T(""), WS_POPUP | ES_AUTOHSCROLL, 0, 0, 100, 60, nullptr, nullptr,
                                        nullptr, nullptr));
-        if (base != 0)
-        {
+        if (base != 0) {
             SetBase(base);
             EXPECT_EQ(Shown(), _T("0"));
         }
     }
 
     Text Shown() const { return Form(m_hWnd).Title(); }
-    void Type(const Text& keys) const
-    {
-        for (const TCHAR key : keys)
-        {
+    void Type(const Text& keys) const {
+        for (const TCHAR key : keys) {
             ::SendMessageW(m_hWnd, WM_CHAR, key, 1);
         }
     }
     // What the dialog's question for codes is answered, asked about a message if there is one.
-    LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const
-    {
+    LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const {
         MSG asked = {};
         asked.message = message;
         asked.wParam = wParam;
@@ -40,10 +33,8 @@ public:
 };
 }  // namespace
 
-TEST(SuperEditTest, ShowsNumbersInItsBaseAndKeepsThemInAnother)
-{
-    struct Case
-    {
+TEST(SuperEditTest, ShowsNumbersInItsBaseAndKeepsThemInAnother) {
+    struct Case {
         BYTE base;
         ULONGLONG number;
         Text text;
@@ -51,8 +42,7 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndKeepsThemInAnother)
     for (const Case& c :
          {Case{16, 0x506F9A, _T("506F9A")}, Case{2, 0, _T("0")}, Case{36, 35 * 36 + 10, _T("ZA")},
           Case{16, ~0ULL, _T("FFFFFFFFFFFFFFFF")}, Case{8, 0777, _T("777")},
-          Case{2, 1ULL << 63, _T("1") + Text(63, _T('0'))}, Case{10, 1234567890123456789, _T("1234567890123456789")}})
-    {
+          Case{2, 1ULL << 63, _T("1") + Text(63, _T('0'))}, Case{10, 1234567890123456789, _T("1234567890123456789")}}) {
         TrialEdit edit(c.base);
         edit.SetNumber(c.number);
         EXPECT_EQ(edit.Shown(), c.text);
@@ -63,10 +53,8 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndKeepsThemInAnother)
     }
 }
 
-TEST(SuperEditTest, MakesANumberOfAnyText)
-{
-    struct Case
-    {
+TEST(SuperEditTest, MakesANumberOfAnyText) {
+    struct Case {
         BYTE base;
         LPCTSTR text;
         ULONGLONG number;
@@ -78,8 +66,7 @@ TEST(SuperEditTest, MakesANumberOfAnyText)
           Case{16, _T("-1"), none * 16 + 1}, Case{16, _T("1 "), 16 + none},
           Case{16, _T("`{@["), ((none * 16 + none) * 16 + none) * 16 + none}, Case{16, _T("/:"), none * 17},
           Case{16, _T("\xE9"), none}, Case{16, _T("\x0661"), none},
-          Case{16, _T("123456789ABCDEF01"), 0x23456789ABCDEF01}, Case{10, _T("18446744073709551617"), 1}})
-    {
+          Case{16, _T("123456789ABCDEF01"), 0x23456789ABCDEF01}, Case{10, _T("18446744073709551617"), 1}}) {
         TrialEdit edit(c.base);
         edit.SetWindowText(c.text);
         EXPECT_EQ(edit.GetNumber(), c.number);
@@ -87,10 +74,8 @@ TEST(SuperEditTest, MakesANumberOfAnyText)
     }
 }
 
-TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
-{
-    struct Case
-    {
+TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits) {
+    struct Case {
         BYTE base;
         LPCTSTR typed;
         LPCTSTR text;
@@ -101,8 +86,7 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
           Case{10, _T("/0a9:F-"), _T("09"), 5}, Case{8, _T("78"), _T("7"), 1}, Case{2, _T("012"), _T("01"), 1},
           Case{36, _T("0zZ{[9"), _T("0zZ9"), 2}, Case{11, _T("aAbB9"), _T("aA9"), 2},
           // Control characters are the edit's own, and what is beyond ASCII does not print.
-          Case{16, _T("12\b3"), _T("13"), 0}, Case{16, _T("\x20AC"), _T("\x20AC"), 0}})
-    {
+          Case{16, _T("12\b3"), _T("13"), 0}, Case{16, _T("\x20AC"), _T("\x20AC"), 0}}) {
         SCOPED_TRACE(testing::Message() << "base " << unsigned{c.base});
         TrialEdit edit(c.base);
         edit.SetWindowText(_T(""));
@@ -113,8 +97,7 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
     }
 }
 
-TEST(SuperEditTest, AsksItsDialogForPrintableCharacters)
-{
+TEST(SuperEditTest, AsksItsDialogForPrintableCharacters) {
     // A window that wants no characters by itself, as an edit would.
     TrialEdit edit(0, _T("STATIC"));
     const LRESULT usual = edit.DialogCode();

@@ -4,15 +4,13 @@
 #include "support/calls.h"
 #include "support/registry.h"
 
-namespace
-{
+namespace {
 // Under a part of SOFTWARE\Halvane that no page uses.
 const Text Key = _T("SOFTWARE\\Halvane\\Scratch\\Below");
 const Text Name = _T("Value");
 
 // A page for its registry operations alone; it is never displayed.
-class ValuePage : public CSettingsPage
-{
+class ValuePage : public CSettingsPage {
 public:
     ValuePage() : CSettingsPage(IDD_GENERAL_SETTINGS) {}
 
@@ -22,8 +20,7 @@ public:
     using CSettingsPage::WriteValue;
 
     template <class Member>
-    Member Read(Member member)
-    {
+    Member Read(Member member) {
         ReadValue(Key, Name, member);
         return member;
     }
@@ -34,18 +31,15 @@ protected:
     void LoadSettings() override {}
 };
 
-class ValuesTest : public SettingsTest
-{
+class ValuesTest : public SettingsTest {
 protected:
     // What stands in a buffer of six bytes once four have been asked for.
-    std::vector<BYTE> ReadFour()
-    {
+    std::vector<BYTE> ReadFour() {
         std::vector<BYTE> buffer(6, 0xEE);
         page.ReadBinaryValue(Key, Name, 4, buffer.data());
         return buffer;
     }
-    void ExpectNothingRead()
-    {
+    void ExpectNothingRead() {
         EXPECT_EQ(page.Read(-7), -7);
         EXPECT_EQ(page.Read(0x80000007U), 0x80000007U);
         EXPECT_FALSE(page.Read(true));
@@ -61,8 +55,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
-{
+TEST_F(ValuesTest, ReadOfNothingCreatesNothing) {
     ExpectNothingRead();
     EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane\\Scratch")));
     Store(Key, _T("Other"), Dword(1));
@@ -80,8 +73,7 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
     EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xEE));
 }
 
-TEST_F(ValuesTest, WriteCreatesKeyAndValue)
-{
+TEST_F(ValuesTest, WriteCreatesKeyAndValue) {
     page.WriteValue(Key, Name, -2);
     EXPECT_EQ(Stored(Key, Name), Dword(0xFFFFFFFE));
     page.WriteValue(Key, Name, 0x80000000U);
@@ -108,8 +100,7 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
     EXPECT_FALSE(KeyExists(other));
 }
 
-TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType)
-{
+TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType) {
     const auto readText = [this] { return Text(page.Read(CString(_T("before")))); };
     Store(Key, Name, Binary({0xCD, 0xAB}));
     EXPECT_EQ(page.Read(0x12345678), 0x1234ABCD);

@@ -10,19 +10,15 @@
 #include <csignal>
 #include <cstdlib>
 
-namespace
-{
-void Check(bool holds, const char* what)
-{
-    if (!holds)
-    {
+namespace {
+void Check(bool holds, const char* what) {
+    if (!holds) {
         std::fprintf(stderr, "does not hold: %s\n", what);
         std::abort();
     }
 }
 
-LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
-{
+LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
     Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "no address is wrong");
     return EXCEPTION_CONTINUE_SEARCH;
 }
@@ -31,16 +27,13 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 using Places = std::vector<std::pair<Text, Text>>;
 
 // Cuts the fuzzer's bytes into values to store; takes zeros when they have run out.
-class Input
-{
+class Input {
 public:
     Input(const uint8_t* data, size_t size) : m_bytes(data, data + size) {}
 
     BYTE Byte() { return m_at < m_bytes.size() ? m_bytes[m_at++] : BYTE{0}; }
-    void StoreAll(const Places& places)
-    {
-        while (m_at < m_bytes.size())
-        {
+    void StoreAll(const Places& places) {
+        while (m_at < m_bytes.size()) {
             const size_t choice = Byte() % (places.size() + 1);
             const auto& [key, name] = places[choice % places.size()];
             const Text subkey = key.back() == _T('\\') ? Name() : Text();
@@ -53,29 +46,24 @@ private:
     // A few bytes of any kind, or up to 255 that make Latin letters, or many of one kind. The rest of the
     // letters is left out because Wine's own layout of some of them reads beyond the font, and ends the
     // program.
-    StoredValue Value()
-    {
+    StoredValue Value() {
         const BYTE form = Byte();
         const size_t count = form % 8 < 6 ? form % 8 : Byte();
         StoredValue value = {form / 8U % 12, {}};
-        if (form % 8 == 6)
-        {
+        if (form % 8 == 6) {
             value.data.assign(count * 64, Byte() | 0x40);
             return value;
         }
-        while (value.data.size() < count)
-        {
+        while (value.data.size() < count) {
             const BYTE byte = Byte();
             value.data.push_back(form % 8 == 7 && value.data.size() % 2 != 0 ? byte % 3 : byte);
         }
         return value;
     }
     // Digits often, for the ports' subkeys.
-    Text Name()
-    {
+    Text Name() {
         Text name(Byte() % 16, _T('0'));
-        for (TCHAR& character : name)
-        {
+        for (TCHAR& character : name) {
             const BYTE byte = Byte();
             character = static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
         }
@@ -95,14 +83,11 @@ Text g_tab;     // the one to open; the last that there is if empty
 bool g_closed;  // whether a window came and was closed again
 Tree g_first;   // what the first Apply has left
 
-LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message != WM_APP)
-    {
+LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP) {
         return DefWindowProcW(window, message, wParam, lParam);
     }
-    if (AfxGetMainWnd() == nullptr)
-    {
+    if (AfxGetMainWnd() == nullptr) {
         Check(g_tab.empty(), "the list of all tools is read");
         SendMessageW(FindWindowW(nullptr, titles::Error.c_str()), WM_COMMAND, IDOK, 0);
         g_closed = true;
@@ -118,8 +103,7 @@ LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return 0;
 }
 
-void RunEditor()
-{
+void RunEditor() {
     static const HWND user =
         CreateWindowExW(0, _T("Static"), nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     SetWindowLongPtrW(user, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(UseEditor));
@@ -135,21 +119,17 @@ void RunEditor()
 }
 
 // Where a page looks for settings: where it writes them.
-Places PlacesOf(const Text& tab)
-{
+Places PlacesOf(const Text& tab) {
     ClearSettings();
     InstallTools(AllTools);
     g_tab = tab;
     RunEditor();
     Places places;
-    for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first)
-    {
-        for (const auto& [name, value] : values)
-        {
+    for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first) {
+        for (const auto& [name, value] : values) {
             places.emplace_back(key, name);
         }
-        if (key == keys::ClientPorts || key == keys::ServerPorts)
-        {
+        if (key == keys::ClientPorts || key == keys::ServerPorts) {
             places.emplace_back(key + _T("\\"), _T("PacketType"));
         }
     }
@@ -157,8 +137,7 @@ Places PlacesOf(const Text& tab)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
     // Wine would end the program before the fuzzer has kept the input.
     std::signal(SIGABRT, SIG_DFL);
     AddVectoredExceptionHandler(1, OnException);
@@ -166,14 +145,12 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     return 0;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
-{
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, size);
     const size_t choice = input.Byte() % std::size(Tabs);
     g_tab = Tabs[choice];
     ClearSettings();
-    if (!g_tab.empty())
-    {
+    if (!g_tab.empty()) {
         InstallTools(AllTools);
     }
     input.StoreAll(g_places[choice]);

@@ -12,47 +12,36 @@
 #include <iostream>
 #include <random>
 
-namespace
-{
+namespace {
 const int Starts = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 6;
 // As many go before the first count: what is made once is there then.
 const int WarmUp = std::min(10, Starts / 2);
 
 // What a program could leave behind or pile up: windows of all programs, handles and memory of one process.
-enum What
-{
-    Windows,
-    Handles,
-    Kilobytes,
-    Kinds
-};
+enum What { Windows, Handles, Kilobytes, Kinds };
 constexpr const char* Names[Kinds] = {"windows", "handles", "kilobytes"};
 constexpr size_t Slack[Kinds] = {0, 0, 512};  // a heap grows by steps, and shrinks late
 using Counts = std::array<size_t, Kinds>;
 
 constexpr std::pair<UINT, WPARAM> Closings[] = {{WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
 
-size_t WindowsBelow(HWND parent)
-{
+size_t WindowsBelow(HWND parent) {
     size_t count = 0;
-    for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;)
-    {
+    for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;) {
         count += 1 + WindowsBelow(window);
     }
     return count;
 }
 
 // In these ways, as Wine gives 0 for GetProcessHandleCount and GetGuiResources.
-Counts Count(DWORD id)
-{
+Counts Count(DWORD id) {
     // The number of handles, a word that is kept free, and five words for each handle; its process is the
     // second.
     std::vector<ULONG_PTR> list(size_t{1} << 17);
     constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
     NtQuerySystemInformation(ExtendedHandles, list.data(), ULONG{8} << 17, nullptr);
     size_t handles = 0;
-    for (size_t index = 0; index < list[0]; ++index)
-    {
+    for (size_t index = 0; index < list[0]; ++index) {
         handles += list[index * 5 + 3] == id ? 1 : 0;
     }
     PROCESS_MEMORY_COUNTERS memory = {};
@@ -63,36 +52,30 @@ Counts Count(DWORD id)
 }
 
 // What has just ended takes a moment to go.
-void ExpectNoGrowth(const Counts& before, DWORD id)
-{
+void ExpectNoGrowth(const Counts& before, DWORD id) {
     Sleep(500);
     const Counts now = Count(id);
-    for (int what = 0; what < Kinds; ++what)
-    {
+    for (int what = 0; what < Kinds; ++what) {
         std::cout << Names[what] << ": " << before[what] << ", at last " << now[what] << '\n';
         EXPECT_LE(now[what], before[what] + Slack[what]) << Names[what];
     }
 }
 
-struct Setting
-{
+struct Setting {
     Text key;
     Text name;
     StoredValue shown;
     StoredValue old;
 };
 
-void StoreAll(const std::vector<Setting>& settings, StoredValue Setting::*value)
-{
-    for (const Setting& setting : settings)
-    {
+void StoreAll(const std::vector<Setting>& settings, StoredValue Setting::*value) {
+    for (const Setting& setting : settings) {
         Store(setting.key, setting.name, setting.*value);
     }
 }
 
 // Has the editor show all pages and store them with OK.
-void RunToTheEnd()
-{
+void RunToTheEnd() {
     const EditorProcess editor;
     const EditorSheet sheet = editor.WaitForSheet();
     ASSERT_EQ(sheet.OpenAll().size(), 9U);
@@ -102,35 +85,30 @@ void RunToTheEnd()
 using EnduranceJourney = SettingsTest;
 }  // namespace
 
-TEST_F(EnduranceJourney, CountsShowWhatIsLeaked)
-{
+TEST_F(EnduranceJourney, CountsShowWhatIsLeaked) {
     const Counts before = Count(GetCurrentProcessId());
     const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     const HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
     const std::string memory(size_t{2} << 20, 'x');
     const Counts now = Count(GetCurrentProcessId());
-    for (int what = 0; what < Kinds; ++what)
-    {
+    for (int what = 0; what < Kinds; ++what) {
         EXPECT_GT(now[what], before[what] + Slack[what]) << Names[what] << memory.size();
     }
     DestroyWindow(window);
     CloseHandle(event);
 }
 
-TEST_F(EnduranceJourney, StartsLeaveNothingBehind)
-{
+TEST_F(EnduranceJourney, StartsLeaveNothingBehind) {
     InstallTools(AllTools);
     // Its own handles end with a process. What it could leave lies with the one that has the desktop.
     DWORD desktop = 0;
     GetWindowThreadProcessId(GetDesktopWindow(), &desktop);
     Counts before = {};
-    for (int start = 0; start < Starts; ++start)
-    {
+    for (int start = 0; start < Starts; ++start) {
         before = start == WarmUp ? Count(desktop) : before;
         const EditorProcess editor;
         const EditorSheet sheet = editor.WaitForSheet();
-        if (start % 2 == 0)
-        {
+        if (start % 2 == 0) {
             ASSERT_TRUE(EditorProcess().WaitForEnd());
         }
         const auto [message, wParam] = Closings[start % std::size(Closings)];
@@ -140,14 +118,12 @@ TEST_F(EnduranceJourney, StartsLeaveNothingBehind)
     ExpectNoGrowth(before, desktop);
 }
 
-TEST_F(EnduranceJourney, PagesPileNothingUp)
-{
+TEST_F(EnduranceJourney, PagesPileNothingUp) {
     InstallTools(AllTools);
     const EditorProcess editor;
     const EditorSheet sheet = editor.WaitForSheet();
     Counts before = {};
-    for (int show = 0; show < Starts * 5 / 2; ++show)
-    {
+    for (int show = 0; show < Starts * 5 / 2; ++show) {
         before = show == WarmUp ? Count(editor.Id()) : before;
         ASSERT_EQ(sheet.OpenAll().size(), 9U);
     }
@@ -156,23 +132,19 @@ TEST_F(EnduranceJourney, PagesPileNothingUp)
 
 // A value is whole, for the registry takes it in one call. Only a table of ports is removed before it is
 // stored, so that its ports, or their types, may be missing.
-TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew)
-{
+TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew) {
     InstallTools(AllTools);
     RunToTheEnd();
     std::vector<Setting> settings;
-    for (const auto& [key, values] : StoredSettings())
-    {
-        for (const auto& [name, shown] : values)
-        {
+    for (const auto& [key, values] : StoredSettings()) {
+        for (const auto& [name, shown] : values) {
             const StoredValue old = {shown.type, std::vector<BYTE>(shown.data.size(), 7)};
             settings.push_back({key, name, shown, shown.type == REG_SZ ? Sz(L"old") : old});
         }
     }
     std::mt19937 random(GetTickCount());
     int cutShort = 0;
-    for (int kill = 0; kill < Starts / 2; ++kill)
-    {
+    for (int kill = 0; kill < Starts / 2; ++kill) {
         StoreAll(settings, &Setting::shown);
         {
             const EditorProcess editor;
@@ -181,13 +153,10 @@ TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew)
             StoreAll(settings, &Setting::old);
             const Setting& last = settings[random() % settings.size()];
             PostMessageW(sheet.ApplyButton(), BM_CLICK, 0, 0);
-            while (Stored(last.key, last.name) == last.old && editor.Runs())
-            {
-            }
+            while (Stored(last.key, last.name) == last.old && editor.Runs()) {}
         }
         size_t olds = 0;
-        for (const Setting& setting : settings)
-        {
+        for (const Setting& setting : settings) {
             const StoredValue found = Stored(setting.key, setting.name);
             const bool isPort = setting.name == L"PacketType";
             EXPECT_TRUE(found == setting.shown || found == setting.old || (isPort && found == Absent))

@@ -11,8 +11,7 @@
 #include <filesystem>
 #include <set>
 
-namespace
-{
+namespace {
 constexpr size_t MaximumSize = size_t{400} * 1024;
 
 // Windows keeps these mapped for all programs, with all that they import, and looks at no file of their name
@@ -23,8 +22,7 @@ constexpr size_t MaximumSize = size_t{400} * 1024;
 const std::set<std::string> KnownLibraries = {"advapi32.dll", "kernel32.dll", "msvcrt.dll",
                                               "ole32.dll",    "rpcrt4.dll",   "user32.dll"};
 
-std::string ReadProgram()
-{
+std::string ReadProgram() {
     const HANDLE file = CreateFileW(EditorProcess::Path().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     std::string bytes(GetFileSize(file, nullptr), '\0');
@@ -34,11 +32,9 @@ std::string ReadProgram()
     return bytes;
 }
 
-class ProgramFile : public testing::Test
-{
+class ProgramFile : public testing::Test {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         const auto start = reinterpret_cast<const IMAGE_DOS_HEADER*>(m_bytes.data())->e_lfanew;
         m_headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(m_bytes.data() + start);
         ASSERT_EQ(m_headers->Signature, DWORD{IMAGE_NT_SIGNATURE});
@@ -46,13 +42,10 @@ protected:
     }
 
     // What the loader would put at that address.
-    const char* At(DWORD address) const
-    {
+    const char* At(DWORD address) const {
         const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(m_headers);
-        for (WORD index = 0; index < m_headers->FileHeader.NumberOfSections; ++index, ++section)
-        {
-            if (address >= section->VirtualAddress && address - section->VirtualAddress < section->SizeOfRawData)
-            {
+        for (WORD index = 0; index < m_headers->FileHeader.NumberOfSections; ++index, ++section) {
+            if (address >= section->VirtualAddress && address - section->VirtualAddress < section->SizeOfRawData) {
                 return m_bytes.data() + section->PointerToRawData + (address - section->VirtualAddress);
             }
         }
@@ -67,14 +60,12 @@ protected:
 };
 
 // The program's resources, loaded as data.
-class ProgramResources : public testing::Test
-{
+class ProgramResources : public testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(m_module, nullptr); }
     void TearDown() override { FreeLibrary(m_module); }
 
-    std::string Resource(int id, LPCWSTR type) const
-    {
+    std::string Resource(int id, LPCWSTR type) const {
         const HRSRC resource = FindResourceW(m_module, MAKEINTRESOURCEW(id), type);
         const auto* data = static_cast<const char*>(LockResource(LoadResource(m_module, resource)));
         return data != nullptr ? std::string(data, SizeofResource(m_module, resource)) : std::string();
@@ -84,15 +75,13 @@ protected:
 };
 
 // The files from which a process has loaded its code, in small letters.
-std::set<std::filesystem::path> LoadedFiles(DWORD id)
-{
+std::set<std::filesystem::path> LoadedFiles(DWORD id) {
     std::set<std::filesystem::path> files;
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
     HMODULE modules[256] = {};
     DWORD size = 0;
     EXPECT_TRUE(EnumProcessModules(process, modules, sizeof(modules), &size));
-    for (DWORD index = 0; index < std::min<DWORD>(size, sizeof(modules)) / sizeof(HMODULE); ++index)
-    {
+    for (DWORD index = 0; index < std::min<DWORD>(size, sizeof(modules)) / sizeof(HMODULE); ++index) {
         wchar_t path[MAX_PATH] = {};
         GetModuleFileNameExW(process, modules[index], path, MAX_PATH);
         files.insert(_wcslwr(path));
@@ -104,8 +93,7 @@ std::set<std::filesystem::path> LoadedFiles(DWORD id)
 using PlantedLibraries = SettingsTest;
 }  // namespace
 
-TEST_F(ProgramFile, IsASmallStrippedGuiProgramForWindows10)
-{
+TEST_F(ProgramFile, IsASmallStrippedGuiProgramForWindows10) {
     EXPECT_LE(m_bytes.size(), MaximumSize);
     const IMAGE_OPTIONAL_HEADER64& header = m_headers->OptionalHeader;
     EXPECT_EQ(header.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
@@ -118,8 +106,7 @@ TEST_F(ProgramFile, IsASmallStrippedGuiProgramForWindows10)
     EXPECT_EQ(Directory(IMAGE_DIRECTORY_ENTRY_DEBUG).Size, 0U);
 }
 
-TEST_F(ProgramFile, IsHardened)
-{
+TEST_F(ProgramFile, IsHardened) {
     const WORD wanted = IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA | IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE |
                         IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
     EXPECT_EQ(m_headers->OptionalHeader.DllCharacteristics & wanted, wanted);
@@ -127,8 +114,7 @@ TEST_F(ProgramFile, IsHardened)
     EXPECT_FALSE(m_headers->FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
     EXPECT_GT(Directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0U);
     const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(m_headers);
-    for (WORD index = 0; index < m_headers->FileHeader.NumberOfSections; ++index, ++section)
-    {
+    for (WORD index = 0; index < m_headers->FileHeader.NumberOfSections; ++index, ++section) {
         const DWORD both = IMAGE_SCN_MEM_WRITE | IMAGE_SCN_MEM_EXECUTE;
         EXPECT_NE(section->Characteristics & both, both) << section->Name;
     }
@@ -136,22 +122,18 @@ TEST_F(ProgramFile, IsHardened)
     EXPECT_NE(m_bytes.find("stack smashing detected"), std::string::npos);
 }
 
-TEST_F(ProgramFile, HoldsNothingOfWhereAndWhenItWasBuilt)
-{
+TEST_F(ProgramFile, HoldsNothingOfWhereAndWhenItWasBuilt) {
     EXPECT_EQ(m_headers->FileHeader.TimeDateStamp, 0U);
-    for (const char* trace : {"/home/", "/build/", ".cpp:"})
-    {
+    for (const char* trace : {"/home/", "/build/", ".cpp:"}) {
         EXPECT_EQ(m_bytes.find(trace), std::string::npos) << trace;
     }
 }
 
-TEST_F(ProgramFile, ImportsWhatNobodyCanPlant)
-{
+TEST_F(ProgramFile, ImportsWhatNobodyCanPlant) {
     const auto* library =
         reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(At(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress));
     ASSERT_NE(library->Name, 0U);
-    for (; library->Name != 0; ++library)
-    {
+    for (; library->Name != 0; ++library) {
         std::string name = At(library->Name);
         std::transform(name.begin(), name.end(), name.begin(),
                        [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
@@ -161,16 +143,14 @@ TEST_F(ProgramFile, ImportsWhatNobodyCanPlant)
 }
 
 // Copies of the system's own, which do no harm: it shows in their paths where they were found.
-TEST_F(PlantedLibraries, AreNotLoaded)
-{
+TEST_F(PlantedLibraries, AreNotLoaded) {
     const std::filesystem::path folder = EditorProcess::Path(L"planted");
     const std::filesystem::path program = folder / L"QBSettings.exe";
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     std::filesystem::copy_file(EditorProcess::Path(), program);
     for (const wchar_t* library : {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll",
-                                   L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
-    {
+                                   L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"}) {
         std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library, folder / library);
     }
     InstallTools(AllTools);
@@ -182,10 +162,8 @@ TEST_F(PlantedLibraries, AreNotLoaded)
         sheet.ClickToOpen(IDC_EHCI_BROWSE);
         ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
         std::set<std::string> planted;
-        for (const std::filesystem::path& file : LoadedFiles(editor.Id()))
-        {
-            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0)
-            {
+        for (const std::filesystem::path& file : LoadedFiles(editor.Id())) {
+            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) {
                 planted.insert(file.filename().string());
             }
         }
@@ -198,31 +176,26 @@ TEST_F(PlantedLibraries, AreNotLoaded)
     std::filesystem::remove_all(folder);
 }
 
-TEST_F(ProgramResources, IconComesInTheSizesThatWindowsShows)
-{
+TEST_F(ProgramResources, IconComesInTheSizesThatWindowsShows) {
     const std::string group = Resource(IDR_MAINFRAME, RT_GROUP_ICON);
     std::set<int> sizes;
     // A header of six bytes, then fourteen for each image, which begin with its width; 0 stands for 256.
-    for (size_t at = 6; at + 14 <= group.size(); at += 14)
-    {
+    for (size_t at = 6; at + 14 <= group.size(); at += 14) {
         sizes.insert(static_cast<unsigned char>(group[at]));
     }
     EXPECT_EQ(sizes, (std::set<int>{0, 16, 20, 24, 32, 48}));
 }
 
-TEST_F(ProgramResources, ManifestAsksForWhatTheProgramRelies)
-{
+TEST_F(ProgramResources, ManifestAsksForWhatTheProgramRelies) {
     const std::string manifest = Resource(1, RT_MANIFEST);
     for (const char* wanted : {"<requestedExecutionLevel level=\"requireAdministrator\"", ">true</dpiAware>",
                                "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"",
-                               "<supportedOS Id=\"{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}\"/>"})
-    {
+                               "<supportedOS Id=\"{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}\"/>"}) {
         EXPECT_NE(manifest.find(wanted), std::string::npos) << wanted;
     }
 }
 
-TEST_F(ProgramResources, VersionIsTheProjects)
-{
+TEST_F(ProgramResources, VersionIsTheProjects) {
     const std::string version = Resource(VS_VERSION_INFO, RT_VERSION);
     // The texts lie in it as "name", padding, "value"; both in UTF-16.
     const auto* units = reinterpret_cast<const wchar_t*>(version.data());
@@ -230,8 +203,7 @@ TEST_F(ProgramResources, VersionIsTheProjects)
     text.erase(std::remove(text.begin(), text.end(), L'\0'), text.end());
     for (const wchar_t* wanted :
          {L"FileVersion" QB_VERSION, L"ProductVersion" QB_VERSION, L"FileDescriptionQuorvex Bench Settings",
-          L"OriginalFilenameQBSettings.exe", L"ProductNameQuorvex Bench", L"CompanyNameHalvane"})
-    {
+          L"OriginalFilenameQBSettings.exe", L"ProductNameQuorvex Bench", L"CompanyNameHalvane"}) {
         EXPECT_NE(text.find(wanted), std::wstring::npos) << wanted;
     }
 }

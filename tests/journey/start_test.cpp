@@ -3,25 +3,20 @@
 #include "resource.h"
 #include "support/registry.h"
 
-namespace
-{
+namespace {
 using Titles = std::vector<std::wstring>;
 
-class StartJourney : public SettingsTest
-{
+class StartJourney : public SettingsTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         ClearSettings();
         InstallTools(AllTools);
     }
 
     // Runs a further instance to its end; fails the test if it shows anything.
-    static void RunSecondInstance()
-    {
+    static void RunSecondInstance() {
         const EditorProcess second;
-        while (second.Runs())
-        {
+        while (second.Runs()) {
             ASSERT_EQ(second.Windows(), Titles());
             Sleep(1);
         }
@@ -30,8 +25,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
-{
+TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
     // A command line makes no difference.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
     const EditorSheet sheet = editor.WaitForSheet();
@@ -59,11 +53,9 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
     EXPECT_EQ(StoredSettings(), applied);
 }
 
-TEST_F(StartJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt)
-{
+TEST_F(StartJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt) {
     Store(keys::Bench, L"QBLogVerbosity", Dword(5));
-    for (const LPCWSTR allowed : {L"1", L"0", LPCWSTR{nullptr}})
-    {
+    for (const LPCWSTR allowed : {L"1", L"0", LPCWSTR{nullptr}}) {
         SetEnvironmentVariableW(L"QB_ALLOW_DIAGNOSTIC_LOGGING", allowed);
         const EditorProcess editor;
         const EditorSheet sheet = editor.WaitForSheet();
@@ -73,14 +65,12 @@ TEST_F(StartJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt)
     }
 }
 
-TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
-{
+TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
     const EditorProcess first;
     const EditorSheet sheet = first.WaitForSheet();
     const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200, 900,
                                        nullptr, nullptr, nullptr, nullptr);
-    for (const bool minimised : {false, true})
-    {
+    for (const bool minimised : {false, true}) {
         SCOPED_TRACE(minimised);
         ShowWindow(sheet.Window(), minimised ? SW_MINIMIZE : SW_SHOWNORMAL);
         SetForegroundWindow(cover);
@@ -98,8 +88,7 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
     EXPECT_TRUE(next.WaitForSheet().IsChecked(IDC_CERTIFICATION_MODE));
 }
 
-TEST_F(StartJourney, MutexThatIsSomethingElseMarksNoInstance)
-{
+TEST_F(StartJourney, MutexThatIsSomethingElseMarksNoInstance) {
     // A name that stands for an event already cannot be made a mutex.
     const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, L"{6DB73739-9704-4C93-A405-1DEC5683288A}");
     const EditorProcess editor;
@@ -108,8 +97,7 @@ TEST_F(StartJourney, MutexThatIsSomethingElseMarksNoInstance)
     CloseHandle(event);
 }
 
-TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
-{
+TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet) {
     SettingsTest::SetUp();
     const EditorProcess editor;
     const EditorDialog box(editor.WaitForWindow(titles::Error));

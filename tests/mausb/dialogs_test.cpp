@@ -4,8 +4,7 @@
 
 #include <tuple>
 
-namespace
-{
+namespace {
 using Ports = std::vector<std::pair<UINT, int>>;
 
 // Of a row of Port Numbers.
@@ -14,16 +13,14 @@ constexpr int Types[] = {1189, 1192, 1195, 1198};
 using Row = std::tuple<Text, LRESULT, bool>;  // text, selected type, whether that can be chosen
 const Row EmptyRow = {{}, 0, false};
 
-Row RowOf(const Form& form, int row)
-{
+Row RowOf(const Form& form, int row) {
     return {form.TextOf(Edits[row]), form.SelectionOf(Types[row]), form.IsEnabled(Types[row])};
 }
 
 std::vector<Row> RowsOf(const Form& form) { return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)}; }
 
 // What the dialog leaves of a table.
-Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
-{
+Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script) {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
     WithDialog(
@@ -35,15 +32,13 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
         [&] { result = dialog.DoModal(); });
     EXPECT_EQ(result, button);
     Ports ports;
-    for (const PortEntry& entry : table)
-    {
+    for (const PortEntry& entry : table) {
         ports.emplace_back(entry.PortNumber, entry.PacketType);
     }
     return ports;
 }
 
-class AdvancedTCPTest : public SettingsTest
-{
+class AdvancedTCPTest : public SettingsTest {
 protected:
     static constexpr int Delay = 1061;
     static constexpr int SndBuf = 1142;
@@ -52,14 +47,12 @@ protected:
     static constexpr int DefaultSnd = 1146;
     static constexpr int DefaultRcv = 1147;
 
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools({KauriQB});
     }
 
-    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd, DWORD defaultRcv)
-    {
+    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd, DWORD defaultRcv) {
         return {{_T("AdvancedTCP_SocketSendDelay"), Dword(delay)},
                 {_T("AdvancedTCP_SO_SNDBUF"), Dword(sndBuf)},
                 {_T("AdvancedTCP_SO_RCVBUF"), Dword(rcvBuf)},
@@ -68,20 +61,17 @@ protected:
                 {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(defaultRcv)}};
     }
 
-    static Values StoredSix()
-    {
+    static Values StoredSix() {
         Values six = StoredTree(keys::Kauri)[keys::Kauri];
         std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
         return six;
     }
 
-    static void Open(const Sheet& sheet, const std::function<void(const Form&)>& script)
-    {
+    static void Open(const Sheet& sheet, const std::function<void(const Form&)>& script) {
         WithDialog(titles::AdvancedTCP, script, [&sheet] { sheet.Click(1139); });
     }
 
-    static void ExpectSizes(const Form& form, bool send, bool receive)
-    {
+    static void ExpectSizes(const Form& form, bool send, bool receive) {
         EXPECT_EQ(form.IsEnabled(SndBuf), send);
         EXPECT_EQ(form.IsEnabled(1141), send);
         EXPECT_EQ(form.IsEnabled(RcvBuf), receive);
@@ -90,8 +80,7 @@ protected:
 };
 }  // namespace
 
-TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
-{
+TEST(PortNumbersTest, PortIsWhatATextBeginsWith) {
     const std::pair<Text, UINT> cases[] = {{{}, 0},
                                            {_T("0"), 0},
                                            {_T("00000"), 0},
@@ -109,14 +98,12 @@ TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
                                            {_T("7:"), 7},
                                            {_T("9"), 9},
                                            {Text(38, _T('9')), 0}};
-    for (const auto& [text, port] : cases)
-    {
+    for (const auto& [text, port] : cases) {
         EXPECT_EQ(CPortNumbersDialog::ParsePortText(text.c_str()), port) << Printable(text);
     }
 }
 
-TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
-{
+TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour) {
     const std::vector<Text> types = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
     const auto look = [&types](const Form& form) {
         EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("9001"), 0, true}, EmptyRow, EmptyRow, EmptyRow}));
@@ -134,8 +121,7 @@ TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
     EXPECT_EQ(RunDialog(six, IDOK, lookAtSix), (Ports{{5, -1}, {0, -1}, {7, 1}, {8, 2}}));
 }
 
-TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
-{
+TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable) {
     EXPECT_EQ(RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK,
                         [](const Form& form) {
                             // At each key one usable port follows another.
@@ -158,8 +144,7 @@ TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
               (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
-TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
-{
+TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped) {
     EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
                         [](const Form& form) {
                             EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("70000"), 3, true},
@@ -170,8 +155,7 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
                             EXPECT_EQ(RowOf(form, 2), (Row{_T("165536"), 0, false}));
                         }),
               (Ports{{0, 2}, {0, 1}, {0, -1}, {0, -1}}));
-    for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)})
-    {
+    for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)}) {
         EXPECT_EQ(RunDialog({{80, type}, {81, type}}, IDOK,
                             [](const Form& form) {
                                 EXPECT_EQ(RowOf(form, 0), (Row{_T("80"), -1, true})) << "no such item";
@@ -181,8 +165,7 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
     }
 }
 
-TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
-{
+TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();
         EXPECT_EQ(StoredSix(), Six(0, 0, 0, 0, 1, 1));
@@ -214,8 +197,7 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
             EXPECT_EQ(form.TextOf(RcvBuf), _T("8192"));
             EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
             // What both sides of the bounds are.
-            for (const auto& [id, tooMuch] : {std::pair{Delay, _T("4294967296")}, {SndBuf, _T("2147483648")}})
-            {
+            for (const auto& [id, tooMuch] : {std::pair{Delay, _T("4294967296")}, {SndBuf, _T("2147483648")}}) {
                 const Text before = form.TextOf(id);
                 form.SetText(id, tooMuch);
                 EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
@@ -227,8 +209,7 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
 }
 
-TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
-{
+TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed) {
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();
@@ -245,8 +226,7 @@ TEST_F(AdvancedTCPTest, OddFlagsAreStoredAsShownOnlyOnceConfirmed)
     EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 1, 0, 0));
 }
 
-TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
-{
+TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore) {
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();

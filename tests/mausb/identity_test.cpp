@@ -5,8 +5,7 @@
 
 #include <rpc.h>
 
-namespace
-{
+namespace {
 constexpr int IdContainer = 1130;
 constexpr int IdNew = 1132;
 constexpr int IdSizeLabel = 1148;
@@ -20,11 +19,9 @@ const Text SomeText = _T("{12345678-9ABC-DEF0-1234-56789ABCDEF0}");
 const Text NilText = _T("{00000000-0000-0000-0000-000000000000}");
 
 // The text of an identifier; each of its three numbers has its least byte first.
-Text ShownAs(const Bytes& bytes)
-{
+Text ShownAs(const Bytes& bytes) {
     Text text = _T("{");
-    for (const int index : {3, 2, 1, 0, -1, 5, 4, -1, 7, 6, -1, 8, 9, -1, 10, 11, 12, 13, 14, 15})
-    {
+    for (const int index : {3, 2, 1, 0, -1, 5, 4, -1, 7, 6, -1, 8, 9, -1, 10, 11, 12, 13, 14, 15}) {
         text += index < 0 ? Text(_T("-"))
                           : Text{_T("0123456789ABCDEF")[bytes.at(static_cast<size_t>(index)) / 16],
                                  _T("0123456789ABCDEF")[bytes.at(static_cast<size_t>(index)) % 16]};
@@ -32,11 +29,9 @@ Text ShownAs(const Bytes& bytes)
     return text + _T("}");
 }
 
-class IdentityTest : public SettingsTest
-{
+class IdentityTest : public SettingsTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools({KauriQB});
     }
@@ -46,8 +41,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(IdentityTest, FirstDisplayStoresANewIdentifierAlone)
-{
+TEST_F(IdentityTest, FirstDisplayStoresANewIdentifierAlone) {
     RunOnTab(tabs::Identity, [](const Sheet& sheet) { EXPECT_FALSE(sheet.CanApply()); });
     const StoredValue made = Identifier();
     EXPECT_EQ(StoredSettings(), (Tree{{keys::Kauri, {{_T("RootHubUUID"), made}}}}));
@@ -63,10 +57,8 @@ TEST_F(IdentityTest, FirstDisplayStoresANewIdentifierAlone)
     EXPECT_EQ(Identifier(), made);
 }
 
-TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength)
-{
-    struct Case
-    {
+TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength) {
+    struct Case {
         StoredValue stored;
         Bytes taken;  // empty if it counts as none
     };
@@ -77,8 +69,7 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength)
                           {Sz(_T("{12")), {'{', 0, '1', 0, '2', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}},
                           {Binary({}), {}},
                           {Binary(Bytes(7, 0)), {}}};
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.stored));
         StoreIdentifier(c.stored);
         RunOnTab(tabs::Identity, [&](const Sheet& sheet) {
@@ -93,8 +84,7 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLength)
     }
 }
 
-TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
-{
+TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly) {
     StoreIdentifier(Binary(SomeBytes));
     RunOnTab(tabs::Identity, [](const Sheet& sheet) {
         EXPECT_EQ(sheet.TextOf(IdContainer), SomeText);
@@ -110,8 +100,7 @@ TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
     EXPECT_NE(Identifier(), Binary(SomeBytes));
 }
 
-TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater)
-{
+TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater) {
     calls::Refuse("UuidCreate", 1, RPC_S_UUID_NO_ADDRESS, true);
     RunOnTab(tabs::Identity, [](const Sheet& sheet) {
         EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
@@ -141,17 +130,14 @@ TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater)
     EXPECT_EQ(Identifier(), Binary(SomeBytes));
 }
 
-TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
-{
-    struct Case
-    {
+TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText) {
+    struct Case {
         StoredValue alignment;
         LPCTSTR version;
         DWORD saved;
     };
     for (const Case& c : {Case{Dword(0), _T("MAUSB 2.0"), 1}, Case{Dword(2), _T("mausb 1.0A"), 1},
-                          Case{Dword(5), _T(""), 1}, Case{Binary({4}), _T("MAUSB 1.0"), 4}})
-    {
+                          Case{Dword(5), _T(""), 1}, Case{Binary({4}), _T("MAUSB 1.0"), 4}}) {
         SCOPED_TRACE(testing::PrintToString(c.alignment));
         StoreTree(
             {{keys::Kauri, {{_T("IsochPayloadAlignment"), c.alignment}, {_T("MAUSBProtocolVersion"), Sz(c.version)}}}});
@@ -169,16 +155,13 @@ TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
     }
 }
 
-TEST_F(IdentityTest, TransferSizeFollowsItsSwitchAndIsNeverShown)
-{
-    struct Case
-    {
+TEST_F(IdentityTest, TransferSizeFollowsItsSwitchAndIsNeverShown) {
+    struct Case {
         DWORD stored;
         DWORD held;   // by the control, which the page reads while it comes up
         bool marked;  // for that is another number
     };
-    for (const Case& c : {Case{0, 0, false}, Case{1, 1, false}, Case{2, 1, true}, Case{0xFFFFFFFF, 0, false}})
-    {
+    for (const Case& c : {Case{0, 0, false}, Case{1, 1, false}, Case{2, 1, true}, Case{0xFFFFFFFF, 0, false}}) {
         SCOPED_TRACE(c.stored);
         StoreTree(
             {{keys::Kauri,
@@ -186,8 +169,7 @@ TEST_F(IdentityTest, TransferSizeFollowsItsSwitchAndIsNeverShown)
         RunOnTab(tabs::Identity, [&c](const Sheet& sheet) {
             EXPECT_EQ(sheet.CanApply(), c.marked);
             EXPECT_EQ(sheet.TextOf(IdSize), _T("-2"));
-            for (const int id : {IdSizeLabel, IdSize, IdUseDefaultSize})
-            {
+            for (const int id : {IdSizeLabel, IdSize, IdUseDefaultSize}) {
                 EXPECT_FALSE(sheet.IsShown(id)) << id;
                 EXPECT_EQ(sheet.IsEnabled(id), c.held == 0 && id != IdUseDefaultSize) << id;
             }

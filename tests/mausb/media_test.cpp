@@ -2,19 +2,16 @@
 #include "support/marks.h"
 #include "support/settings.h"
 
-namespace
-{
+namespace {
 constexpr int IdTCP = 1066;
 constexpr int IdUDP = 1067;
 constexpr int IdLog = 1055;
 constexpr int IdOUI = 1115;
 constexpr int IdPID = 1117;
 
-class MediaTest : public SettingsTest
-{
+class MediaTest : public SettingsTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         SettingsTest::SetUp();
         InstallTools({KauriQB});
     }
@@ -22,16 +19,13 @@ protected:
     static void StoreValue(LPCTSTR name, const StoredValue& value) { Store(keys::Kauri, name, value); }
     static StoredValue StoredUnder(LPCTSTR name) { return Stored(keys::Kauri, name); }
 
-    static void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled)
-    {
-        for (const int id : ids)
-        {
+    static void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled) {
+        for (const int id : ids) {
             EXPECT_EQ(sheet.IsEnabled(id), enabled) << id;
         }
     }
 
-    static void ExpectNetwork(const Sheet& sheet, bool udp)
-    {
+    static void ExpectNetwork(const Sheet& sheet, bool udp) {
         EXPECT_EQ(sheet.CheckOf(IdTCP), udp ? BST_UNCHECKED : BST_CHECKED);
         EXPECT_EQ(sheet.CheckOf(IdUDP), udp ? BST_CHECKED : BST_UNCHECKED);
         ExpectEnabled(sheet, {1057, 1056, 1060, 1118, 1119, 1139, 1190, 1191}, !udp);
@@ -40,8 +34,7 @@ protected:
             sheet,
             {1069, IdTCP, IdUDP, IdLog, 1185, 1186, 1070, 1071, 1072, 1113, 1114, IdOUI, 1116, IdPID, 1122, 1123},
             true);
-        for (const int unused : {1157, 1151, 1152, 1153, 1154})
-        {
+        for (const int unused : {1157, 1151, 1152, 1153, 1154}) {
             EXPECT_FALSE(sheet.IsShown(unused)) << unused;
             EXPECT_FALSE(sheet.IsEnabled(unused)) << unused;
         }
@@ -49,8 +42,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
-{
+TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive) {
     const std::pair<StoredValue, bool> cases[] = {{Sz(_T("udp/ip")), false},
                                                   {Sz(_T("UDP/IP ")), false},
                                                   {Sz(_T("UDP")), false},
@@ -58,8 +50,7 @@ TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
                                                   // Neither terminator nor type matters.
                                                   {Binary({'U', 0, 'D', 0, 'P', 0, '/', 0, 'I', 0, 'P', 0}), true},
                                                   {Sz(_T("UDP/IP")), true}};
-    for (const auto& [stored, udp] : cases)
-    {
+    for (const auto& [stored, udp] : cases) {
         SCOPED_TRACE(testing::PrintToString(stored));
         StoreValue(_T("NetworkType"), stored);
         RunOnTab(tabs::Media, [udp = udp](const Sheet& sheet) {
@@ -74,12 +65,10 @@ TEST_F(MediaTest, NetworkTypeDecidesWhichControlsAreLive)
     }
 }
 
-TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive)
-{
+TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive) {
     // What a check box does not show is gone with the next save.
     const std::pair<DWORD, DWORD> flags[] = {{0, 0}, {1, 1}, {2, 1}, {3, 0}, {0xFFFFFFFF, 0}};
-    for (const auto& [stored, shown] : flags)
-    {
+    for (const auto& [stored, shown] : flags) {
         SCOPED_TRACE(stored);
         StoreValue(_T("NetworkLevelLog"), Dword(stored));
         RunOnTab(tabs::Media, [on = shown != 0](const Sheet& sheet) {
@@ -94,10 +83,8 @@ TEST_F(MediaTest, LoggingDecidesWhetherItsLimitIsLive)
     }
 }
 
-TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
-{
-    struct Case
-    {
+TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks) {
+    struct Case {
         DWORD oui;
         DWORD pid;
         Text ouiText;
@@ -105,8 +92,7 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
     };
     for (const Case& c :
          {Case{0, 0, _T("0"), _T("0")}, Case{0x506F9A, 0, _T("506F9A"), _T("0")}, Case{0, 1, _T("0"), _T("1")},
-          Case{0x80000000, 0xFFFFFFFF, _T("FFFFFFFF80000000"), _T("FFFFFFFFFFFFFFFF")}})
-    {
+          Case{0x80000000, 0xFFFFFFFF, _T("FFFFFFFF80000000"), _T("FFFFFFFFFFFFFFFF")}}) {
         SCOPED_TRACE(testing::Message() << c.oui << ", " << c.pid);
         StoreValue(_T("SnapIdOUI"), Dword(c.oui));
         StoreValue(_T("SnapIdPID"), Dword(c.pid));
@@ -122,8 +108,7 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
             EXPECT_EQ(sheet.TextOf(IdOUI), c.ouiText);
             EXPECT_EQ(sheet.TextOf(IdPID), c.pidText);
             // The members are back at the loaded numbers: the same text again changes nothing.
-            for (const auto& [id, text] : {std::pair{IdOUI, c.ouiText}, {IdPID, c.pidText}})
-            {
+            for (const auto& [id, text] : {std::pair{IdOUI, c.ouiText}, {IdPID, c.pidText}}) {
                 sheet.SetText(id, text);
                 EXPECT_FALSE(sheet.CanApply());
             }
@@ -134,10 +119,8 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
     }
 }
 
-TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
-{
-    struct Case
-    {
+TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted) {
+    struct Case {
         bool pasted;
         Text keys;
         Text text;
@@ -149,12 +132,10 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
           // The prefix counts as a digit of 33 here.
           Case{true, _T("0x1F"), _T("0x1F"), 33 * 256 + 0x1F}, Case{true, _T(" 1"), _T(" 1"), 0xFFFFFFF1},
           // Longer than what the page's exchange looks at.
-          Case{true, Text(63, _T('0')) + _T("1"), Text(63, _T('0')) + _T("1"), 1}})
-    {
+          Case{true, Text(63, _T('0')) + _T("1"), Text(63, _T('0')) + _T("1"), 1}}) {
         SCOPED_TRACE(Printable(c.keys));
         RunOnTab(tabs::Media, [&c](const Sheet& sheet) {
-            for (const int id : {IdOUI, IdPID})
-            {
+            for (const int id : {IdOUI, IdPID}) {
                 c.pasted ? sheet.SetText(id, c.keys) : sheet.Retype(id, c.keys);
                 EXPECT_EQ(sheet.TextOf(id), c.text);
             }
@@ -166,8 +147,7 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
     }
 }
 
-TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt)
-{
+TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt) {
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         EXPECT_EQ(CountPrompts([&sheet] {
                       sheet.SetText(IdOUI, _T("zz"));
@@ -191,15 +171,12 @@ TEST_F(MediaTest, SnapIdentifierThatIsNoNumberHoldsThePageWithoutAPrompt)
     EXPECT_EQ(StoredUnder(_T("MaxPacketSizeSNAP")), Dword(7));
 }
 
-TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
-{
+TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable) {
     for (const auto& [button, title, table] :
-         {std::tuple{1190, titles::ClientPorts, keys::ClientPorts}, {1191, titles::ServerPorts, keys::ServerPorts}})
-    {
+         {std::tuple{1190, titles::ClientPorts, keys::ClientPorts}, {1191, titles::ServerPorts, keys::ServerPorts}}) {
         SCOPED_TRACE(Printable(title));
         SetUp();
-        for (int port = 1; port <= 5; ++port)
-        {
+        for (int port = 1; port <= 5; ++port) {
             Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0));
         }
         const auto ports = [&table = table] { return StoredTree(table).size() - 1; };

@@ -3,35 +3,29 @@
 #include "support/calls.h"
 #include "support/registry.h"
 
-namespace
-{
+namespace {
 using Ports = std::vector<std::pair<UINT, int>>;
 const Text Table = _T("TCPPortsClient");
 const Text Type = _T("PacketType");
 
 void StorePort(const Text& name, const StoredValue& type) { Store(keys::ClientPorts + _T("\\") + name, Type, type); }
 
-Ports Load(bool complete = true)
-{
+Ports Load(bool complete = true) {
     PortTable table;
     EXPECT_EQ(LoadPortTable(table, Table), complete);
     EXPECT_EQ(calls::OpenKeys(), 0U);
     Ports ports;
-    for (const PortEntry& entry : table)
-    {
+    for (const PortEntry& entry : table) {
         ports.emplace_back(entry.PortNumber, entry.PacketType);
     }
     return ports;
 }
 
 // The stored table as its subkeys and their types; no type is Absent.
-Values StoredPorts()
-{
+Values StoredPorts() {
     Values ports;
-    for (const auto& [key, values] : StoredTree(keys::ClientPorts))
-    {
-        if (key != keys::ClientPorts)
-        {
+    for (const auto& [key, values] : StoredTree(keys::ClientPorts)) {
+        if (key != keys::ClientPorts) {
             ports[key.substr(keys::ClientPorts.size() + 1)] = Stored(key, Type);
         }
     }
@@ -41,8 +35,7 @@ Values StoredPorts()
 using PortTableTest = SettingsTest;
 }  // namespace
 
-TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
-{
+TEST_F(PortTableTest, LoadOfNothingCreatesNothing) {
     EXPECT_EQ(Load(false), Ports{});
     EXPECT_FALSE(KeyExists(keys::Kauri));
     // A key with values, the table's among them, but no ports is a complete table.
@@ -50,20 +43,17 @@ TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
-{
+TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs) {
     const std::pair<Text, StoredValue> ports[] = {
         {_T("9001"), Dword(2)},       {_T("80"), Absent},           {_T("5"), Dword(0x7FFFFFFF)}, {_T("6"), Dword(1)},
         {_T("7"), Dword(0xFFFFFFFE)}, {_T("8"), Dword(0xFFFFFFFF)}, {_T("9"), Dword(0)},          {_T("3"), Dword(0)}};
-    for (const auto& [name, type] : ports)
-    {
+    for (const auto& [name, type] : ports) {
         StorePort(name, type);
     }
     EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
     SetUp();
     Ports expected[2];
-    for (int port = 10; port < 42; ++port)
-    {
+    for (int port = 10; port < 42; ++port) {
         StorePort(Decimal(port), Dword(port % 2));
         expected[port % 2].emplace_back(port, port % 2);
     }
@@ -71,15 +61,13 @@ TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
     EXPECT_EQ(Load(), expected[0]);
 }
 
-TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit)
-{
+TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit) {
     const std::pair<Text, UINT> names[] = {{_T("none"), 0},         {_T("12x"), 12},
                                            {_T("0080"), 80},        {_T("70000"), 70000},
                                            {_T("-1"), 0xFFFFFFFF},  {_T("4294967295"), 0xFFFFFFFF},
                                            {_T(" +7"), 7},          {_T("4294967296"), 0xFFFFFFFF},
                                            {Text(250, _T('0')), 0}, {Text(254, _T('0')) + _T("9"), 9}};
-    for (const auto& [name, port] : names)
-    {
+    for (const auto& [name, port] : names) {
         SCOPED_TRACE(Printable(name));
         SetUp();
         StorePort(name, Dword(1));
@@ -91,16 +79,14 @@ TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatF
                                                  {Sz(_T("B")), 'B'},   {Binary({}), 0},
                                                  {Sz(_T("Bulk")), -1}, {Binary({1, 0, 0, 0, 0}), -1}};
     SetUp();
-    for (const auto& [stored, type] : types)
-    {
+    for (const auto& [stored, type] : types) {
         SCOPED_TRACE(testing::PrintToString(stored));
         StorePort(_T("80"), stored);
         EXPECT_EQ(Load(), (Ports{{80, type}}));
     }
 }
 
-TEST_F(PortTableTest, SaveReplacesTheStoredTable)
-{
+TEST_F(PortTableTest, SaveReplacesTheStoredTable) {
     EXPECT_TRUE(SavePortTable({}, Table));
     EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {}}, {keys::ClientPorts, {}}}));
     StoreTree({{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
@@ -120,10 +106,8 @@ TEST_F(PortTableTest, SaveReplacesTheStoredTable)
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen)
-{
-    struct Case
-    {
+TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen) {
+    struct Case {
         const char* function;
         unsigned nth;
         bool complete;
@@ -137,18 +121,15 @@ TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen)
           Case{"RegEnumKeyExW", 1, false, {}}, Case{"RegOpenKeyExW", 2, false, {}},
           Case{"RegOpenKeyExW", 4, false, {{1, 2}, {2, 1}}},  // not ordered
           Case{"RegEnumKeyExW", 3, false, {{2, 1}, {1, 2}}}, Case{"RegEnumKeyExW", 4, false, {{3, 0}, {2, 1}, {1, 2}}},
-          Case{"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}})
-    {
+          Case{"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}}) {
         SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
         calls::Refuse(c.function, c.nth);
         EXPECT_EQ(Load(c.complete), c.ports);
     }
 }
 
-TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails)
-{
-    struct Case
-    {
+TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails) {
+    struct Case {
         const char* function;
         unsigned nth;
         Values left;
@@ -160,12 +141,10 @@ TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails)
                           {"RegCreateKeyExW", 4, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}}},
                           {"RegSetValueExW", 1, {{_T("7"), Absent}}},
                           {"RegSetValueExW", 3, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}, {_T("5"), Absent}}}};
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
         SetUp();
-        for (const auto& [name, type] : before)
-        {
+        for (const auto& [name, type] : before) {
             StorePort(name, type);
         }
         calls::Refuse(c.function, c.nth);

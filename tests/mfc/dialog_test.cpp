@@ -6,51 +6,42 @@
 #include <afxdlgs.h>
 #include <prsht.h>
 
-namespace
-{
+namespace {
 // A sheet of the pages, with the script run while it waits.
 void RunSheet(CPropertySheet& sheet, CPropertyPage& first, CPropertyPage& second,
-              const std::function<void(const Sheet&)>& script)
-{
+              const std::function<void(const Sheet&)>& script) {
     sheet.AddPage(&first);
     sheet.AddPage(&second);
     WithDialog(
         _T("Trial"), [&script](const Form& form) { script(Sheet(form.Window())); }, [&sheet] { sheet.DoModal(); });
 }
 
-HWND MakeWindow(const RECT& place, HWND owner)
-{
+HWND MakeWindow(const RECT& place, HWND owner) {
     return CreateWindowExW(0, _T("Static"), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
                            place.right - place.left, place.bottom - place.top, owner, nullptr, nullptr, nullptr);
 }
 
-struct HastyDialog : CDialog
-{
+struct HastyDialog : CDialog {
     using CDialog::CDialog;
 
-    BOOL OnInitDialog() override
-    {
+    BOOL OnInitDialog() override {
         EndDialog(77);
         return TRUE;
     }
 };
 
 // A template without WS_VISIBLE gives a sheet that is not shown by itself.
-int CALLBACK HideSheet(HWND, UINT message, LPARAM dialogTemplate)
-{
-    if (message == PSCB_PRECREATE)
-    {
+int CALLBACK HideSheet(HWND, UINT message, LPARAM dialogTemplate) {
+    if (message == PSCB_PRECREATE) {
         reinterpret_cast<DLGTEMPLATE*>(dialogTemplate)->style &= ~static_cast<DWORD>(WS_VISIBLE);
     }
     return 0;
 }
 }  // namespace
 
-TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
-{
+TEST(DialogTest, IsCentredOnTheScreenOfItsOwner) {
     calls::AddScreen();
-    struct Case
-    {
+    struct Case {
         RECT owner;  // empty: none
         RECT before;
         POINT after;
@@ -61,8 +52,7 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
           Case{{1300, 300, 1700, 700}, {2000, 0, 2400, 100}, {1200, 450}},
           Case{{3000, 1000, 3200, 1200}, {0, 0, 400, 300}, {2800, 900}}, Case{{}, {2000, 0, 2200, 100}, {2300, 570}},
           // Of one that is too high the title bar can be seen.
-          Case{{}, {2000, 0, 2200, 1300}, {2300, 40}}})
-    {
+          Case{{}, {2000, 0, 2200, 1300}, {2300, 40}}}) {
         const HWND owner = IsRectEmpty(&c.owner) ? nullptr : MakeWindow(c.owner, nullptr);
         CWnd dialog;
         dialog.SubclassWindow(MakeWindow(c.before, owner));
@@ -78,8 +68,7 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
 
 TEST(DialogTest, MayEndBeforeItIsShown) { EXPECT_EQ(HastyDialog(IDD_PORT_NUMBERS).DoModal(), 77); }
 
-TEST(SheetTest, IsShownThoughHiddenAndMarksNoPageWithoutAWindow)
-{
+TEST(SheetTest, IsShownThoughHiddenAndMarksNoPageWithoutAWindow) {
     CPropertySheet sheet(_T("Trial"));
     sheet.m_psh.dwFlags |= PSH_USECALLBACK;
     sheet.m_psh.pfnCallback = HideSheet;
@@ -94,8 +83,7 @@ TEST(SheetTest, IsShownThoughHiddenAndMarksNoPageWithoutAWindow)
     });
 }
 
-TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
-{
+TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone) {
     // A window of a class that there is not.
     alignas(DWORD) static const WORD noSuchClass[] = {0, 0x4000, 0, 0, 0, 0, 0, 9, 9, 0, 'N', 0, 0, 0};
     CPropertySheet sheet(_T("Trial"));
@@ -112,8 +100,7 @@ TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
     });
 }
 
-TEST(FileDialogTest, KeepsItsInitialNameWhereTheStructureHasItAsFarAsItFits)
-{
+TEST(FileDialogTest, KeepsItsInitialNameWhereTheStructureHasItAsFarAsItFits) {
     EXPECT_EQ(Text(CFileDialog(TRUE, _T("inf"), _T("*.inf")).m_ofn.lpstrFile), _T("*.inf"));
     const CFileDialog longest(TRUE, nullptr, Text(1000, _T('x')).c_str());
     EXPECT_EQ(Text(longest.m_ofn.lpstrFile), Text(MAX_PATH - 1, _T('x')));

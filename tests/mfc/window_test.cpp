@@ -5,8 +5,7 @@
 
 #include <memory>
 
-namespace
-{
+namespace {
 constexpr int IdNumber = 10;
 constexpr int IdText = 11;
 constexpr int IdCheck = 12;
@@ -14,11 +13,9 @@ constexpr int IdFirstRadio = 13;
 constexpr int IdSecondRadio = 14;
 constexpr int IdBehindRadios = 15;
 
-class Panel : public CWnd
-{
+class Panel : public CWnd {
 public:
-    Panel()
-    {
+    Panel() {
         SubclassWindow(CreateWindowExW(0, _T("Static"), _T("panel"), WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
                                        nullptr, nullptr, nullptr));
         Add(_T("Edit"), IdNumber, WS_TABSTOP);
@@ -37,8 +34,7 @@ public:
 
 protected:
     void DoDataExchange(CDataExchange* pDX) override { exchange(pDX); }
-    afx_msg void OnChange(UINT)
-    {
+    afx_msg void OnChange(UINT) {
         ++changes;
         onChange();
     }
@@ -46,8 +42,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    void Add(LPCTSTR className, int id, DWORD style) const
-    {
+    void Add(LPCTSTR className, int id, DWORD style) const {
         CreateWindowExW(0, className, _T(""), WS_CHILD | WS_VISIBLE | style, 0, 20 * (id - IdNumber), 100, 20, m_hWnd,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     }
@@ -59,8 +54,7 @@ END_MESSAGE_MAP()
 
 // A window that sees what the modal loop is about to dispatch.
 template <class Window>
-class Watched : public Window
-{
+class Watched : public Window {
 public:
     std::function<BOOL(const MSG*)> onMessage;
 
@@ -69,8 +63,7 @@ public:
 
 // Saves one number from the text; false if it was refused, which takes a prompt.
 template <class Number>
-bool Save(Panel& panel, LPCTSTR text, Number& number)
-{
+bool Save(Panel& panel, LPCTSTR text, Number& number) {
     panel.exchange = [&number](CDataExchange* pDX) { DDX_Text(pDX, IdNumber, number); };
     panel.Controls().SetText(IdNumber, text);
     bool saved = false;
@@ -80,8 +73,7 @@ bool Save(Panel& panel, LPCTSTR text, Number& number)
 }
 }  // namespace
 
-TEST(ExchangeTest, NotificationsAreDroppedWhileItRuns)
-{
+TEST(ExchangeTest, NotificationsAreDroppedWhileItRuns) {
     Panel panel;
     Panel other;
     int number = 7;
@@ -98,8 +90,7 @@ TEST(ExchangeTest, NotificationsAreDroppedWhileItRuns)
     EXPECT_EQ(panel.changes, 1);
     // An exchange within an exchange leaves the outer lock as it was.
     panel.exchange = [&](CDataExchange* pDX) {
-        if (!pDX->m_bSaveAndValidate)
-        {
+        if (!pDX->m_bSaveAndValidate) {
             panel.UpdateData(TRUE);
             panel.Controls().SetText(IdText, _T("c"));
         }
@@ -108,8 +99,7 @@ TEST(ExchangeTest, NotificationsAreDroppedWhileItRuns)
     EXPECT_EQ(panel.changes, 1);
 }
 
-TEST(ExchangeTest, FailureEndsItAtOnceOnTheControlWithItsTextSelected)
-{
+TEST(ExchangeTest, FailureEndsItAtOnceOnTheControlWithItsTextSelected) {
     Panel panel;
     int number = 7;
     CString text(_T("kept"));
@@ -134,11 +124,9 @@ TEST(ExchangeTest, FailureEndsItAtOnceOnTheControlWithItsTextSelected)
     EXPECT_EQ(panel.changes, 1);
 }
 
-TEST(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
-{
+TEST(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
     Panel panel;
-    struct Case
-    {
+    struct Case {
         LPCTSTR text;
         bool isInt;
         bool isUnsigned;
@@ -151,8 +139,7 @@ TEST(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
           Case{_T("2147483648"), false, true, 0x80000000}, Case{_T("4294967295"), false, true, 0xFFFFFFFF},
           Case{_T("4294967296"), false, false, 0}, Case{_T("99999999999999999999999999"), false, false, 0},
           Case{_T(""), false, false, 0}, Case{_T("-"), false, false, 0}, Case{_T("1 2"), false, false, 0},
-          Case{_T("0x1"), false, false, 0}, Case{_T("9:"), false, false, 0}, Case{_T("/1"), false, false, 0}})
-    {
+          Case{_T("0x1"), false, false, 0}, Case{_T("9:"), false, false, 0}, Case{_T("/1"), false, false, 0}}) {
         SCOPED_TRACE(Printable(c.text));
         int number = 77;
         EXPECT_EQ(Save(panel, c.text, number), c.isInt);
@@ -163,8 +150,7 @@ TEST(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
     }
 }
 
-TEST(ExchangeTest, ChecksAndRadiosKeepToWhatTheirControlsCanShow)
-{
+TEST(ExchangeTest, ChecksAndRadiosKeepToWhatTheirControlsCanShow) {
     Panel panel;
     int check = 5;
     int radio = 1;
@@ -196,8 +182,7 @@ TEST(ExchangeTest, ChecksAndRadiosKeepToWhatTheirControlsCanShow)
     EXPECT_EQ(radio, -1);
 }
 
-TEST(ExchangeTest, ControlMembersAreBoundOnce)
-{
+TEST(ExchangeTest, ControlMembersAreBoundOnce) {
     Panel panel;
     CEdit edit;
     panel.exchange = [&](CDataExchange* pDX) { DDX_Control(pDX, IdText, edit); };
@@ -212,8 +197,7 @@ TEST(ExchangeTest, ControlMembersAreBoundOnce)
     EXPECT_FALSE(panel.Controls().IsEnabled(IdText));
 }
 
-TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)
-{
+TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing) {
     CButton button;
     EXPECT_EQ(button.GetCheck(), 0);
     EXPECT_FALSE(button.UpdateData(TRUE));
@@ -237,8 +221,7 @@ TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)
     EXPECT_FALSE(panel.UpdateData(FALSE));
 }
 
-TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
-{
+TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow) {
     Panel panel;
     panel.onChange = [&panel] { panel.DestroyWindow(); };
     const HWND edit = panel.Controls().Control(IdText);
@@ -252,15 +235,13 @@ TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
     EXPECT_FALSE(IsWindow(window)) << "an object takes its window along";
 }
 
-TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
-{
+TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn) {
     Watched<Panel> panel;
     Watched<CEdit> edit;
     edit.SubclassWindow(panel.Controls().Control(IdText));
     std::vector<const CWnd*> seen;
     const auto watch = [&](const CWnd& window, const MSG* message) {
-        if (message->message == WM_CHAR)
-        {
+        if (message->message == WM_CHAR) {
             seen.push_back(&window);
             panel.EndModalLoop(3);
         }

@@ -4,13 +4,11 @@
 #include "support/calls.h"
 #include "support/form.h"
 
-namespace
-{
+namespace {
 using StartTest = SettingsTest;
 
 // Runs the program where it must show its error box and no sheet.
-void ExpectErrorBox()
-{
+void ExpectErrorBox() {
     // A mutex that could not be made at all marks no other instance.
     g_dwInstanceMutexError = ERROR_ACCESS_DENIED;
     WithDialog(
@@ -24,8 +22,7 @@ void ExpectErrorBox()
 }
 }  // namespace
 
-TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
-{
+TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
     StoreTree({{keys::Installed,
                 {{_T("AlderQB"), Dword(1)},
                  {_T("BirchQB"), Dword(0)},
@@ -53,23 +50,20 @@ TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
     EXPECT_EQ(InstalledProductMap.size(), 9U) << "asking adds nothing";
 }
 
-TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne)
-{
+TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
     EXPECT_FALSE(LoadInstalledProducts()) << "no key";
     const Text longest(16382, _T('n'));
     InstallTools({AlderQB, KauriQB, longest});
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_TRUE(IsProductInstalled(longest));
     for (const auto& [call, found] :
-         {std::pair{"RegEnumValueW", 2U}, {"RegQueryValueExW", 2U}, {"RegQueryInfoKeyW", 0U}})
-    {
+         {std::pair{"RegEnumValueW", 2U}, {"RegQueryValueExW", 2U}, {"RegQueryInfoKeyW", 0U}}) {
         calls::Refuse(call, 1);
         EXPECT_FALSE(LoadInstalledProducts()) << call;
         EXPECT_EQ(InstalledProductMap.size(), found) << call;
     }
     // What does not fit a number, and a name that leaves no room for its end.
-    for (const auto& [name, value] : {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}})
-    {
+    for (const auto& [name, value] : {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}}) {
         InstallTools({AlderQB, KauriQB});
         Store(keys::Installed, name, value);
         EXPECT_FALSE(LoadInstalledProducts());
@@ -82,8 +76,7 @@ TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne)
     EXPECT_EQ(calls::OpenKeys(), 0U);
 }
 
-TEST_F(StartTest, SecondInstanceShowsAndReadsNothing)
-{
+TEST_F(StartTest, SecondInstanceShowsAndReadsNothing) {
     InstallTools({AlderQB});
     calls::Reset();
     g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;

@@ -7,8 +7,7 @@
 #include <ostream>
 #include <vector>
 
-struct Call
-{
+struct Call {
     std::string function;  // for CreateWindowExW with its class: "CreateWindowExW tooltips_class32"
     Text key;              // of a registry call: the path under HKEY_LOCAL_MACHINE
     Text name;             // of a value
@@ -17,8 +16,7 @@ struct Call
 };
 void PrintTo(const Call& call, std::ostream* out);
 
-namespace calls
-{
+namespace calls {
 // Any registry call but RegCloseKey, from which nothing follows.
 inline constexpr const char* AnyOfTheRegistry = "Reg";
 
@@ -37,8 +35,7 @@ void AddScreen();
 size_t OpenKeys();
 
 // For a test's own use of the registry amid the program's: neither refused nor listed while this lives.
-struct Pause
-{
+struct Pause {
     Pause();
     ~Pause();
     Pause(const Pause&) = delete;

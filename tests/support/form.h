@@ -6,8 +6,7 @@
 #include <functional>
 
 // A dialog on the screen. Controls are named by their ids; one that is not there fails the test.
-class Form
-{
+class Form {
 public:
     explicit Form(HWND window) : m_window(window) {}
     virtual ~Form() = default;
@@ -46,8 +45,7 @@ private:
 };
 
 // The sheet. Controls are those of the page in front.
-class Sheet : public Form
-{
+class Sheet : public Form {
 public:
     using Form::Form;
 

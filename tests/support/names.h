@@ -9,8 +9,7 @@
 using Text = std::basic_string<TCHAR>;
 
 // Relative to HKEY_LOCAL_MACHINE.
-namespace keys
-{
+namespace keys {
 inline const Text Halvane = _T("SOFTWARE\\Halvane");
 inline const Text Ostrel = _T("SOFTWARE\\Ostrel");
 inline const Text Installed = Halvane + _T("\\Installed");
@@ -28,8 +27,7 @@ inline const Text RvskDriver = Halvane + _T("\\Drivers\\rvsk");
 inline const Text PortDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
 }  // namespace keys
 
-namespace tabs
-{
+namespace tabs {
 inline const Text General = _T("General Settings");
 inline const Text Drivers = _T("Drivers && Firmware");
 inline const Text Chapter9 = _T("Chapter 9");
@@ -42,8 +40,7 @@ inline const Text HostUnderTest = _T("MAUSB HUT Params");
 }  // namespace tabs
 
 // Of windows.
-namespace titles
-{
+namespace titles {
 inline const Text Sheet = _T("Quorvex Bench Settings");
 inline const Text Error = _T("QB Settings Error");
 inline const Text AdvancedTCP = _T("Advanced TCP Settings");

@@ -10,8 +10,7 @@
 #include <ostream>
 #include <vector>
 
-struct StoredValue
-{
+struct StoredValue {
     DWORD type = REG_NONE;
     std::vector<BYTE> data;
 
@@ -51,8 +50,7 @@ Tree StoredSettings();
 void StoreTree(const Tree& tree);
 
 // A test that starts and ends with nothing stored that the editor reads or writes, and with no call refused.
-class SettingsTest : public testing::Test
-{
+class SettingsTest : public testing::Test {
 protected:
     void SetUp() override { ClearSettings(); }
     void TearDown() override { ClearSettings(); }

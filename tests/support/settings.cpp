@@ -5,8 +5,7 @@
 const std::vector<Text> AllTabs = {tabs::General,  tabs::Drivers, tabs::Chapter9, tabs::Waivers,      tabs::Xhci,
                                    tabs::Identity, tabs::Media,   tabs::Protocol, tabs::HostUnderTest};
 
-namespace
-{
+namespace {
 using enum Setting::Kind;
 
 const Tools Ehci = {AlderQB, ElmQB, HazelQB};
@@ -21,8 +20,7 @@ StoredValue D(DWORD number) { return Dword(number); }
 
 StoredValue S(LPCTSTR text) { return Sz(text); }
 
-std::vector<Setting> MakeSettings()
-{
+std::vector<Setting> MakeSettings() {
     const StoredValue id = Binary(std::vector<BYTE>(16, 0x5A));
     // clang-format off
     return {
@@ -110,59 +108,48 @@ std::vector<Setting> MakeSettings()
     // clang-format on
 }
 
-DWORD NumberIn(const StoredValue& value)
-{
+DWORD NumberIn(const StoredValue& value) {
     DWORD number = 0;
     std::copy_n(value.data.begin(), sizeof(number), reinterpret_cast<BYTE*>(&number));
     return number;
 }
 
 // What an edit shows of a value.
-Text TextFor(Setting::Kind kind, const StoredValue& value)
-{
-    if (value.type == REG_SZ)
-    {
+Text TextFor(Setting::Kind kind, const StoredValue& value) {
+    if (value.type == REG_SZ) {
         return reinterpret_cast<LPCTSTR>(value.data.data());
     }
-    if (kind == Number)
-    {
+    if (kind == Number) {
         return Decimal(static_cast<int>(NumberIn(value)));
     }
     Text digits;
-    for (DWORD number = NumberIn(value); number != 0; number /= 16)
-    {
+    for (DWORD number = NumberIn(value); number != 0; number /= 16) {
         digits.insert(digits.begin(), _T("0123456789ABCDEF")[number % 16]);
     }
     return digits;
 }
 // A minus sign alone would be no number: it is typed last. What is out of use keeps what is pasted into it.
-void EnterText(const Form& page, int control, const Text& text)
-{
-    if (!page.IsEnabled(control))
-    {
+void EnterText(const Form& page, int control, const Text& text) {
+    if (!page.IsEnabled(control)) {
         page.SetText(control, text);
         return;
     }
     const bool isNegative = text[0] == _T('-');
     page.Retype(control, text.substr(isNegative ? 1 : 0));
-    if (isNegative)
-    {
+    if (isNegative) {
         page.TypeInFront(control, _T("-"));
     }
 }
 }  // namespace
 
-bool Setting::IsLiveFor(const Tools& installed) const
-{
+bool Setting::IsLiveFor(const Tools& installed) const {
     return tools.empty() ||
            std::find_first_of(tools.begin(), tools.end(), installed.begin(), installed.end()) != tools.end();
 }
 
-void Setting::ExpectShown(const Form& page, const StoredValue& value) const
-{
+void Setting::ExpectShown(const Form& page, const StoredValue& value) const {
     SCOPED_TRACE(Printable(name));
-    switch (kind)
-    {
+    switch (kind) {
     case Check:
         EXPECT_EQ(page.CheckOf(control), static_cast<LRESULT>(NumberIn(value)));
         break;
@@ -181,13 +168,10 @@ void Setting::ExpectShown(const Form& page, const StoredValue& value) const
     }
 }
 
-void Setting::Enter(const Form& page, const StoredValue& value) const
-{
-    switch (kind)
-    {
+void Setting::Enter(const Form& page, const StoredValue& value) const {
+    switch (kind) {
     case Check:
-        if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value)))
-        {
+        if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value))) {
             page.Click(control);
         }
         break;
@@ -205,25 +189,21 @@ void Setting::Enter(const Form& page, const StoredValue& value) const
     }
 }
 
-const std::vector<Setting>& AllSettings()
-{
+const std::vector<Setting>& AllSettings() {
     static const std::vector<Setting> settings = MakeSettings();
     return settings;
 }
 
-std::vector<Setting> SettingsOf(const Text& tab)
-{
+std::vector<Setting> SettingsOf(const Text& tab) {
     std::vector<Setting> settings;
     std::copy_if(AllSettings().begin(), AllSettings().end(), std::back_inserter(settings),
                  [&tab](const Setting& setting) { return setting.tab == tab; });
     return settings;
 }
 
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value)
-{
+Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value) {
     Tree tree;
-    for (const Setting& setting : settings)
-    {
+    for (const Setting& setting : settings) {
         tree[setting.key][setting.name] = setting.*value;
     }
     return tree;

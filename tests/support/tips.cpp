@@ -2,42 +2,34 @@
 
 #include <commctrl.h>
 
-namespace
-{
-BOOL CALLBACK AddTipControl(HWND window, LPARAM list)
-{
+namespace {
+BOOL CALLBACK AddTipControl(HWND window, LPARAM list) {
     TCHAR name[32] = {};
     GetClassNameW(window, name, 32);
-    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0)
-    {
+    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0) {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     }
     return TRUE;
 }
 
-std::vector<HWND> TipControls()
-{
+std::vector<HWND> TipControls() {
     std::vector<HWND> controls;
     EnumThreadWindows(GetCurrentThreadId(), AddTipControl, reinterpret_cast<LPARAM>(&controls));
     return controls;
 }
 
 // A control's tool of that number from 0; which dialog the control serves shows in it: its window's parent.
-bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
-{
+bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool) {
     *tool = {};
     tool->cbSize = sizeof(*tool);
     return SendMessageW(control, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(tool)) != 0;
 }
 }  // namespace
 
-HWND TipControlOf(HWND dialog)
-{
-    for (const HWND control : TipControls())
-    {
+HWND TipControlOf(HWND dialog) {
+    for (const HWND control : TipControls()) {
         TTTOOLINFOW tool;
-        if (GetTool(control, 0, &tool) && tool.hwnd == dialog)
-        {
+        if (GetTool(control, 0, &tool) && tool.hwnd == dialog) {
             return control;
         }
     }
@@ -46,20 +38,17 @@ HWND TipControlOf(HWND dialog)
 
 int CountTipControls() { return static_cast<int>(TipControls().size()); }
 
-std::vector<int> TipsOf(HWND dialog)
-{
+std::vector<int> TipsOf(HWND dialog) {
     std::vector<int> ids;
     TTTOOLINFOW tool;
-    for (size_t index = 0; GetTool(TipControlOf(dialog), index, &tool); ++index)
-    {
+    for (size_t index = 0; GetTool(TipControlOf(dialog), index, &tool); ++index) {
         // A tool that is not its window shows its tip nowhere: none here has a rectangle.
         ids.push_back((tool.uFlags & TTF_IDISHWND) != 0 ? GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId)) : 0);
     }
     return ids;
 }
 
-Text TipText(HWND dialog, int id)
-{
+Text TipText(HWND dialog, int id) {
     TCHAR text[1024] = {};
     TTTOOLINFOW tool = {};
     tool.cbSize = sizeof(tool);

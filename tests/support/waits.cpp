@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 constexpr UINT LookMilliseconds = 5;
 constexpr ULONGLONG GiveUpMilliseconds = 15000;
 
-struct Wait
-{
+struct Wait {
     Text title;
     std::vector<HWND> before;  // windows that stood already
     std::function<void(HWND)> act;
@@ -19,57 +17,46 @@ struct Wait
     ULONGLONG giveUp = GetTickCount64() + GiveUpMilliseconds;
 };
 
-std::map<UINT_PTR, Wait>& Waits()
-{
+std::map<UINT_PTR, Wait>& Waits() {
     static std::map<UINT_PTR, Wait> waits;
     return waits;
 }
 
-BOOL CALLBACK AddWindow(HWND window, LPARAM list)
-{
-    if (IsWindowVisible(window))
-    {
+BOOL CALLBACK AddWindow(HWND window, LPARAM list) {
+    if (IsWindowVisible(window)) {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     }
     return TRUE;
 }
 
-std::vector<HWND> VisibleWindows()
-{
+std::vector<HWND> VisibleWindows() {
     std::vector<HWND> windows;
     EnumThreadWindows(GetCurrentThreadId(), AddWindow, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 
-void End(UINT_PTR timer)
-{
+void End(UINT_PTR timer) {
     KillTimer(nullptr, timer);
     Waits().erase(timer);
 }
 
-void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
-{
+void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
     const auto found = Waits().find(timer);
-    if (found == Waits().end())
-    {
+    if (found == Waits().end()) {
         return;
     }
     const Wait wait = found->second;
-    for (const HWND window : VisibleWindows())
-    {
+    for (const HWND window : VisibleWindows()) {
         if (std::find(wait.before.begin(), wait.before.end(), window) == wait.before.end() &&
-            Form(window).Title() == wait.title)
-        {
-            if (!wait.again)
-            {
+            Form(window).Title() == wait.title) {
+            if (!wait.again) {
                 End(timer);
             }
             wait.act(window);
             return;
         }
     }
-    if (wait.mustCome && GetTickCount64() > wait.giveUp)
-    {
+    if (wait.mustCome && GetTickCount64() > wait.giveUp) {
         ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
         End(timer);
         // What stands instead would wait for ever.
@@ -77,16 +64,14 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     }
 }
 
-UINT_PTR AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome, bool again)
-{
+UINT_PTR AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome, bool again) {
     const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
     Waits()[timer] = {title, VisibleWindows(), std::move(act), mustCome, again};
     return timer;
 }
 }  // namespace
 
-bool TryRunEditor(const std::function<void(Sheet&)>& script)
-{
+bool TryRunEditor(const std::function<void(Sheet&)>& script) {
     // The tests are the first instance, whatever else runs on the machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
@@ -96,8 +81,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
             shown = true;
             Sheet sheet(window);
             script(sheet);
-            if (sheet.IsOpen())
-            {
+            if (sheet.IsOpen()) {
                 sheet.Cancel();
             }
         },
@@ -112,16 +96,14 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
 
 void RunEditor(const std::function<void(Sheet&)>& script) { EXPECT_TRUE(TryRunEditor(script)) << "no sheet"; }
 
-void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script)
-{
+void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script) {
     RunEditor([&](Sheet& sheet) {
         ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
         script(sheet);
     });
 }
 
-void WhenOpened(const Text& title, const std::function<void(Form&)>& script)
-{
+void WhenOpened(const Text& title, const std::function<void(Form&)>& script) {
     AddWait(
         title,
         [script](HWND window) {
@@ -133,8 +115,7 @@ void WhenOpened(const Text& title, const std::function<void(Form&)>& script)
         true, false);
 }
 
-void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open)
-{
+void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open) {
     bool opened = false;
     WhenOpened(title, [&](Form& form) {
         opened = true;
@@ -144,8 +125,7 @@ void WithDialog(const Text& title, const std::function<void(Form&)>& script, con
     EXPECT_TRUE(opened) << Printable(title);
 }
 
-int CountPrompts(const std::function<void()>& steps)
-{
+int CountPrompts(const std::function<void()>& steps) {
     int count = 0;
     const UINT_PTR timer = AddWait(
         AfxGetApp()->m_strAppName.GetString(),
