@@ -1,83 +1,17 @@
-// When a page loads, fills, adjusts, marks and saves.
-#include "framework/SettingsPage.h"
-#include "resource.h"
-#include "shell/InstalledProducts.h"
+// What all pages share: their marks beside each other, their one load, and their tips.
 #include "support/form.h"
 #include "support/tips.h"
 
-#include <prsht.h>
+#include <afxwin.h>
+#include <commctrl.h>
 
 namespace {
-using Steps = std::vector<std::string>;
-Steps steps;
-
-Steps TakeSteps() { return std::exchange(steps, {}); }
-
-// A page over the template of General Settings that notes what it is asked for.
-class NotedPage : public CSettingsPage {
-public:
-    explicit NotedPage(std::string name) : CSettingsPage(IDD_GENERAL_SETTINGS), m_name(std::move(name)) {}
-
-    using CSettingsPage::AddProduct;
-    using CSettingsPage::CheckModified;
-
-    int number = 300;
-    bool hasTip = true;
-    bool marksItself = false;
-
+class LifecycleTest : public SettingsTest {
 protected:
-    void DoDataExchange(CDataExchange* pDX) override {
-        Note(pDX->m_bSaveAndValidate ? "to members" : "to controls");
-        DDX_Text(pDX, IDC_DISPLAY_UPDATE_TIME, number);
+    void SetUp() override {
+        SettingsTest::SetUp();
+        InstallTools(AllTools);
     }
-    void InitToolTips() override {
-        Note("tips");
-        if (hasTip) {
-            AddToolTip(IDC_DISPLAY_UPDATE_TIME, _T("A tip"));
-        }
-    }
-    void SaveSettings() override { Note("save"); }
-    void LoadSettings() override {
-        Note("load");
-        number = 250;
-    }
-    void UpdateControlStates() override {
-        Note("states");
-        EXPECT_EQ(Form(m_hWnd).TextOf(IDC_DISPLAY_UPDATE_TIME), _T("250"));
-        if (marksItself) {
-            SetModified();
-        }
-    }
-
-private:
-    void Note(const std::string& step) const { steps.push_back(m_name + " " + step); }
-
-    std::string m_name;
-};
-
-class LifecycleTest : public testing::Test {
-protected:
-    // A sheet of the two pages, with the script run while it waits.
-    void RunSheet(const std::function<void(const Sheet&)>& script) {
-        steps.clear();
-        CPropertySheet sheet(_T("Noted"));
-        sheet.AddPage(&first);
-        sheet.AddPage(&second);
-        WithDialog(
-            _T("Noted"),
-            [&script](const Form& form) {
-                const Sheet shown(form.Window());
-                script(shown);
-                if (shown.IsOpen()) {
-                    shown.Cancel();
-                }
-            },
-            [&sheet] { sheet.DoModal(); });
-    }
-    static void Turn(const Sheet& sheet, WPARAM page) { SendMessageW(sheet.Window(), PSM_SETCURSEL, page, 0); }
-
-    NotedPage first{"1"};
-    NotedPage second{"2"};
 };
 
 int relayed;
@@ -88,102 +22,55 @@ LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lPar
 }
 }  // namespace
 
-TEST_F(LifecycleTest, PageComesAliveAtFirstDisplayOnly) {
-    RunSheet([](const Sheet& sheet) {
-        EXPECT_EQ(TakeSteps(), (Steps{"1 load", "1 to controls", "1 states", "1 tips"}));
-        Turn(sheet, 1);
-        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "2 load", "2 to controls", "2 states", "2 tips"}));
-        Turn(sheet, 0);
-        EXPECT_EQ(TakeSteps(), (Steps{"2 to members", "1 to controls"})) << "loaded once only";
+TEST_F(LifecycleTest, EachPageTakesAwayItsOwnMarkOnly) {
+    RunEditor([](const Sheet& sheet) {
+        // Marked by its own texts while it was made, which the common control forgets.
+        sheet.Select(tabs::Media);
+        sheet.Select(tabs::General);
+        EXPECT_TRUE(sheet.CanApply());
+        sheet.Click(1006);
+        sheet.TypeInFront(1127, _T("0"));
+        EXPECT_TRUE(sheet.CanApply());
+        sheet.Select(tabs::Media);
+        sheet.TypeInFront(1119, _T("0"));
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Select(tabs::Waivers);
+        sheet.Click(1031);
+        sheet.Apply();
+        EXPECT_FALSE(sheet.CanApply());
+        for (const Text& tab : {tabs::Media, tabs::General, tabs::Waivers}) {
+            sheet.Select(tab);
+            EXPECT_FALSE(sheet.CanApply()) << "once applied, a mark does not come back with its page";
+        }
+    });
+}
+
+TEST_F(LifecycleTest, PageIsLoadedOnceAndShowsItsMembersAgain) {
+    RunOnTab(tabs::HostUnderTest, [](const Sheet& sheet) {
+        sheet.Retype(1160, _T("007"));
+        Store(keys::Kauri, _T("aBulkTransferRetriesHUT"), Dword(9));
+        sheet.Select(tabs::General);
+        sheet.Select(tabs::HostUnderTest);
+        EXPECT_EQ(sheet.TextOf(1160), _T("7"));
         sheet.Ok();
-        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "2 save"}));
     });
-    EXPECT_EQ(TakeSteps(), Steps{});
-}
-
-TEST_F(LifecycleTest, PageThatWasNeverDisplayedTakesNoPart) {
-    RunSheet([this](const Sheet& sheet) {
-        TakeSteps();
-        first.SetModified();
-        sheet.Apply();
-        // The sheet makes the page active again afterwards.
-        EXPECT_EQ(TakeSteps(), (Steps{"1 to members", "1 save", "1 to controls"}));
-        EXPECT_FALSE(sheet.CanApply());
-        sheet.Cancel();
-        EXPECT_EQ(TakeSteps(), Steps{});
-    });
-    EXPECT_EQ(second.number, 300);
-}
-
-TEST_F(LifecycleTest, MarkComparesWithTheMemberBeforeTheEvent) {
-    RunSheet([this](const Sheet& sheet) {
-        sheet.SetText(IDC_DISPLAY_UPDATE_TIME, _T("9"));
-        first.CheckModified(first.number);
-        EXPECT_EQ(first.number, 9);
-        EXPECT_TRUE(sheet.CanApply());
-        // Another page's mark counts as well, and each takes away its own only.
-        Turn(sheet, 1);
-        second.CheckModified(second.number);
-        EXPECT_TRUE(sheet.CanApply());
-        second.SetModified(TRUE);
-        first.CheckModified(first.number);
-        EXPECT_TRUE(sheet.CanApply());
-        second.SetModified(FALSE);
-        EXPECT_FALSE(sheet.CanApply());
-        first.SetModified(TRUE);
-        CString text(_T("same"));
-        first.CheckModified(text);
-        EXPECT_FALSE(sheet.CanApply());
-    });
-}
-
-// The common control knows nothing of a page whose dialog is being made.
-TEST_F(LifecycleTest, MarkOfAPageBeingCreatedStaysUntilItIsApplied) {
-    first.marksItself = true;
-    second.marksItself = true;
-    RunSheet([this](const Sheet& sheet) {
-        EXPECT_TRUE(sheet.CanApply());
-        Turn(sheet, 1);
-        first.SetModified(FALSE);
-        EXPECT_TRUE(sheet.CanApply());
-        second.SetModified(FALSE);
-        EXPECT_FALSE(sheet.CanApply());
-        first.SetModified(TRUE);
-        sheet.Apply();
-        Turn(sheet, 0);
-        EXPECT_FALSE(sheet.CanApply());
-    });
+    EXPECT_EQ(Stored(keys::Kauri, _T("aBulkTransferRetriesHUT")), Dword(7));
 }
 
 TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets) {
-    second.hasTip = false;
-    RunSheet([](const Sheet& sheet) {
-        EXPECT_EQ(TipsOf(sheet.Page()), std::vector<int>{IDC_DISPLAY_UPDATE_TIME});
-        EXPECT_EQ(TipText(sheet.Page(), IDC_DISPLAY_UPDATE_TIME), _T("A tip"));
+    RunEditor([](const Sheet& sheet) {
         const HWND tips = TipControlOf(sheet.Page());
         EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
         EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
         SetWindowSubclass(tips, CountRelays, 0, 0);
         relayed = 0;
         MSG move = {};
-        move.hwnd = sheet.Control(IDC_DISPLAY_UPDATE_TIME);
+        move.hwnd = sheet.Control(1127);
         move.message = WM_MOUSEMOVE;
         EXPECT_FALSE(CWnd::FromHandlePermanent(sheet.Page())->PreTranslateMessage(&move));
         EXPECT_EQ(relayed, 1);
-        RemoveWindowSubclass(tips, CountRelays, 0);
         const int count = CountTipControls();
-        Turn(sheet, 1);
+        sheet.Select(tabs::Waivers);
         EXPECT_EQ(CountTipControls(), count + 1) << "made although nothing has a tip";
     });
-}
-
-TEST_F(LifecycleTest, PageIsShownForTheFirstInstalledOfItsTools) {
-    InstalledProductMap = {};
-    EXPECT_TRUE(first.ConcernsInstalledTool());
-    first.AddProduct(BirchQB);
-    EXPECT_FALSE(first.ConcernsInstalledTool());
-    InstalledProductMap = {{BirchQB, 0}, {ElmQB, 1}};
-    EXPECT_FALSE(first.ConcernsInstalledTool());
-    first.AddProduct(ElmQB);
-    EXPECT_TRUE(first.ConcernsInstalledTool());
 }
