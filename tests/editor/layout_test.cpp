@@ -114,19 +114,9 @@ using LayoutTest = SettingsTest;
 TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps) {
     const char* asked = std::getenv("QB_DPI");
     EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
-    InstallTools(AllTools);
-    RunEditor([](const Sheet& sheet) {
-        const int templates[] = {130, 132, 140, 131, 102, 136, 133, 135, 137};
-        for (size_t page = 0; page < std::size(templates); ++page) {
-            sheet.Select(AllTabs[page]);
-            CheckLayout(sheet.Page(), templates[page]);
-        }
-        sheet.Select(tabs::Media);
-        WithDialog(
-            titles::ClientPorts, [](const Form& form) { CheckLayout(form.Window(), 143); },
-            [&sheet] { sheet.Click(1190); });
-        WithDialog(
-            titles::AdvancedTCP, [](const Form& form) { CheckLayout(form.Window(), 104); },
-            [&sheet] { sheet.Click(1139); });
-    });
+    const std::map<Text, int> templates = {
+        {tabs::General, 130},       {tabs::Drivers, 132},       {tabs::Chapter9, 140},     {tabs::Waivers, 131},
+        {tabs::Xhci, 102},          {tabs::Identity, 136},      {tabs::Media, 133},        {tabs::Protocol, 135},
+        {tabs::HostUnderTest, 137}, {titles::AdvancedTCP, 104}, {titles::ClientPorts, 143}};
+    ForEachForm([&templates](const Form& form, const Text& name) { CheckLayout(form.Page(), templates.at(name)); });
 }

@@ -81,65 +81,60 @@ Ids AskedInExchange(const Form& form) {
     return asked;
 }
 
-class PagesTest : public SettingsTest {
-protected:
-    // Runs the check on all pages and dialogs, each under its name.
-    static void OnEach(const std::function<void(const Form&, const Text& name)>& check) {
-        InstallTools(AllTools);
-        RunEditor([&check](const Sheet& sheet) {
-            for (const Text& tab : AllTabs) {
-                SCOPED_TRACE(Printable(tab));
-                ASSERT_TRUE(sheet.Select(tab));
-                check(sheet, tab);
-            }
-            sheet.Select(tabs::Media);
-            for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
-                WithDialog(
-                    title, [&check, &name = title](const Form& dialog) { check(dialog, name); },
-                    [&sheet, id = button] { sheet.Click(id); });
-            }
-        });
-    }
-};
+int helpCommands;
+
+LRESULT CALLBACK CountHelp(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    helpCommands += message->message == WM_COMMAND && message->wParam == ID_HELP ? 1 : 0;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+using PagesTest = SettingsTest;
 }  // namespace
 
-// Of controls that differ in a word only, that word.
 TEST_F(PagesTest, TipsAreOnTheirControls) {
-    const std::map<int, LPCTSTR> words = {{1032, _T("EHCI")},           {1036, _T("xHCI")},
-                                          {1045, _T("USB4")},           {1200, _T("RVSK")},
-                                          {1123, _T("byte-aligned")},   {1124, _T("DWORD-aligned")},
-                                          {1133, _T("SleepReq")},       {1134, _T("Link Sleep")},
-                                          {1099, _T("See Table 70")},   {1091, _T("Tables 70 and 73")},
-                                          {1112, _T("Table 71")},       {1177, _T("to values")},
-                                          {1178, _T("suggested")},      {1179, _T("minimum")},
-                                          {1160, _T("bulk")},           {1164, _T("control")},
-                                          {1168, _T("interrupt")},      {1162, _T("management packet")},
-                                          {1166, _T("setup")},          {1142, _T("send buffer")},
-                                          {1144, _T("receive buffer")}, {1146, _T("SNDBUF")},
-                                          {1147, _T("RCVBUF")}};
-    OnEach([&words](const Form& form, const Text& name) {
+    ForEachForm([](const Form& form, const Text& name) {
         EXPECT_EQ(TipsOf(form.Page()), TipOrders.at(name));
         for (const int id : TipOrders.at(name)) {
-            const Text text = TipText(form.Page(), id);
-            EXPECT_GE(text.size(), 24U);
-            EXPECT_TRUE(!words.contains(id) || text.find(words.at(id)) != Text::npos) << id << Printable(text);
+            EXPECT_GE(TipText(form.Page(), id).size(), 24U) << id;
         }
     });
 }
 
+// F1 as the system tells of it: taken by the application, which has no help, and by nobody in a message box.
+TEST_F(PagesTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm) {
+    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
+    const auto press = [](HWND window) {
+        helpCommands = 0;
+        HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
+        SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+        EXPECT_GE(helpCommands, 1);
+    };
+    ForEachForm([&press](const Form& form, const Text& name) {
+        press(GetWindow(form.Page(), GW_CHILD));
+        press(form.Window());
+        if (name == tabs::General) {
+            WithDialog(
+                _T("Box"), [&press](const Form& box) { press(box.Control(IDOK)); },
+                [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); });
+        }
+    });
+    UnhookWindowsHookEx(hook);
+}
+
 TEST_F(PagesTest, TabGoesThroughControlsInTheirOrder) {
-    OnEach([](const Form& form, const Text& name) {
+    ForEachForm([](const Form& form, const Text& name) {
         const Ids& order = TabOrders.at(name);
         EXPECT_EQ(TabOrder(form, order.front()), order);
     });
 }
 
 TEST_F(PagesTest, ExchangeAsksControlsInItsOrder) {
-    OnEach([](const Form& form, const Text& name) { EXPECT_EQ(AskedInExchange(form), ExchangeOrders.at(name)); });
+    ForEachForm([](const Form& form, const Text& name) { EXPECT_EQ(AskedInExchange(form), ExchangeOrders.at(name)); });
 }
 
 TEST_F(PagesTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl) {
-    OnEach([](const Form& form, const Text& name) {
+    ForEachForm([](const Form& form, const Text& name) {
         if (form.Window() == form.Page()) {
             EXPECT_EQ(GetDlgCtrlID(GetFocus()), TabOrders.at(name).front());
             const HWND owner = GetWindow(form.Window(), GW_OWNER);

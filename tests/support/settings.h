@@ -40,3 +40,7 @@ std::vector<Setting> SettingsOf(const Text& tab);
 Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value);
 
 extern const std::vector<Text> AllTabs;
+
+// Opens the editor with all tools and runs the check on each page and then on both dialogs, under their tabs and
+// titles.
+void ForEachForm(const std::function<void(const Form&, const Text& name)>& check);
