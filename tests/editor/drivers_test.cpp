@@ -17,9 +17,7 @@ const std::vector<Stack> Stacks = {{1041, 1032, {1033, 1034, 1035}, HazelQB},
                                    {1199, 1200, {1201, 1202, 1203}, CedarQB}};
 
 void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled) {
-    for (const int control : stack.pathControls) {
-        EXPECT_EQ(sheet.IsEnabled(control), enabled) << control;
-    }
+    for (const int control : stack.pathControls) { EXPECT_EQ(sheet.IsEnabled(control), enabled) << control; }
 }
 
 // A folder of its own for a test, with a driver's file in it.
@@ -70,45 +68,29 @@ void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, i
 using DriversTest = SettingsTest;
 }  // namespace
 
-TEST_F(DriversTest, GroupOfAStackThatNoToolNeedsIsDisabledAsAWhole) {
+TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn) {
+    const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
     for (const ProductId& tool : {HazelQB, KauriQB, CedarQB}) {
         SCOPED_TRACE(Printable(tool));
         InstallTools({tool});
+        Store(keys::EhciDriver, _T("Path"), Sz(longPath));
         RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
             for (const Stack& stack : Stacks) {
                 const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
-                EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
-                ExpectPathEnabled(sheet, stack, needed);
+                for (const bool on : {true, false, true, false}) {
+                    EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
+                    EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
+                    ExpectPathEnabled(sheet, stack, needed && on);
+                    sheet.Click(stack.enableSwitcher);
+                }
             }
             for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052}) {
                 EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
             }
+            sheet.Ok();
         });
+        EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
     }
-}
-
-TEST_F(DriversTest, SwitchTurnedOffDisablesItsPathAndKeepsIt) {
-    const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
-    InstallTools({HazelQB, CedarQB});
-    Store(keys::EhciDriver, _T("Path"), Sz(longPath));
-    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        for (const Stack& stack : Stacks) {
-            sheet.Click(stack.enableSwitcher);
-            for (const Stack& other : Stacks) {
-                const bool isOff = &other <= &stack;
-                EXPECT_EQ(sheet.CheckOf(other.enableSwitcher), isOff ? BST_UNCHECKED : BST_CHECKED);
-                ExpectPathEnabled(sheet, other, !isOff);
-                EXPECT_TRUE(sheet.IsEnabled(other.group));
-                EXPECT_TRUE(sheet.IsEnabled(other.enableSwitcher));
-            }
-        }
-        sheet.Click(1032);
-        ExpectPathEnabled(sheet, Stacks.front(), true);
-        sheet.Click(1032);
-        sheet.Ok();
-    });
-    EXPECT_EQ(Stored(keys::TestServices, _T("EnableEhciStackSwitcher")), Dword(0));
-    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath));
 }
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {

@@ -94,9 +94,7 @@ void CheckLayout(HWND dialog, int templateId) {
     EXPECT_GT(controls.size(), 1U);
     for (const Control& control : controls) {
         EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control << " leaves the margins";
-        if (control.isButton || control.isStatic) {
-            ExpectFits(control);
-        }
+        if (control.isButton || control.isStatic) { ExpectFits(control); }
         for (const Control& other : controls) {
             RECT common = {};
             if (control.window != other.window && IntersectRect(&common, &control.place, &other.place)) {

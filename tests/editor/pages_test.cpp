@@ -95,9 +95,7 @@ using PagesTest = SettingsTest;
 TEST_F(PagesTest, TipsAreOnTheirControls) {
     ForEachForm([](const Form& form, const Text& name) {
         EXPECT_EQ(TipsOf(form.Page()), TipOrders.at(name));
-        for (const int id : TipOrders.at(name)) {
-            EXPECT_GE(TipText(form.Page(), id).size(), 24U) << id;
-        }
+        for (const int id : TipOrders.at(name)) { EXPECT_GE(TipText(form.Page(), id).size(), 24U) << id; }
     });
 }
 

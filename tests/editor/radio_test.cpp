@@ -20,9 +20,7 @@ LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM 
     }
     const LRESULT result = CallWindowProcW(systemButton.lpfnWndProc, button, message, wParam, lParam);
     clicking = outer;
-    if (isRadio && message == BM_SETCHECK) {
-        SetWindowLongW(button, GWL_STYLE, style);
-    }
+    if (isRadio && message == BM_SETCHECK) { SetWindowLongW(button, GWL_STYLE, style); }
     if (isRadio && message == WM_SETFOCUS && !clicking && SendMessageW(button, BM_GETCHECK, 0, 0) == BST_UNCHECKED) {
         SendMessageW(button, BM_CLICK, 0, 0);
     }

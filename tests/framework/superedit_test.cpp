@@ -78,9 +78,7 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits) {
         TrialEdit edit(c.base);
         edit.SetWindowText(_T(""));
         calls::Reset();
-        for (const TCHAR key : Text(c.typed)) {
-            SendMessageW(edit.m_hWnd, WM_CHAR, key, 1);
-        }
+        for (const TCHAR key : Text(c.typed)) { SendMessageW(edit.m_hWnd, WM_CHAR, key, 1); }
         EXPECT_EQ(edit.Shown(), c.text);
         EXPECT_EQ(calls::Made("MessageBeep").size(), c.beeps);
     }

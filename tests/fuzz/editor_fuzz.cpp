@@ -84,9 +84,7 @@ bool g_closed;  // whether a window came and was closed again
 Tree g_first;   // what the first Apply has left
 
 LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_APP) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
+    if (message != WM_APP) { return DefWindowProcW(window, message, wParam, lParam); }
     if (AfxGetMainWnd() == nullptr) {
         Check(g_tab.empty(), "the list of all tools is read");
         SendMessageW(FindWindowW(nullptr, titles::Error.c_str()), WM_COMMAND, IDOK, 0);
@@ -126,9 +124,7 @@ Places PlacesOf(const Text& tab) {
     RunEditor();
     Places places;
     for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first) {
-        for (const auto& [name, value] : values) {
-            places.emplace_back(key, name);
-        }
+        for (const auto& [name, value] : values) { places.emplace_back(key, name); }
         if (key == keys::ClientPorts || key == keys::ServerPorts) {
             places.emplace_back(key + _T("\\"), _T("PacketType"));
         }
@@ -150,9 +146,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const size_t choice = input.Byte() % std::size(Tabs);
     g_tab = Tabs[choice];
     ClearSettings();
-    if (!g_tab.empty()) {
-        InstallTools(AllTools);
-    }
+    if (!g_tab.empty()) { InstallTools(AllTools); }
     input.StoreAll(g_places[choice]);
     RunEditor();
     return 0;

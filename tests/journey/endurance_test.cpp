@@ -41,9 +41,7 @@ Counts Count(DWORD id) {
     constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
     NtQuerySystemInformation(ExtendedHandles, list.data(), ULONG{8} << 17, nullptr);
     size_t handles = 0;
-    for (size_t index = 0; index < list[0]; ++index) {
-        handles += list[index * 5 + 3] == id ? 1 : 0;
-    }
+    for (size_t index = 0; index < list[0]; ++index) { handles += list[index * 5 + 3] == id ? 1 : 0; }
     PROCESS_MEMORY_COUNTERS memory = {};
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id);
     EXPECT_TRUE(GetProcessMemoryInfo(process, &memory, sizeof(memory)));
@@ -69,9 +67,7 @@ struct Setting {
 };
 
 void StoreAll(const std::vector<Setting>& settings, StoredValue Setting::*value) {
-    for (const Setting& setting : settings) {
-        Store(setting.key, setting.name, setting.*value);
-    }
+    for (const Setting& setting : settings) { Store(setting.key, setting.name, setting.*value); }
 }
 
 // Has the editor show all pages and store them with OK.
@@ -108,9 +104,7 @@ TEST_F(EnduranceJourney, StartsLeaveNothingBehind) {
         before = start == WarmUp ? Count(desktop) : before;
         const EditorProcess editor;
         const EditorSheet sheet = editor.WaitForSheet();
-        if (start % 2 == 0) {
-            ASSERT_TRUE(EditorProcess().WaitForEnd());
-        }
+        if (start % 2 == 0) { ASSERT_TRUE(EditorProcess().WaitForEnd()); }
         const auto [message, wParam] = Closings[start % std::size(Closings)];
         PostMessageW(sheet.Window(), message, wParam, 0);
         ASSERT_TRUE(editor.WaitForEnd());

@@ -50,9 +50,7 @@ TEST_F(PlantedLibraries, AreNotLoaded) {
         ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
         std::set<std::string> planted;
         for (const std::filesystem::path& file : LoadedFiles(editor.Id())) {
-            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) {
-                planted.insert(file.filename().string());
-            }
+            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) { planted.insert(file.filename().string()); }
         }
         EXPECT_TRUE(planted.erase("qbsettings.exe"));
         // Wine knows no libraries as Windows does, and its own user32 needs version.dll.

@@ -103,9 +103,7 @@ TEST_F(ReferenceJourney, ListsWhatIsStoredForEachToolAndWhichControlsShowIt) {
             EXPECT_EQ(Described(Stored(row.key, row.name)), isStored ? row.value : "") << Printable(row.name);
             unlisted[row.key].erase(row.name);
             // Those of a dialog are not among the page's.
-            if (isStored && pages.contains(row.page)) {
-                ExpectControls(row, pages[row.page]);
-            }
+            if (isStored && pages.contains(row.page)) { ExpectControls(row, pages[row.page]); }
         }
         std::erase_if(unlisted, [](const auto& key) { return key.second.empty(); });
         EXPECT_EQ(unlisted, Tree());

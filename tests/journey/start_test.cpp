@@ -53,18 +53,6 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
     EXPECT_EQ(StoredSettings(), applied);
 }
 
-TEST_F(StartJourney, DiagnosticLevelIsOfferedWhenTheEnvironmentAllowsIt) {
-    Store(keys::Bench, L"QBLogVerbosity", Dword(5));
-    for (const LPCWSTR allowed : {L"1", L"0", LPCWSTR{nullptr}}) {
-        SetEnvironmentVariableW(L"QB_ALLOW_DIAGNOSTIC_LOGGING", allowed);
-        const EditorProcess editor;
-        const EditorSheet sheet = editor.WaitForSheet();
-        EXPECT_EQ(sheet.SelectionOf(IDC_LOG_VERBOSITY), allowed != nullptr && *allowed == L'1' ? 5 : 4);
-        EXPECT_TRUE(sheet.Cancel());
-        EXPECT_TRUE(editor.WaitForEnd());
-    }
-}
-
 TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
     const EditorProcess first;
     const EditorSheet sheet = first.WaitForSheet();

@@ -30,9 +30,7 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
         [&] { result = static_cast<int>(dialog.DoModal()); });
     EXPECT_EQ(result, button);
     Ports ports;
-    for (const PortEntry& entry : table) {
-        ports.emplace_back(entry.PortNumber, entry.PacketType);
-    }
+    for (const PortEntry& entry : table) { ports.emplace_back(entry.PortNumber, entry.PacketType); }
     return ports;
 }
 

@@ -19,9 +19,7 @@ protected:
     static StoredValue StoredUnder(LPCTSTR name) { return Stored(keys::Kauri, name); }
 
     static void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled) {
-        for (const int id : ids) {
-            EXPECT_EQ(sheet.IsEnabled(id), enabled) << id;
-        }
+        for (const int id : ids) { EXPECT_EQ(sheet.IsEnabled(id), enabled) << id; }
     }
     static void ExpectNetwork(const Sheet& sheet, bool udp) {
         EXPECT_EQ(sheet.CheckOf(udp ? IdUDP : IdTCP), BST_CHECKED);
@@ -141,9 +139,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable) {
     for (const auto& [button, title, table] :
          {std::tuple{1190, titles::ClientPorts, keys::ClientPorts}, {1191, titles::ServerPorts, keys::ServerPorts}}) {
         SetUp();
-        for (int port = 1; port <= 5; ++port) {
-            Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0));
-        }
+        for (int port = 1; port <= 5; ++port) { Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0)); }
         const auto ports = [&table = table] { return StoredTree(table).size() - 1; };
         RunOnTab(tabs::Media, [&, id = button, &name = title](const Sheet& sheet) {
             const auto open = [&](const std::function<void(const Form&)>& script) {

@@ -26,9 +26,7 @@ protected:
             events.push_back(std::to_string(settings[field].control) + " changed");
             events.emplace_back("unmarked");
         }
-        if (changed) {
-            events.emplace_back("marked");
-        }
+        if (changed) { events.emplace_back("marked"); }
         return events;
     }
 };

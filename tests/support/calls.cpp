@@ -37,32 +37,24 @@ Text PathOf(HKEY key, LPCWSTR below = nullptr) {
 // Lists a call; the status that it is refused with, or 0.
 LONG Note(const std::string& function, const Text& key = {}, LPCWSTR name = nullptr) {
     State& state = TheState();
-    if (state.pauses > 0) {
-        return 0;
-    }
+    if (state.pauses > 0) { return 0; }
     state.made.push_back({function, key, name != nullptr ? name : _T("")});
     const bool isMeant = function == state.refused || (state.refused == calls::AnyOfTheRegistry &&
                                                        BeginsWith(function, "Reg") && function != "RegCloseKey");
-    if (state.left == 0 || !isMeant || --state.left > 0) {
-        return 0;
-    }
+    if (state.left == 0 || !isMeant || --state.left > 0) { return 0; }
     state.left = state.andLater ? 1 : 0;
     state.struck = true;
     return state.status;
 }
 
 LSTATUS Opened(LSTATUS status, const HKEY* key, const Text& path) {
-    if (status == ERROR_SUCCESS) {
-        TheState().keys[*key] = path;
-    }
+    if (status == ERROR_SUCCESS) { TheState().keys[*key] = path; }
     return status;
 }
 
 // What a failed query leaves in its buffer is undefined.
 LSTATUS Spoil(LSTATUS status, BYTE* data, DWORD size) {
-    if (status != ERROR_SUCCESS && data != nullptr) {
-        std::fill_n(data, size, BYTE{0xEE});
-    }
+    if (status != ERROR_SUCCESS && data != nullptr) { std::fill_n(data, size, BYTE{0xEE}); }
     return status;
 }
 

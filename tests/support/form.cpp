@@ -48,16 +48,12 @@ std::vector<Text> Form::ItemsOf(int id) const {
 }
 
 void Form::Click(int id) const {
-    if (IsEnabled(id)) {
-        Send(Control(id), BM_CLICK);
-    }
+    if (IsEnabled(id)) { Send(Control(id), BM_CLICK); }
 }
 
 void Form::Type(int id, const Text& keys) const {
     SetFocus(Control(id));
-    for (const TCHAR key : keys) {
-        Send(Control(id), WM_CHAR, static_cast<WPARAM>(key), 1);
-    }
+    for (const TCHAR key : keys) { Send(Control(id), WM_CHAR, static_cast<WPARAM>(key), 1); }
 }
 
 void Form::TypeInFront(int id, const Text& keys) const {
@@ -109,9 +105,7 @@ bool Sheet::Select(const Text& title) const {
 
 void Sheet::Press(int button) const {
     const HWND control = GetDlgItem(Window(), button);
-    if (IsWindowEnabled(control)) {
-        Send(control, BM_CLICK);
-    }
+    if (IsWindowEnabled(control)) { Send(control, BM_CLICK); }
 }
 
 std::vector<int> TabOrder(const Form& form, int first) {

@@ -78,12 +78,9 @@ void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script);
 // was the sheet.
 bool TryRunEditor(const std::function<void(Sheet&)>& script);
 
-// Runs the script once a visible window of this title stands beside those of the moment, in whatever modal
-// loop waits then. To be called before the step that opens it. Fails the test if none comes within some
-// seconds; a dialog that the script leaves open is cancelled.
-void WhenOpened(const Text& title, const std::function<void(Form&)>& script);
-// Does what opens a dialog of that title, with the script to be run in it, and waits for its end.
-void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open);
+// Does what opens a window of that title and waits in a modal loop of its own; the script is run once the window is
+// there, and a dialog that it leaves open is cancelled. Fails the test if none comes within some seconds.
+void WithDialog(const Text& title, const std::function<void(const Form&)>& script, const std::function<void()>& open);
 // The class library's prompts on edits that hold no number, while the steps run: each is looked at and
 // confirmed. Gives their count.
 int CountPrompts(const std::function<void()>& steps);

@@ -18,12 +18,8 @@ LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, U
 Events EventsOf(const Sheet& sheet, const std::function<void()>& steps) {
     Events events;
     const HWND windows[] = {sheet.Page(), sheet.Window()};
-    for (const HWND window : windows) {
-        SetWindowSubclass(window, Note, 1, reinterpret_cast<DWORD_PTR>(&events));
-    }
+    for (const HWND window : windows) { SetWindowSubclass(window, Note, 1, reinterpret_cast<DWORD_PTR>(&events)); }
     steps();
-    for (const HWND window : windows) {
-        RemoveWindowSubclass(window, Note, 1);
-    }
+    for (const HWND window : windows) { RemoveWindowSubclass(window, Note, 1); }
     return events;
 }

@@ -39,26 +39,20 @@ Text Decimal(long long number) {
 
 void PrintTo(const StoredValue& value, std::ostream* out) {
     *out << "type " << value.type << ", " << value.data.size() << " bytes" << std::hex << std::setfill('0');
-    for (const BYTE byte : value.data) {
-        *out << ' ' << std::setw(2) << unsigned{byte};
-    }
+    for (const BYTE byte : value.data) { *out << ' ' << std::setw(2) << unsigned{byte}; }
     *out << std::dec;
 }
 
 void InstallTools(const Tools& tools) {
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, keys::Installed.c_str());
     Store(keys::Installed, {}, Absent);
-    for (const ProductId& tool : tools) {
-        Store(keys::Installed, tool, Dword(1));
-    }
+    for (const ProductId& tool : tools) { Store(keys::Installed, tool, Dword(1)); }
 }
 
 void Store(const Text& key, const Text& name, const StoredValue& value) {
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    if (value == Absent) {
-        return;
-    }
+    if (value == Absent) { return; }
     // Of a text without a terminator the system looks at what stands behind it, and takes that for one if it
     // is.
     std::vector<BYTE> data = value.data;
@@ -114,9 +108,7 @@ Tree StoredTree(const Text& key) {
 
 Tree StoredSettings() {
     Tree settings;
-    for (const Text& root : Roots) {
-        settings.merge(StoredTree(root));
-    }
+    for (const Text& root : Roots) { settings.merge(StoredTree(root)); }
     settings.erase(keys::Installed);
     std::erase_if(settings, [](const auto& key) { return key.second.empty(); });
     return settings;
@@ -124,16 +116,12 @@ Tree StoredSettings() {
 
 void StoreTree(const Tree& tree) {
     for (const auto& [key, values] : tree) {
-        for (const auto& [name, value] : values) {
-            Store(key, name, value);
-        }
+        for (const auto& [name, value] : values) { Store(key, name, value); }
     }
 }
 
 void ClearSettings() {
     calls::Reset();
-    for (const Text& root : Roots) {
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
-    }
+    for (const Text& root : Roots) { RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str()); }
     calls::Reset();
 }

@@ -6,9 +6,7 @@ namespace {
 BOOL CALLBACK AddTipControl(HWND window, LPARAM list) {
     TCHAR name[32] = {};
     GetClassNameW(window, name, 32);
-    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0) {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    }
+    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0) { reinterpret_cast<std::vector<HWND>*>(list)->push_back(window); }
     return TRUE;
 }
 
@@ -29,9 +27,7 @@ bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool) {
 HWND TipControlOf(HWND dialog) {
     for (const HWND control : TipControls()) {
         TTTOOLINFOW tool;
-        if (GetTool(control, 0, &tool) && tool.hwnd == dialog) {
-            return control;
-        }
+        if (GetTool(control, 0, &tool) && tool.hwnd == dialog) { return control; }
     }
     return nullptr;
 }

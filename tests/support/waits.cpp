@@ -23,9 +23,7 @@ std::map<UINT_PTR, Wait>& Waits() {
 }
 
 BOOL CALLBACK AddWindow(HWND window, LPARAM list) {
-    if (IsWindowVisible(window)) {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    }
+    if (IsWindowVisible(window)) { reinterpret_cast<std::vector<HWND>*>(list)->push_back(window); }
     return TRUE;
 }
 
@@ -42,16 +40,12 @@ void End(UINT_PTR timer) {
 
 void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
     const auto found = Waits().find(timer);
-    if (found == Waits().end()) {
-        return;
-    }
+    if (found == Waits().end()) { return; }
     const Wait wait = found->second;
     for (const HWND window : VisibleWindows()) {
         if (std::find(wait.before.begin(), wait.before.end(), window) == wait.before.end() &&
             Form(window).Title() == wait.title) {
-            if (!wait.again) {
-                End(timer);
-            }
+            if (!wait.again) { End(timer); }
             wait.act(window);
             return;
         }
@@ -81,9 +75,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script) {
             shown = true;
             Sheet sheet(window);
             script(sheet);
-            if (sheet.IsOpen()) {
-                sheet.Cancel();
-            }
+            if (sheet.IsOpen()) { sheet.Cancel(); }
         },
         false, false);
     const UINT_PTR boxWait = AddWait(
@@ -103,25 +95,19 @@ void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script) {
     });
 }
 
-void WhenOpened(const Text& title, const std::function<void(Form&)>& script) {
-    AddWait(
+void WithDialog(const Text& title, const std::function<void(const Form&)>& script, const std::function<void()>& open) {
+    bool opened = false;
+    const UINT_PTR timer = AddWait(
         title,
-        [script](HWND window) {
-            Form form(window);
-            script(form);
+        [&](HWND window) {
+            opened = true;
+            script(Form(window));
             // Comes to nothing if the script has ended the dialog, which is gone by then.
             PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
         },
         true, false);
-}
-
-void WithDialog(const Text& title, const std::function<void(Form&)>& script, const std::function<void()>& open) {
-    bool opened = false;
-    WhenOpened(title, [&](Form& form) {
-        opened = true;
-        script(form);
-    });
     open();
+    End(timer);
     EXPECT_TRUE(opened) << Printable(title);
 }
 
