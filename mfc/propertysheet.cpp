@@ -68,12 +68,16 @@ BOOL CPropertySheet::ContinueModal()
     return CWnd::ContinueModal() && m_hWnd != nullptr && SendMessage(PSM_GETCURRENTPAGEHWND) != 0;
 }
 
-// Apply disables itself, and the focus that its click gave it is then nowhere: no key would reach the sheet.
+// Apply disables itself, and the focus that its click gave it is then nowhere; a page that Ctrl+Tab turns
+// away may keep it. No key would reach the sheet, or one would change what nobody sees.
 void CPropertySheet::RestoreFocus()
 {
-    if (m_hWnd != nullptr && GetFocus() == nullptr && GetActiveWindow() == m_hWnd)
+    const HWND focus = ::GetFocus();
+    if (m_hWnd != nullptr && GetActiveWindow() == m_hWnd && !::IsWindowVisible(focus))
     {
-        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(::GetDlgItem(m_hWnd, IDOK)), TRUE);
+        const HWND next = focus == nullptr ? ::GetDlgItem(m_hWnd, IDOK)
+                                           : reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL));
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
     }
 }
 
@@ -107,7 +111,15 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
         return TRUE;
     }
     const bool isOurs = m_hWnd != nullptr && (pMsg->hwnd == m_hWnd || IsChild(m_hWnd, pMsg->hwnd));
-    return isOurs && SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;
+    if (!isOurs || SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) == 0)
+    {
+        return FALSE;
+    }
+    if (pMsg->message == WM_KEYDOWN)
+    {
+        RestoreFocus();
+    }
+    return TRUE;
 }
 
 BOOL CPropertySheet::OnCmdMsg(UINT nID, UINT nCode)
