@@ -107,18 +107,3 @@ void Sheet::Press(int button) const {
     const HWND control = GetDlgItem(Window(), button);
     if (IsWindowEnabled(control)) { Send(control, BM_CLICK); }
 }
-
-std::vector<int> TabOrder(const Form& form, int first) {
-    std::vector<int> ids;
-    SetFocus(form.Control(first));
-    while (GetParent(GetFocus()) == form.Page() && (ids.empty() || GetDlgCtrlID(GetFocus()) != first)) {
-        ids.push_back(GetDlgCtrlID(GetFocus()));
-        MSG message = {};
-        message.hwnd = GetFocus();
-        message.message = WM_KEYDOWN;
-        message.wParam = VK_TAB;
-        message.lParam = 1;
-        IsDialogMessageW(form.Window(), &message);
-    }
-    return ids;
-}

@@ -65,10 +65,6 @@ private:
     void Press(int button) const;
 };
 
-// Puts the focus on the first of the controls and gives the ids of those that Tab goes on to, until it comes
-// to one that is no child of the page, or back.
-std::vector<int> TabOrder(const Form& form, int first);
-
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
 // sheet that still stands is cancelled. Fails the test if no sheet appears.
 void RunEditor(const std::function<void(Sheet&)>& script);
