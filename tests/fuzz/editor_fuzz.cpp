@@ -23,6 +23,8 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+Text g_tab;  // the one to open; the last that there is if empty
+
 // A value's place: its key, which stands for its subkeys if it ends in a backslash, and its name.
 using Places = std::vector<std::pair<Text, Text>>;
 
@@ -52,6 +54,10 @@ private:
         StoredValue value = {form / 8U % 12, {}};
         if (form % 8 == 6) {
             value.data.assign(count * 64, Byte() | 0x40);
+            // Wine's layout of texts reads wild addresses for some characters beyond Latin-1.
+            for (size_t index = 1; g_tab != tabs::Identity && index < value.data.size(); index += 2) {
+                value.data[index] = 0;
+            }
             return value;
         }
         while (value.data.size() < count) {
@@ -79,7 +85,6 @@ const Text Tabs[] = {tabs::General,  tabs::Drivers, tabs::Chapter9, tabs::Waiver
                      tabs::Identity, tabs::Media,   tabs::Protocol, tabs::HostUnderTest, _T("")};
 std::vector<Places> g_places;  // of each tab
 
-Text g_tab;     // the one to open; the last that there is if empty
 bool g_closed;  // whether a window came and was closed again
 Tree g_first;   // what the first Apply has left
 
