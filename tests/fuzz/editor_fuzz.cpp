@@ -55,9 +55,7 @@ private:
         if (form % 8 == 6) {
             value.data.assign(count * 64, Byte() | 0x40);
             // Wine's layout of texts reads wild addresses for some characters beyond Latin-1.
-            for (size_t index = 1; g_tab != tabs::Identity && index < value.data.size(); index += 2) {
-                value.data[index] = 0;
-            }
+            for (size_t index = 1; index < value.data.size(); index += 2) { value.data[index] = 0; }
             return value;
         }
         while (value.data.size() < count) {
