@@ -45,9 +45,7 @@ public:
     }
 
 private:
-    // A few bytes of any kind, or up to 255 that make Latin letters, or many of one kind. The rest of the
-    // letters is left out because Wine's own layout of some of them reads beyond the font, and ends the
-    // program.
+    // A few bytes of any kind, or up to 255 that make Latin letters, or many of one letter.
     StoredValue Value() {
         const BYTE form = Byte();
         const size_t count = form % 8 < 6 ? form % 8 : Byte();
