@@ -4,6 +4,8 @@
 #include <algorithm>
 
 namespace {
+constexpr int IdFileTypes = 1136;  // the system's number in its dialog
+
 struct Stack {
     int group;
     int enableSwitcher;
@@ -50,14 +52,18 @@ BOOL CALLBACK TakeEdit(HWND window, LPARAM found) {
     return !isWanted;
 }
 
-// Opens the system's dialog by a Browse button, looks at the name that it comes up with, and answers it.
-void Browse(const Sheet& sheet, int browse, LPCTSTR initial, const Text& file, int answer) {
+// Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
+void Browse(const Sheet& sheet, int browse, const Text& file, int answer) {
+    const bool isHex = browse == 1049;
     WithDialog(
         _T("Open"),
         [&](const Form& dialog) {
             HWND edit = nullptr;
             EnumChildWindows(dialog.Window(), TakeEdit, reinterpret_cast<LPARAM>(&edit));
-            EXPECT_EQ(Form(edit).Title(), initial);
+            EXPECT_EQ(Form(edit).Title(), isHex ? _T("*.hex") : _T("*.inf"));
+            EXPECT_EQ(
+                dialog.ItemsOf(IdFileTypes),
+                (std::vector<Text>{isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)"), _T("All Files (*.*)")}));
             EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
             SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
             dialog.Click(answer);
@@ -97,11 +103,11 @@ TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
     const DriverFolder folder;
     InstallTools(AllTools);
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        Browse(sheet, 1035, _T("*.inf"), DriverFolder::File(), IDCANCEL);
+        Browse(sheet, 1035, DriverFolder::File(), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());
         for (const auto& [browse, edit] :
              {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}}) {
-            Browse(sheet, browse, browse == 1049 ? _T("*.hex") : _T("*.inf"), DriverFolder::File(), IDOK);
+            Browse(sheet, browse, DriverFolder::File(), IDOK);
             EXPECT_EQ(sheet.TextOf(edit), DriverFolder::Path());
             sheet.SetText(edit, edit == 1034 ? DriverFolder::Path() : Text());
         }

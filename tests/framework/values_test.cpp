@@ -35,7 +35,7 @@ protected:
     Text ReadText() { return Text(Read(CString(_T("default")))); }
     // What stands in a buffer of six bytes once four have been asked for.
     std::vector<BYTE> ReadFour() {
-        std::vector<BYTE> buffer(6, 0xEE);
+        std::vector<BYTE> buffer(6, 0xDD);
         page.ReadBinaryValue(Key, Name, 4, buffer.data());
         return buffer;
     }
@@ -44,7 +44,7 @@ protected:
         EXPECT_EQ(Read(0x80000007U), 0x80000007U);
         EXPECT_FALSE(Read(true));
         EXPECT_EQ(ReadText(), Text()) << "a text's default does not survive";
-        EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xEE));
+        EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
         page.ReadBinaryValue(Key, Name, 2, nullptr);
         WideString text = _T("kept");
         EXPECT_FALSE(ReadRegistryString(Key, Name, text));
@@ -67,7 +67,7 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing) {
     EXPECT_FALSE(ReadRegistryString(Key, Name, text));
     EXPECT_EQ(text, _T("kept"));
     calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
-    EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xEE));
+    EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
 }
 
 TEST_F(ValuesTest, WriteCreatesKeyAndValue) {
@@ -100,10 +100,10 @@ TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType) {
     EXPECT_EQ(Read(0x12345678), 0x1234ABCD);
     EXPECT_EQ(Read(0x12345678U), 0x1234ABCDU);
     EXPECT_TRUE(Read(false));
-    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{0xCD, 0xAB, 0xEE, 0xEE, 0xEE, 0xEE}));
+    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{0xCD, 0xAB, 0xDD, 0xDD, 0xDD, 0xDD}));
     Store(Key, Name, Binary({5, 6, 7, 8, 9}));
     EXPECT_EQ(Read(42), 42) << "does not fit";
-    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{5, 6, 7, 8, 0xEE, 0xEE}));
+    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{5, 6, 7, 8, 0xDD, 0xDD}));
     Store(Key, Name, Binary({}));
     EXPECT_EQ(Read(42), 42);
     EXPECT_EQ(ReadText(), Text());
