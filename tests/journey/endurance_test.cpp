@@ -140,7 +140,9 @@ TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew) {
     }
     std::mt19937 random(GetTickCount());
     int cutShort = 0;
-    for (int kill = 0; kill < Starts / 2; ++kill) {
+    int kill = 0;
+    // A busy machine may let the writing end before each kill: one at least is to come within it.
+    for (; kill < Starts / 2 || (cutShort == 0 && kill < 50); ++kill) {
         StoreAll(settings, &Setting::shown);
         {
             const EditorProcess editor;
@@ -162,6 +164,6 @@ TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew) {
         cutShort += olds != 0 && olds != settings.size() ? 1 : 0;
         RunToTheEnd();
     }
-    std::cout << cutShort << " of " << Starts / 2 << " kills came within the writing\n";
+    std::cout << cutShort << " of " << kill << " kills came within the writing\n";
     EXPECT_GT(cutShort, 0);
 }
