@@ -25,8 +25,12 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
 
 Text g_tab;  // the one to open; the last that there is if empty
 
-// A value's place: its key, which stands for its subkeys if it ends in a backslash, and its name.
-using Places = std::vector<std::pair<Text, Text>>;
+struct Place {
+    Text key;  // stands for its subkeys if it ends in a backslash
+    Text name;
+    bool isText;
+};
+using Places = std::vector<Place>;
 
 // Cuts the fuzzer's bytes into values to store; takes zeros when they have run out.
 class Input {
@@ -37,29 +41,26 @@ public:
     void StoreAll(const Places& places) {
         while (m_at < m_bytes.size()) {
             const size_t choice = Byte() % (places.size() + 1);
-            const auto& [key, name] = places[choice % places.size()];
+            const auto& [key, name, isText] = places[choice % places.size()];
             const Text subkey = key.back() == _T('\\') ? Name() : Text();
             const Text any = choice < places.size() ? name : Name();
-            Store(key + subkey, any, Value());
+            Store(key + subkey, any, Value(isText));
         }
     }
 
 private:
-    // A few bytes of any kind, or up to 255 that make Latin letters, or many of one letter.
-    StoredValue Value() {
+    // A few bytes, or up to 255, or many of one kind. Wine's layout of texts reads wild addresses for some characters
+    // beyond Latin-1, so a text has none of those.
+    StoredValue Value(bool isText) {
         const BYTE form = Byte();
         const size_t count = form % 8 < 6 ? form % 8 : Byte();
         StoredValue value = {form / 8U % 12, {}};
         if (form % 8 == 6) {
             value.data.assign(count * 64, Byte() | 0x40);
-            // Wine's layout of texts reads wild addresses for some characters beyond Latin-1.
-            for (size_t index = 1; index < value.data.size(); index += 2) { value.data[index] = 0; }
-            return value;
+        } else {
+            for (size_t index = 0; index < count; ++index) { value.data.push_back(Byte()); }
         }
-        while (value.data.size() < count) {
-            const BYTE byte = Byte();
-            value.data.push_back(form % 8 == 7 && value.data.size() % 2 != 0 ? byte % 3 : byte);
-        }
+        for (size_t index = 1; isText && index < value.data.size(); index += 2) { value.data[index] = 0; }
         return value;
     }
     // Digits often, for the ports' subkeys.
@@ -125,9 +126,9 @@ Places PlacesOf(const Text& tab) {
     RunEditor();
     Places places;
     for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first) {
-        for (const auto& [name, value] : values) { places.emplace_back(key, name); }
+        for (const auto& [name, value] : values) { places.push_back({key, name, value.type == REG_SZ}); }
         if (key == keys::ClientPorts || key == keys::ServerPorts) {
-            places.emplace_back(key + _T("\\"), _T("PacketType"));
+            places.push_back({key + _T("\\"), _T("PacketType"), false});
         }
     }
     return places;
