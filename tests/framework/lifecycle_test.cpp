@@ -60,6 +60,7 @@ TEST_F(LifecycleTest, PageIsLoadedOnceAndShowsItsMembersAgain) {
 TEST_F(LifecycleTest, TipsWrapAndStayAndSeeWhatThePageGets) {
     RunEditor([](const Sheet& sheet) {
         const HWND tips = TipControlOf(sheet.Page());
+        EXPECT_EQ(LOWORD(GetWindowLongW(tips, GWL_STYLE)), 0) << "no tips in a window that is not active";
         EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
         EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
         SetWindowSubclass(tips, CountRelays, 0, 0);

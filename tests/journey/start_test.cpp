@@ -48,6 +48,12 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
                                                {L"QBMinimumDisplayUpdateTime", Dword(1500)}}));
     // What is edited after Apply goes with the window.
     sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"7");
+    // An emptied number is asked for under the program's name.
+    SendMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), EM_SETSEL, 0, -1);
+    PostMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), WM_CHAR, L'\b', 1);
+    const EditorDialog prompt(editor.WaitForWindow(L"QBSettings"));
+    prompt.ClickToOpen(IDOK);
+    EXPECT_TRUE(prompt.WaitUntilGone());
     PostMessageW(sheet.Window(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(editor.WaitForEnd());
     EXPECT_EQ(StoredSettings(), applied);

@@ -106,8 +106,10 @@ TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing) {
     EXPECT_TRUE(edit.SubclassWindow(panel.edit));
     EXPECT_FALSE(second.SubclassWindow(panel.edit)) << "a window belongs to one object at most";
     EXPECT_EQ(panel.GetDlgItem(Panel::IdEdit), &edit);
+    const HWND window = panel.m_hWnd;
     panel.DestroyWindow();
     EXPECT_EQ(panel.m_hWnd, nullptr);
+    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
     EXPECT_EQ(edit.m_hWnd, nullptr) << "its window went with the parent";
     EXPECT_FALSE(panel.UpdateData(FALSE));
 }
