@@ -17,10 +17,9 @@ constexpr double GiveUpMilliseconds = 20000;
 constexpr wchar_t Editor[] = L"QBSettings.exe";
 constexpr wchar_t BareSheet[] = L"bare_sheet.exe";
 
-void End(const EditorProcess& process, const EditorSheet& sheet)
+void End(const EditorProcess& process, const Sheet& sheet)
 {
-    sheet.Cancel();
-    process.WaitForEnd();
+    process.EndBy(IDCANCEL, sheet);
     Sleep(SettleMilliseconds);
 }
 
@@ -33,10 +32,10 @@ double TimeStart(const wchar_t* program, const wchar_t* arguments)
     while (!IsWindowVisible(window) && process.Runs() && Milliseconds() - start < GiveUpMilliseconds)
     {
         Sleep(1);
-        window = FindWindowW(nullptr, SheetTitle);
+        window = FindWindowW(nullptr, SheetTitle.c_str());
     }
     const double time = Milliseconds() - start;
-    End(process, EditorSheet(window));
+    End(process, Sheet(window));
     return time;
 }
 
@@ -45,7 +44,7 @@ void TimePages(const wchar_t* program, const wchar_t* arguments, std::vector<Tim
                std::vector<std::wstring>& titles)
 {
     const EditorProcess process(arguments, program);
-    const EditorSheet sheet = process.WaitForSheet();
+    const Sheet sheet = process.WaitForSheet();
     titles.clear();
     times.resize(static_cast<size_t>(sheet.PageCount()) - 1);
     for (size_t index = 0; index < times.size(); ++index)
@@ -54,7 +53,7 @@ void TimePages(const wchar_t* program, const wchar_t* arguments, std::vector<Tim
         sheet.SelectIndex(static_cast<int>(index) + 1);
         RedrawWindow(sheet.Page(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         times[index].push_back(Milliseconds() - start);
-        titles.push_back(EditorDialog(sheet.Page()).Title());
+        titles.push_back(Form(sheet.Page()).Title());
     }
     End(process, sheet);
 }

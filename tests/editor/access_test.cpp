@@ -1,6 +1,6 @@
 // What a screen reader says for each control that can take the focus, in the order of the controls.
 #include "framework/ControlNames.h"
-#include "support/settings.h"
+#include "support/scripts.h"
 
 namespace {
 // Each behind a bar.
@@ -47,12 +47,6 @@ HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD,
     return S_OK;
 }
 
-bool IsOf(HWND window, LPCTSTR className) {
-    TCHAR name[32] = {};
-    GetClassNameW(window, name, 32);
-    return _tcsicmp(name, className) == 0;
-}
-
 // What the system itself says; Wine says nothing for a list box, and for a combo box what it holds.
 Text SystemName(HWND window) {
     Text name;
@@ -95,8 +89,7 @@ TEST_F(AccessTest, EveryControlHasItsNameAndStandsInReadingOrder) {
     ForEachForm([](const Form& form, const Text& name) {
         std::string names;
         std::vector<RECT> passed;
-        for (HWND window = GetWindow(form.Page(), GW_CHILD); window != nullptr;
-             window = GetWindow(window, GW_HWNDNEXT)) {
+        for (const HWND window : ControlsOf(form.Page())) {
             const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
             const bool isGroup = IsOf(window, _T("Button")) && (style & BS_TYPEMASK) == BS_GROUPBOX;
             const int id = GetDlgCtrlID(window);

@@ -1,5 +1,5 @@
 // Drivers & Firmware: which groups live, what a switch does to its path, and Browse.
-#include "support/form.h"
+#include "support/scripts.h"
 
 #include <algorithm>
 
@@ -45,9 +45,7 @@ public:
 };
 
 BOOL CALLBACK TakeEdit(HWND window, LPARAM found) {
-    TCHAR name[32] = {};
-    GetClassNameW(window, name, 32);
-    const bool isWanted = _tcsicmp(name, _T("Edit")) == 0 && IsWindowVisible(window);
+    const bool isWanted = IsOf(window, _T("Edit")) && IsWindowVisible(window);
     *reinterpret_cast<HWND*>(found) = isWanted ? window : nullptr;
     return !isWanted;
 }
@@ -105,7 +103,6 @@ TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn) {
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
     const DriverFolder folder;
-    InstallTools(AllTools);
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
         Browse(sheet, 1035, DriverFolder::File(), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());

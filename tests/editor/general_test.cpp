@@ -1,5 +1,5 @@
 // General Settings: the levels of the log that are offered, and Apply.
-#include "support/form.h"
+#include "support/scripts.h"
 
 #include <cstdlib>
 
@@ -16,10 +16,6 @@ void AllowDiagnostic(const char* value) {
 
 class GeneralTest : public SettingsTest {
 protected:
-    void SetUp() override {
-        SettingsTest::SetUp();
-        InstallTools({});
-    }
     void TearDown() override {
         AllowDiagnostic("");
         SettingsTest::TearDown();
@@ -57,11 +53,11 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered) {
 
 TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater) {
     RunEditor([](const Sheet& sheet) {
-        EXPECT_EQ(sheet.Title(), titles::Sheet);
+        EXPECT_EQ(sheet.Title(), SheetTitle);
         EXPECT_EQ(GetFocus(), sheet.Control(IdMode));
         sheet.Click(IdMode);
         EXPECT_FALSE(KeyExists(keys::Bench));
-        SetFocus(GetDlgItem(sheet.Window(), IdApply));
+        SetFocus(sheet.ApplyButton());
         sheet.Apply();
         EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
         sheet.Click(IdMode);

@@ -1,6 +1,6 @@
 // Every page and dialog as it is laid out with the real fonts: nothing cut, nothing overlapping, all within
 // its template. Run at several resolutions; QB_DPI names the one that the system has been set to.
-#include "support/settings.h"
+#include "support/scripts.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -25,16 +25,13 @@ std::ostream& operator<<(std::ostream& out, const Control& control) {
 
 std::vector<Control> ShownControls(HWND dialog) {
     std::vector<Control> controls;
-    for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+    for (const HWND window : ControlsOf(dialog)) {
         const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
         if ((style & WS_VISIBLE) != 0) {
-            TCHAR name[32] = {};
-            GetClassNameW(window, name, 32);
             RECT place = {};
             GetWindowRect(window, &place);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-            controls.push_back(
-                {window, style, place, _tcsicmp(name, _T("Button")) == 0, _tcsicmp(name, _T("Static")) == 0});
+            controls.push_back({window, style, place, IsOf(window, _T("Button")), IsOf(window, _T("Static"))});
         }
     }
     return controls;

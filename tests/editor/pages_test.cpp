@@ -1,6 +1,6 @@
 // What pages and dialogs say in tooltips, and the order of their controls for the Tab key and for the
 // exchange.
-#include "support/settings.h"
+#include "support/scripts.h"
 #include "support/tips.h"
 
 #include <afxwin.h>
@@ -52,15 +52,10 @@ LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM
 
 Ids AskedInExchange(const Form& form) {
     asked.clear();
-    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
-        SetWindowSubclass(control, NoteQuestions, 0, 0);
-    }
+    const std::vector<HWND> controls = ControlsOf(form.Page());
+    for (const HWND control : controls) { SetWindowSubclass(control, NoteQuestions, 0, 0); }
     CWnd::FromHandlePermanent(form.Page())->UpdateData(TRUE);
-    for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
-        RemoveWindowSubclass(control, NoteQuestions, 0);
-    }
+    for (const HWND control : controls) { RemoveWindowSubclass(control, NoteQuestions, 0); }
     return asked;
 }
 

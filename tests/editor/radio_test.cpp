@@ -1,5 +1,5 @@
 // Radio buttons as Windows has them, which check themselves on getting the focus.
-#include "support/settings.h"
+#include "support/scripts.h"
 
 #include <utility>
 
@@ -39,7 +39,6 @@ TEST_F(RadioTest, TabGoesThroughThePageWithoutChangingAGroup) {
     ours.hInstance = GetModuleHandleW(nullptr);
     ours.lpszClassName = _T("Button");
     ASSERT_NE(RegisterClassW(&ours), 0);
-    InstallTools({KauriQB});
     std::vector<Setting> radios = AllSettings();
     std::erase_if(radios, [](const Setting& setting) { return setting.kind != Setting::Kind::Radio; });
     for (const Setting& radio : radios) {

@@ -1,6 +1,6 @@
 // The reference of all settings, docs/settings.md, against those that the editor is tested by, and against the texts
 // beside the controls that it names.
-#include "support/settings.h"
+#include "support/scripts.h"
 
 #include <algorithm>
 #include <fstream>
@@ -37,10 +37,7 @@ TEST_F(ReferenceTest, ListsEachSettingAndTheControlThatShowsIt) {
     std::map<std::string, Texts> pages;
     ForEachForm([&pages](const Form& form, const Text& name) {
         Texts& page = pages[std::regex_replace(Printable(name), std::regex("&&"), "&")];
-        for (HWND control = GetWindow(form.Page(), GW_CHILD); control != nullptr;
-             control = GetWindow(control, GW_HWNDNEXT)) {
-            page.insert(Printable(Form(control).Title()));
-        }
+        for (const HWND control : ControlsOf(form.Page())) { page.insert(Printable(Form(control).Title())); }
     });
     Texts settings;
     for (const Setting& setting : AllSettings()) { settings.insert(Described(setting)); }

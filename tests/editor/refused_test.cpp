@@ -1,6 +1,6 @@
 // The editor while the system refuses it something: nothing crashes, no key stays open, and what can be stored is.
 #include "support/calls.h"
-#include "support/settings.h"
+#include "support/scripts.h"
 #include "support/tips.h"
 
 #include <afxwin.h>
@@ -13,7 +13,6 @@ protected:
     // With every setting changed, so that a lost one shows.
     void SetUp() override {
         SettingsTest::SetUp();
-        InstallTools(AllTools);
         StoreTree(TreeOf(AllSettings(), &Setting::changed));
     }
 

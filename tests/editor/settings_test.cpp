@@ -1,6 +1,6 @@
 // All settings of all pages: what each shows, takes, stores and leaves alone.
-#include "support/settings.h"
 #include "support/calls.h"
+#include "support/scripts.h"
 
 #include <algorithm>
 
@@ -10,10 +10,9 @@ using Value = StoredValue Setting::*;
 
 class AllSettingsTest : public SettingsTest {
 protected:
-    // With every tool, and the identifier that would be made up otherwise.
+    // With the identifier that would be made up otherwise.
     void SetUp() override {
         SettingsTest::SetUp();
-        InstallTools(AllTools);
         StoreIdentifier();
     }
 
@@ -78,7 +77,6 @@ TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes) {
     for (const Text& tab : AllTabs) {
         SCOPED_TRACE(Printable(tab));
         SettingsTest::SetUp();
-        InstallTools(AllTools);
         if (tab == tabs::Identity) { StoreIdentifier(); }
         RunOnTab(tab, [&](const Sheet& sheet) {
             ExpectShown(sheet, tab, &Setting::initial);

@@ -1,18 +1,12 @@
 // What all pages share: their marks beside each other, their one load, and their tips.
-#include "support/form.h"
+#include "support/scripts.h"
 #include "support/tips.h"
 
 #include <afxwin.h>
 #include <commctrl.h>
 
 namespace {
-class LifecycleTest : public SettingsTest {
-protected:
-    void SetUp() override {
-        SettingsTest::SetUp();
-        InstallTools(AllTools);
-    }
-};
+using LifecycleTest = SettingsTest;
 
 int relayed;
 

@@ -1,7 +1,7 @@
 // An edit that holds a number in a base: what it shows, what it makes of a text, which keys it refuses.
 #include "framework/SuperEdit.h"
 #include "support/calls.h"
-#include "support/form.h"
+#include "support/scripts.h"
 
 namespace {
 // On a window of its own, of any class; base 0 leaves it as it comes up.

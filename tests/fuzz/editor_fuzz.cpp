@@ -2,7 +2,7 @@
 // page is opened, applied twice and closed. Now and then any list of installed tools instead.
 #include "shell/QBSettingsApp.h"
 #include "support/calls.h"
-#include "support/form.h"
+#include "support/scripts.h"
 
 #include <prsht.h>
 

@@ -6,12 +6,6 @@
 #include <algorithm>
 
 namespace {
-// Whether the condition comes to hold soon.
-bool Within(const std::function<bool()>& condition) {
-    for (int tries = 0; tries < 1500 && !condition(); ++tries) { Sleep(2); }
-    return condition();
-}
-
 void Press(int key) {
     keybd_event(static_cast<BYTE>(key), 0, 0, 0);
     keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
@@ -21,21 +15,13 @@ void Press(int key) {
 bool PressWith(int held, int key, const std::function<bool()>& condition) {
     keybd_event(static_cast<BYTE>(held), 0, 0, 0);
     Press(key);
-    const bool came = Within(condition);
+    const bool came = WaitUntil(condition);
     keybd_event(static_cast<BYTE>(held), 0, KEYEVENTF_KEYUP, 0);
     return came;
 }
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, 32);
-    return name;
-}
-
 // Of a button; 0 for anything else.
-LONG TypeOf(HWND control) {
-    return ClassOf(control) == L"Button" ? GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK : 0;
-}
+LONG TypeOf(HWND control) { return IsOf(control, L"Button") ? GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK : 0; }
 
 // A window of the program, and in it the dialog whose controls are tried: a page of the sheet, or the window
 // itself.
@@ -54,74 +40,67 @@ struct Walk {
     // Goes round by Tab, with a step back, and tries each control of the dialog that it comes to, which are
     // to be all that are live.
     void Go() const {
-        ASSERT_TRUE(Within([this] { return IsWindowVisible(Focus()) && IsChild(window, Focus()); }));
-        std::vector<HWND> live = Controls();
+        ASSERT_TRUE(WaitUntil([this] { return IsWindowVisible(Focus()) && IsChild(window, Focus()); }));
+        std::vector<HWND> live = ControlsOf(dialog);
         std::erase_if(live, [](HWND control) { return !IsLive(control); });
         const HWND first = Focus();
         HWND focus = first;
         for (int stops = 0; stops == 0 || focus != first; ++stops) {
             ASSERT_LT(stops, 50) << "Tab does not come round";
             if (GetParent(focus) == dialog) {
-                SCOPED_TRACE(Printable(EditorDialog(dialog).Title()) + ' ' + std::to_string(GetDlgCtrlID(focus)));
+                SCOPED_TRACE(Printable(Form(dialog).Title()) + ' ' + std::to_string(GetDlgCtrlID(focus)));
                 Try(focus);
             }
             std::erase(live, focus);
             Press(VK_TAB);
-            ASSERT_TRUE(Within([&] { return Focus() != focus; }));
+            ASSERT_TRUE(WaitUntil([&] { return Focus() != focus; }));
             focus = Focus();
         }
         EXPECT_EQ(live, std::vector<HWND>());
         EXPECT_TRUE(PressWith(VK_SHIFT, VK_TAB, [&] { return Focus() != first; }));
         Press(VK_TAB);
-        EXPECT_TRUE(Within([&] { return Focus() == first; }));
+        EXPECT_TRUE(WaitUntil([&] { return Focus() == first; }));
     }
 
     // Of a group of radio buttons Tab comes to the one that is set.
     static bool IsLive(HWND control) {
         const LONG type = TypeOf(control);
-        return IsWindowEnabled(control) && IsWindowVisible(control) && ClassOf(control) != L"Static" &&
+        return IsWindowEnabled(control) && IsWindowVisible(control) && !IsOf(control, L"Static") &&
                type != BS_GROUPBOX &&
                (type != BS_AUTORADIOBUTTON || SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED);
     }
 
-    std::vector<HWND> Controls() const {
-        std::vector<HWND> controls;
-        for (HWND control = nullptr; (control = FindWindowExW(dialog, control, nullptr, nullptr)) != nullptr;) {
-            controls.push_back(control);
-        }
-        return controls;
-    }
-
     // All that the dialog shows, and how many windows there are.
-    std::wstring State() const {
-        std::wstring state = std::to_wstring(editor.Windows().size());
-        for (const HWND control : Controls()) {
-            const std::wstring name = ClassOf(control);
-            const UINT question = name == L"Button" ? BM_GETCHECK : name == L"ListBox" ? LB_GETCURSEL : CB_GETCURSEL;
-            state += L'|' + EditorDialog(control).Title() + std::to_wstring(SendMessageW(control, question, 0, 0));
+    Text State() const {
+        Text state = std::to_wstring(editor.Windows().size());
+        for (const HWND control : ControlsOf(dialog)) {
+            const UINT question = IsOf(control, L"Button")    ? BM_GETCHECK
+                                  : IsOf(control, L"ListBox") ? LB_GETCURSEL
+                                                              : CB_GETCURSEL;
+            state += L'|' + Form(control).Title() + std::to_wstring(SendMessageW(control, question, 0, 0));
         }
         return state;
     }
 
     void Change(int key) const {
-        const std::wstring before = State();
+        const Text before = State();
         Press(key);
-        EXPECT_TRUE(Within([&] { return State() != before; })) << "key " << key;
+        EXPECT_TRUE(WaitUntil([&] { return State() != before; })) << "key " << key;
     }
 
     void Try(HWND control) const {
-        const std::wstring name = ClassOf(control);
+        const bool isList = IsOf(control, L"ListBox");
         const LONG type = TypeOf(control);
         const int id = GetDlgCtrlID(control);
-        if (name == L"Edit") {
-            Change(EditorDialog(control).Title() == L"1" ? '2' : '1');
-        } else if (name == L"ListBox" || (name == L"ComboBox" && SendMessageW(control, CB_GETCOUNT, 0, 0) > 1)) {
-            Change(name == L"ListBox" ? VK_UP : VK_DOWN);
+        if (IsOf(control, L"Edit")) {
+            Change(Form(control).Title() == L"1" ? '2' : '1');
+        } else if (isList || (IsOf(control, L"ComboBox") && SendMessageW(control, CB_GETCOUNT, 0, 0) > 1)) {
+            Change(isList ? VK_UP : VK_DOWN);
         } else if (type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON) {
             // There and back again, as some enable others.
             Change(type == BS_AUTOCHECKBOX ? VK_SPACE : VK_DOWN);
             Change(type == BS_AUTOCHECKBOX ? VK_SPACE : VK_UP);
-        } else if (name == L"Button" && id != IDOK && id != IDCANCEL) {
+        } else if (IsOf(control, L"Button") && id != IDOK && id != IDCANCEL) {
             Change(VK_SPACE);
             LeaveDialog();
         }
@@ -132,12 +111,12 @@ struct Walk {
         if (editor.Windows().size() == 1) { return; }
         const HWND opened = editor.WaitForWindowBeside(window);
         const Walk walk = {editor, opened, opened};
-        ASSERT_TRUE(Within([&] { return IsChild(opened, walk.Focus()); }));
+        ASSERT_TRUE(WaitUntil([&] { return IsChild(opened, walk.Focus()); }));
         if (GetDlgItem(opened, IDC_PORT_EDIT_0) != nullptr || GetDlgItem(opened, IDC_TCP_NODELAY) != nullptr) {
             walk.Go();
         }
         Press(VK_ESCAPE);
-        EXPECT_TRUE(Within([&] { return !IsWindow(opened) && IsChild(window, Focus()); }));
+        EXPECT_TRUE(WaitUntil([&] { return !IsWindow(opened) && IsChild(window, Focus()); }));
     }
 };
 
@@ -145,18 +124,17 @@ using AccessJourney = SettingsTest;
 }  // namespace
 
 TEST_F(AccessJourney, EveryControlIsReachedAndChangedByKeys) {
-    InstallTools(AllTools);
     Store(keys::Kauri, L"NetworkLevelLog", Dword(1));
     const EditorProcess editor;
-    const EditorSheet sheet = editor.WaitForSheet();
+    const Sheet sheet = editor.WaitForSheet();
     SetForegroundWindow(sheet.Window());
     for (int page = 0; page < sheet.PageCount(); ++page) {
         const Walk walk = {editor, sheet.Window(), sheet.Page()};
         walk.Go();
-        if (sheet.Shows(IDD_MAUSB_MEDIA)) {
+        if (Form(sheet.Page()).Title() == tabs::Media) {
             // Again with what the other network type enables.
             Press(VK_TAB);
-            EXPECT_TRUE(Within([&] { return walk.Focus() == sheet.Control(IDC_NETWORK_TCP); }));
+            EXPECT_TRUE(WaitUntil([&] { return walk.Focus() == sheet.Control(IDC_NETWORK_TCP); }));
             walk.Change(VK_DOWN);
             walk.Go();
         }

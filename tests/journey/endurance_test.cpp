@@ -1,7 +1,7 @@
 // Whether the program lasts: starts, pages and kills in great numbers. A few of each, unless QB_ENDURANCE
 // says how many starts; then two and a half times as many shows of each page and half as many kills.
 #include "driver/editor.h"
-#include "support/registry.h"
+#include "support/settings.h"
 
 #include <psapi.h>
 #include <winternl.h>
@@ -61,25 +61,6 @@ void ExpectNoGrowth(const Counts& before, DWORD id) {
     }
 }
 
-struct Setting {
-    Text key;
-    Text name;
-    StoredValue shown;
-    StoredValue old;
-};
-
-void StoreAll(const std::vector<Setting>& settings, StoredValue Setting::*value) {
-    for (const Setting& setting : settings) { Store(setting.key, setting.name, setting.*value); }
-}
-
-// Has the editor show all pages and store them with OK.
-void RunToTheEnd() {
-    const EditorProcess editor;
-    const EditorSheet sheet = editor.WaitForSheet();
-    ASSERT_EQ(sheet.OpenAll().size(), 9U);
-    ASSERT_TRUE(sheet.Ok() && editor.WaitForEnd());
-}
-
 using EnduranceJourney = SettingsTest;
 }  // namespace
 
@@ -97,7 +78,6 @@ TEST_F(EnduranceJourney, CountsShowWhatIsLeaked) {
 }
 
 TEST_F(EnduranceJourney, StartsLeaveNothingBehind) {
-    InstallTools(AllTools);
     // Its own handles end with a process. What it could leave lies with the one that has the desktop.
     DWORD desktop = 0;
     GetWindowThreadProcessId(GetDesktopWindow(), &desktop);
@@ -105,7 +85,7 @@ TEST_F(EnduranceJourney, StartsLeaveNothingBehind) {
     for (int start = 0; start < Starts; ++start) {
         before = start == WarmUp ? Count(desktop) : before;
         const EditorProcess editor;
-        const EditorSheet sheet = editor.WaitForSheet();
+        const Sheet sheet = editor.WaitForSheet();
         if (start % 2 == 0) { ASSERT_TRUE(EditorProcess().WaitForEnd()); }
         const auto [message, wParam] = Closings[start % std::size(Closings)];
         PostMessageW(sheet.Window(), message, wParam, 0);
@@ -115,9 +95,8 @@ TEST_F(EnduranceJourney, StartsLeaveNothingBehind) {
 }
 
 TEST_F(EnduranceJourney, PagesPileNothingUp) {
-    InstallTools(AllTools);
     const EditorProcess editor;
-    const EditorSheet sheet = editor.WaitForSheet();
+    const Sheet sheet = editor.WaitForSheet();
     Counts before;
     for (int show = 0; show < Starts * 5 / 2; ++show) {
         before = show == WarmUp ? Count(editor.Id()) : before;
@@ -129,40 +108,39 @@ TEST_F(EnduranceJourney, PagesPileNothingUp) {
 // A value is whole, for the registry takes it in one call. Only a table of ports is removed before it is
 // stored, so that its ports, or their types, may be missing.
 TEST_F(EnduranceJourney, AKilledApplyLeavesEachValueOldOrNew) {
-    InstallTools(AllTools);
-    RunToTheEnd();
-    std::vector<Setting> settings;
-    for (const auto& [key, values] : StoredSettings()) {
-        for (const auto& [name, shown] : values) {
-            const StoredValue old = {shown.type, std::vector<BYTE>(shown.data.size(), 7)};
-            settings.push_back({key, name, shown, shown.type == REG_SZ ? Sz(L"old") : old});
-        }
-    }
+    std::vector<Setting> changing = AllSettings();
+    std::erase_if(changing, [](const Setting& setting) { return setting.initial == setting.changed; });
     std::mt19937 random(GetTickCount());
     int cutShort = 0;
     int kill = 0;
     // A busy machine may let the writing end before each kill: one at least is to come within it.
     for (; kill < Starts / 2 || (cutShort == 0 && kill < 50); ++kill) {
-        StoreAll(settings, &Setting::shown);
+        StoreTree(TreeOf(AllSettings(), &Setting::changed));
         {
             const EditorProcess editor;
-            const EditorSheet sheet = editor.WaitForSheet();
+            const Sheet sheet = editor.WaitForSheet();
             sheet.OpenAll();
-            StoreAll(settings, &Setting::old);
-            const Setting& last = settings[random() % settings.size()];
+            StoreTree(TreeOf(AllSettings(), &Setting::initial));
+            const Setting& last = changing[random() % changing.size()];
             PostMessageW(sheet.ApplyButton(), BM_CLICK, 0, 0);
-            while (Stored(last.key, last.name) == last.old && editor.Runs()) {}
+            while (Stored(last.key, last.name) == last.initial && editor.Runs()) {}
         }
         size_t olds = 0;
-        for (const Setting& setting : settings) {
+        for (const Setting& setting : changing) {
             const StoredValue found = Stored(setting.key, setting.name);
-            const bool isPort = setting.name == L"PacketType";
-            EXPECT_TRUE(found == setting.shown || found == setting.old || (isPort && found == Absent))
+            olds += found == setting.initial ? 1 : 0;
+            EXPECT_TRUE(found == setting.changed || found == setting.initial)
                 << Printable(setting.name) << testing::PrintToString(found);
-            olds += found == setting.old ? 1 : 0;
         }
-        cutShort += olds != 0 && olds != settings.size() ? 1 : 0;
-        RunToTheEnd();
+        for (const Text& table : {keys::ClientPorts, keys::ServerPorts}) {
+            const StoredValue found = Stored(table + L"\\9001", L"PacketType");
+            EXPECT_TRUE(found == Dword(0xFFFFFFFF) || found == Absent) << testing::PrintToString(found);
+        }
+        cutShort += olds != 0 && olds != changing.size() ? 1 : 0;
+        const EditorProcess next;
+        const Sheet sheet = next.WaitForSheet();
+        ASSERT_EQ(sheet.OpenAll().size(), 9U);
+        ASSERT_TRUE(next.EndBy(IDOK, sheet));
     }
     std::cout << cutShort << " of " << kill << " kills came within the writing\n";
     EXPECT_GT(cutShort, 0);

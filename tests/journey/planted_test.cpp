@@ -40,12 +40,11 @@ TEST_F(PlantedLibraries, AreNotLoaded) {
                                    L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"}) {
         std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library, folder / library);
     }
-    InstallTools(AllTools);
     {
         const EditorProcess editor(L"", L"planted\\QBSettings.exe");
-        const EditorSheet sheet = editor.WaitForSheet();
+        const Sheet sheet = editor.WaitForSheet();
         sheet.OpenAll();
-        ASSERT_TRUE(sheet.Select(IDD_DRIVERS_AND_FIRMWARE));
+        ASSERT_TRUE(sheet.SelectIndex(1));
         sheet.ClickToOpen(IDC_EHCI_BROWSE);
         ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
         std::set<std::string> planted;

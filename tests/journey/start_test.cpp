@@ -4,15 +4,10 @@
 #include "support/registry.h"
 
 namespace {
-using Titles = std::vector<std::wstring>;
+using Titles = std::vector<Text>;
 
 class StartJourney : public SettingsTest {
 protected:
-    void SetUp() override {
-        ClearSettings();
-        InstallTools(AllTools);
-    }
-
     // Runs a further instance to its end; fails the test if it shows anything.
     static void RunSecondInstance() {
         const EditorProcess second;
@@ -28,17 +23,17 @@ protected:
 TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
     // A command line makes no difference.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
-    const EditorSheet sheet = editor.WaitForSheet();
-    EXPECT_EQ(editor.Windows(), Titles{titles::Sheet});
-    EXPECT_EQ(EditorDialog(sheet.Page()).Title(), tabs::General);
+    const Sheet sheet = editor.WaitForSheet();
+    EXPECT_EQ(editor.Windows(), Titles{SheetTitle});
+    EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General);
     const LONG style = GetWindowLongW(sheet.Window(), GWL_STYLE);
     EXPECT_EQ(style & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX), WS_MINIMIZEBOX | WS_MAXIMIZEBOX);
     const HWND help = GetDlgItem(sheet.Window(), IDHELP);
     EXPECT_FALSE(help != nullptr && IsWindowVisible(help));
     EXPECT_EQ(sheet.OpenAll().size(), 9U);
-    ASSERT_TRUE(sheet.Select(IDD_GENERAL_SETTINGS));
+    ASSERT_TRUE(sheet.SelectIndex(0));
     sheet.Click(IDC_CERTIFICATION_MODE);
-    sheet.MoveSelection(IDC_LOG_VERBOSITY, -2);
+    sheet.Pick(IDC_LOG_VERBOSITY, 1);
     sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"1500");
     EXPECT_FALSE(KeyExists(keys::Bench));
     sheet.Apply();
@@ -51,9 +46,9 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
     // An emptied number is asked for under the program's name.
     SendMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), EM_SETSEL, 0, -1);
     PostMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), WM_CHAR, L'\b', 1);
-    const EditorDialog prompt(editor.WaitForWindow(L"QBSettings"));
+    const Form prompt(editor.WaitForWindow(L"QBSettings"));
     prompt.ClickToOpen(IDOK);
-    EXPECT_TRUE(prompt.WaitUntilGone());
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(prompt.Window()); }));
     PostMessageW(sheet.Window(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(editor.WaitForEnd());
     EXPECT_EQ(StoredSettings(), applied);
@@ -61,7 +56,7 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
 
 TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
     const EditorProcess first;
-    const EditorSheet sheet = first.WaitForSheet();
+    const Sheet sheet = first.WaitForSheet();
     const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200, 900,
                                        nullptr, nullptr, nullptr, nullptr);
     for (const bool minimised : {false, true}) {
@@ -76,25 +71,23 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
     DestroyWindow(cover);
     // The sheet is as usable as before; with it gone, the next is first.
     sheet.Click(IDC_CERTIFICATION_MODE);
-    EXPECT_TRUE(sheet.Ok());
-    EXPECT_TRUE(first.WaitForEnd());
+    EXPECT_TRUE(first.EndBy(IDOK, sheet));
     const EditorProcess next;
-    EXPECT_TRUE(next.WaitForSheet().IsChecked(IDC_CERTIFICATION_MODE));
+    EXPECT_EQ(next.WaitForSheet().CheckOf(IDC_CERTIFICATION_MODE), BST_CHECKED);
 }
 
 TEST_F(StartJourney, MutexThatIsSomethingElseMarksNoInstance) {
     // A name that stands for an event already cannot be made a mutex.
     const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, L"{6DB73739-9704-4C93-A405-1DEC5683288A}");
     const EditorProcess editor;
-    EXPECT_TRUE(editor.WaitForSheet().Cancel());
-    EXPECT_TRUE(editor.WaitForEnd());
+    EXPECT_TRUE(editor.EndBy(IDCANCEL, editor.WaitForSheet()));
     CloseHandle(event);
 }
 
 TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet) {
-    SettingsTest::SetUp();
+    ClearSettings();
     const EditorProcess editor;
-    const EditorDialog box(editor.WaitForWindow(titles::Error));
+    const Form box(editor.WaitForWindow(titles::Error));
     EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
     RunSecondInstance();
     EXPECT_EQ(editor.Windows(), Titles{titles::Error});

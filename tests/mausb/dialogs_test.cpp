@@ -1,6 +1,6 @@
 // The two dialogs of MAUSB Media Settings.
 #include "mausb/PortNumbersDialog.h"
-#include "support/form.h"
+#include "support/scripts.h"
 
 namespace {
 using Ports = std::vector<std::pair<UINT, int>>;
@@ -135,7 +135,6 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped) {
 }
 
 TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
-    InstallTools({KauriQB});
     // A size of 0 in use, and flags that are none of a check box: shown, and stored so only once confirmed.
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
@@ -170,7 +169,6 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
 }
 
 TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore) {
-    InstallTools({KauriQB});
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();

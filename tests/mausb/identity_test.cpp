@@ -1,6 +1,6 @@
 // MAUSB Settings: the Container ID, which is made and stored when the page is first shown, and what is never shown.
 #include "support/calls.h"
-#include "support/marks.h"
+#include "support/scripts.h"
 
 #include <rpc.h>
 
@@ -19,11 +19,6 @@ const Text NilText = _T("{00000000-0000-0000-0000-000000000000}");
 
 class IdentityTest : public SettingsTest {
 protected:
-    void SetUp() override {
-        SettingsTest::SetUp();
-        InstallTools({KauriQB});
-    }
-
     static void StoreIdentifier(const StoredValue& value) { Store(keys::Kauri, _T("RootHubUUID"), value); }
     static StoredValue Identifier() { return Stored(keys::Kauri, _T("RootHubUUID")); }
     static Text Shown() {

@@ -1,5 +1,5 @@
 // MAUSB Media Settings: what its network type and its logging bring to life, and its two identifiers.
-#include "support/marks.h"
+#include "support/scripts.h"
 
 namespace {
 constexpr int IdTCP = 1066;
@@ -10,11 +10,6 @@ constexpr int IdPID = 1117;
 
 class MediaTest : public SettingsTest {
 protected:
-    void SetUp() override {
-        SettingsTest::SetUp();
-        InstallTools({KauriQB});
-    }
-
     static void StoreValue(LPCTSTR name, const StoredValue& value) { Store(keys::Kauri, name, value); }
     static StoredValue StoredUnder(LPCTSTR name) { return Stored(keys::Kauri, name); }
 

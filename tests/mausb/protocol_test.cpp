@@ -1,6 +1,5 @@
 // MAUSB Protocol Settings: its three buttons.
-#include "support/marks.h"
-#include "support/settings.h"
+#include "support/scripts.h"
 
 namespace {
 struct Button {
@@ -12,11 +11,6 @@ constexpr Button Buttons[] = {{1177, 0, 2}, {1178, 2, 11}, {1179, 11, 16}};
 
 class ProtocolTest : public SettingsTest {
 protected:
-    void SetUp() override {
-        SettingsTest::SetUp();
-        InstallTools({KauriQB});
-    }
-
     const std::vector<Setting> settings = SettingsOf(tabs::Protocol);
 
     // Each field that is set finds its member as it is already, and takes the mark away.

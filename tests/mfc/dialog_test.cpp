@@ -1,7 +1,7 @@
 // Dialogs and sheets: where they come up, and what becomes of those that do not.
 #include "resource.h"
 #include "support/calls.h"
-#include "support/form.h"
+#include "support/scripts.h"
 
 #include <afxdlgs.h>
 #include <prsht.h>

@@ -1,5 +1,5 @@
 // Windows and objects, the exchange of numbers, and the modal loop.
-#include "support/form.h"
+#include "support/scripts.h"
 
 #include <afxwin.h>
 
@@ -59,7 +59,6 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
                           {_T("0x1"), false, false, 0},
                           {_T("9:"), false, false, 0},
                           {_T("/1"), false, false, 0}};
-    InstallTools({GinkgoQB, KauriQB});
     RunOnTab(tabs::Xhci, [&cases](const Sheet& sheet) {
         for (const Case& c : cases) {
             EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, c.text); }), c.isInt ? 0 : 1) << Printable(c.text);

@@ -2,7 +2,7 @@
 #include "shell/InstalledProducts.h"
 #include "shell/QBSettingsApp.h"
 #include "support/calls.h"
-#include "support/form.h"
+#include "support/scripts.h"
 
 namespace {
 using StartTest = SettingsTest;
@@ -23,6 +23,7 @@ void ExpectErrorBox() {
 }  // namespace
 
 TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
+    InstallTools({});
     StoreTree({{keys::Installed,
                 {{_T("AlderQB"), Dword(1)},
                  {_T("BirchQB"), Dword(0)},
@@ -51,6 +52,7 @@ TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
 }
 
 TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
+    ClearSettings();
     EXPECT_FALSE(LoadInstalledProducts()) << "no key";
     const Text longest(16382, _T('n'));
     InstallTools({AlderQB, KauriQB, longest});
@@ -77,7 +79,6 @@ TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
 }
 
 TEST_F(StartTest, SecondInstanceShowsAndReadsNothing) {
-    InstallTools({AlderQB});
     calls::Reset();
     g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
     EXPECT_FALSE(AfxGetApp()->InitInstance());

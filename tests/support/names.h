@@ -1,12 +1,7 @@
 // What users and tools know things by, spelled out once for all tests and not taken from the program.
 #pragma once
 
-#include <tchar.h>
-#include <windows.h>
-
-#include <string>
-
-using Text = std::basic_string<TCHAR>;
+#include "driver/form.h"
 
 // Relative to HKEY_LOCAL_MACHINE.
 namespace keys {
@@ -41,7 +36,6 @@ inline const Text HostUnderTest = _T("MAUSB HUT Params");
 
 // Of windows.
 namespace titles {
-inline const Text Sheet = _T("Quorvex Bench Settings");
 inline const Text Error = _T("QB Settings Error");
 inline const Text AdvancedTCP = _T("Advanced TCP Settings");
 inline const Text ClientPorts = _T("Client Port Numbers");
@@ -53,6 +47,5 @@ inline const Text NoProductList =
     _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
     _T("installed, that you are running with administrative privileges, and you have UAC turned off.");
 
-// The system's numbers for a sheet's Apply button and for a message box's text.
-constexpr int IdApply = 0x3021;
+// The system's number for a message box's text.
 constexpr int IdMessageText = 0xFFFF;

@@ -49,9 +49,13 @@ Tree StoredTree(const Text& key);
 Tree StoredSettings();
 void StoreTree(const Tree& tree);
 
-// A test that starts and ends with nothing stored that the editor reads or writes, and with no call refused.
+// A test that starts with all tools installed and nothing else stored, and ends with nothing stored; no call is
+// refused.
 class SettingsTest : public testing::Test {
 protected:
-    void SetUp() override { ClearSettings(); }
+    void SetUp() override {
+        ClearSettings();
+        InstallTools(AllTools);
+    }
     void TearDown() override { ClearSettings(); }
 };

@@ -194,20 +194,3 @@ Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value) {
     for (const Setting& setting : settings) { tree[setting.key][setting.name] = setting.*value; }
     return tree;
 }
-
-void ForEachForm(const std::function<void(const Form&, const Text& name)>& check) {
-    InstallTools(AllTools);
-    RunEditor([&check](const Sheet& sheet) {
-        for (const Text& tab : AllTabs) {
-            SCOPED_TRACE(Printable(tab));
-            ASSERT_TRUE(sheet.Select(tab));
-            check(sheet, tab);
-        }
-        sheet.Select(tabs::Media);
-        for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
-            WithDialog(
-                title, [&check, &name = title](const Form& dialog) { check(dialog, name); },
-                [&sheet, id = button] { sheet.Click(id); });
-        }
-    });
-}

@@ -1,7 +1,7 @@
 // Every value that the editor stores, as users and tools see it: one table for all tests.
 #pragma once
 
-#include "support/form.h"
+#include "support/registry.h"
 
 struct Setting {
     enum class Kind {
@@ -40,7 +40,3 @@ std::vector<Setting> SettingsOf(const Text& tab);
 Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value);
 
 extern const std::vector<Text> AllTabs;
-
-// Opens the editor with all tools and runs the check on each page and then on both dialogs, under their tabs and
-// titles.
-void ForEachForm(const std::function<void(const Form&, const Text& name)>& check);

@@ -3,16 +3,11 @@
 #include <commctrl.h>
 
 namespace {
-BOOL CALLBACK AddTipControl(HWND window, LPARAM list) {
-    TCHAR name[32] = {};
-    GetClassNameW(window, name, 32);
-    if (_tcsicmp(name, TOOLTIPS_CLASSW) == 0) { reinterpret_cast<std::vector<HWND>*>(list)->push_back(window); }
-    return TRUE;
-}
-
 std::vector<HWND> TipControls() {
     std::vector<HWND> controls;
-    EnumThreadWindows(GetCurrentThreadId(), AddTipControl, reinterpret_cast<LPARAM>(&controls));
+    for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()) { controls.push_back(window); }
+    }
     return controls;
 }
 

@@ -14,7 +14,7 @@ constexpr DWORD PaintMilliseconds = 200;
 // Buttons of MAUSB Media Settings that open a dialog.
 constexpr int DialogButtons[] = {IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS};
 
-std::string FileName(const std::wstring& title)
+std::string FileName(const Text& title)
 {
     std::string name;
     for (const wchar_t character : title)
@@ -31,7 +31,7 @@ std::string FileName(const std::wstring& title)
     return name;
 }
 
-void TakePicture(HWND window, const std::wstring& title)
+void TakePicture(HWND window, const Text& title)
 {
     RECT place = {};
     // Drawn as the window in use, which without a window manager no window is.
@@ -46,17 +46,17 @@ void TakePicture(HWND window, const std::wstring& title)
     }
 }
 
-void ShowDialogs(const EditorProcess& editor, const EditorSheet& sheet)
+void ShowDialogs(const EditorProcess& editor, const Sheet& sheet)
 {
     for (const int button : DialogButtons)
     {
         sheet.ClickToOpen(button);
-        const EditorDialog dialog(editor.WaitForWindowBeside(sheet.Window()));
+        const Form dialog(editor.WaitForWindowBeside(sheet.Window()));
         if (dialog.Window() != nullptr)
         {
             TakePicture(dialog.Window(), dialog.Title());
             dialog.ClickToOpen(IDCANCEL);
-            dialog.WaitUntilGone();
+            WaitUntil([&dialog] { return !IsWindow(dialog.Window()); });
         }
     }
 }
@@ -66,7 +66,7 @@ int main()
 {
     _setmode(_fileno(stdout), _O_BINARY);
     const EditorProcess editor;
-    const EditorSheet sheet = editor.WaitForSheet();
+    const Sheet sheet = editor.WaitForSheet();
     if (sheet.Page() == nullptr)
     {
         std::fputs("The sheet did not open.\n", stderr);
@@ -79,8 +79,8 @@ int main()
             std::fprintf(stderr, "Page %d did not open.\n", index);
             return 1;
         }
-        TakePicture(sheet.Window(), EditorDialog(sheet.Page()).Title());
-        if (sheet.Shows(IDD_MAUSB_MEDIA))
+        TakePicture(sheet.Window(), Form(sheet.Page()).Title());
+        if (Form(sheet.Page()).Title() == L"MAUSB Media Settings")
         {
             ShowDialogs(editor, sheet);
         }
@@ -88,7 +88,7 @@ int main()
     sheet.SelectIndex(0);
     sheet.Click(IDC_CERTIFICATION_MODE);
     sheet.Apply();
-    if (!sheet.Ok() || !editor.WaitForEnd())
+    if (!editor.EndBy(IDOK, sheet))
     {
         std::fputs("The sheet did not close.\n", stderr);
         return 1;

@@ -1,6 +1,9 @@
-// Scripts of user steps, run from timers while the program waits in a modal loop.
+#include "support/scripts.h"
+
 #include "shell/QBSettingsApp.h"
-#include "support/form.h"
+
+#include <commctrl.h>
+#include <prsht.h>
 
 #include <algorithm>
 
@@ -22,17 +25,6 @@ std::map<UINT_PTR, Wait>& Waits() {
     return waits;
 }
 
-BOOL CALLBACK AddWindow(HWND window, LPARAM list) {
-    if (IsWindowVisible(window)) { reinterpret_cast<std::vector<HWND>*>(list)->push_back(window); }
-    return TRUE;
-}
-
-std::vector<HWND> VisibleWindows() {
-    std::vector<HWND> windows;
-    EnumThreadWindows(GetCurrentThreadId(), AddWindow, reinterpret_cast<LPARAM>(&windows));
-    return windows;
-}
-
 void End(UINT_PTR timer) {
     KillTimer(nullptr, timer);
     Waits().erase(timer);
@@ -42,7 +34,7 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
     const auto found = Waits().find(timer);
     if (found == Waits().end()) { return; }
     const Wait wait = found->second;
-    for (const HWND window : VisibleWindows()) {
+    for (const HWND window : WindowsOf(GetCurrentProcessId())) {
         if (std::find(wait.before.begin(), wait.before.end(), window) == wait.before.end() &&
             Form(window).Title() == wait.title) {
             if (!wait.again) { End(timer); }
@@ -60,8 +52,18 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
 
 UINT_PTR AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome, bool again) {
     const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
-    Waits()[timer] = {title, VisibleWindows(), std::move(act), mustCome, again};
+    Waits()[timer] = {title, WindowsOf(GetCurrentProcessId()), std::move(act), mustCome, again};
     return timer;
+}
+
+LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR list) {
+    Events& events = *reinterpret_cast<Events*>(list);
+    if (message == PSM_CHANGED || message == PSM_UNCHANGED) {
+        events.emplace_back(message == PSM_CHANGED ? "marked" : "unmarked");
+    } else if (message == WM_COMMAND && lParam != 0 && (HIWORD(wParam) == EN_CHANGE || HIWORD(wParam) == BN_CLICKED)) {
+        events.push_back(std::to_string(LOWORD(wParam)) + (HIWORD(wParam) == EN_CHANGE ? " changed" : " clicked"));
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
 }
 }  // namespace
 
@@ -70,7 +72,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script) {
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
     const UINT_PTR sheetWait = AddWait(
-        titles::Sheet,
+        SheetTitle,
         [&](HWND window) {
             shown = true;
             Sheet sheet(window);
@@ -124,4 +126,29 @@ int CountPrompts(const std::function<void()>& steps) {
     steps();
     End(timer);
     return count;
+}
+
+Events EventsOf(const Sheet& sheet, const std::function<void()>& steps) {
+    Events events;
+    const HWND windows[] = {sheet.Page(), sheet.Window()};
+    for (const HWND window : windows) { SetWindowSubclass(window, Note, 1, reinterpret_cast<DWORD_PTR>(&events)); }
+    steps();
+    for (const HWND window : windows) { RemoveWindowSubclass(window, Note, 1); }
+    return events;
+}
+
+void ForEachForm(const std::function<void(const Form&, const Text& name)>& check) {
+    RunEditor([&check](const Sheet& sheet) {
+        for (const Text& tab : AllTabs) {
+            SCOPED_TRACE(Printable(tab));
+            ASSERT_TRUE(sheet.Select(tab));
+            check(sheet, tab);
+        }
+        sheet.Select(tabs::Media);
+        for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
+            WithDialog(
+                title, [&check, &name = title](const Form& dialog) { check(dialog, name); },
+                [&sheet, id = button] { sheet.Click(id); });
+        }
+    });
 }
