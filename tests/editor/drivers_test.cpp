@@ -53,20 +53,17 @@ BOOL CALLBACK TakeEdit(HWND window, LPARAM found) {
 // Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
 void Browse(const Sheet& sheet, int browse, const Text& file, int answer) {
     const bool isHex = browse == 1049;
-    WithDialog(
-        _T("Open"),
-        [&](const Form& dialog) {
-            HWND edit = nullptr;
-            EnumChildWindows(dialog.Window(), TakeEdit, reinterpret_cast<LPARAM>(&edit));
-            EXPECT_EQ(Form(edit).Title(), isHex ? _T("*.hex") : _T("*.inf"));
-            EXPECT_EQ(
-                dialog.ItemsOf(IdFileTypes),
-                (std::vector<Text>{isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)"), _T("All Files (*.*)")}));
-            EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
-            SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
-            dialog.Click(answer);
-        },
-        [&] { sheet.Click(browse); });
+    WithDialog(_T("Open"), sheet, browse, [&](const Form& dialog) {
+        HWND edit = nullptr;
+        EnumChildWindows(dialog.Window(), TakeEdit, reinterpret_cast<LPARAM>(&edit));
+        EXPECT_EQ(Form(edit).Title(), isHex ? _T("*.hex") : _T("*.inf"));
+        EXPECT_EQ(
+            dialog.ItemsOf(IdFileTypes),
+            (std::vector<Text>{isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)"), _T("All Files (*.*)")}));
+        EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
+        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+        dialog.Click(answer);
+    });
 }
 
 using DriversTest = SettingsTest;

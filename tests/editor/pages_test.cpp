@@ -91,8 +91,8 @@ TEST_F(PagesTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm) {
         press(form.Window());
         if (name == tabs::General) {
             WithDialog(
-                _T("Box"), [&press](const Form& box) { press(box.Control(IDOK)); },
-                [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); });
+                _T("Box"), [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
+                [&press](const Form& box) { press(box.Control(IDOK)); });
         }
     });
     UnhookWindowsHookEx(hook);

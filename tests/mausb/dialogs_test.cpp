@@ -21,13 +21,11 @@ std::vector<Row> RowsOf(const Form& form) { return {RowOf(form, 0), RowOf(form, 
 Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script) {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
-    WithDialog(
-        _T("Some Ports"),
-        [&](const Form& form) {
-            script(form);
-            form.Click(button);
-        },
-        [&] { result = static_cast<int>(dialog.DoModal()); });
+    const auto open = [&] { result = static_cast<int>(dialog.DoModal()); };
+    WithDialog(_T("Some Ports"), open, [&](const Form& form) {
+        script(form);
+        form.Click(button);
+    });
     EXPECT_EQ(result, button);
     Ports ports;
     for (const PortEntry& entry : table) { ports.emplace_back(entry.PortNumber, entry.PacketType); }
@@ -52,7 +50,7 @@ protected:
         return six;
     }
     static void Open(const Sheet& sheet, const std::function<void(const Form&)>& script) {
-        WithDialog(titles::AdvancedTCP, script, [&sheet] { sheet.Click(1139); });
+        WithDialog(titles::AdvancedTCP, sheet, 1139, script);
     }
     static void ExpectSizes(const Form& form, bool send, bool receive) {
         EXPECT_TRUE(form.IsEnabled(SndBuf) == send && form.IsEnabled(1141) == send);

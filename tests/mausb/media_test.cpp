@@ -138,7 +138,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable) {
         const auto ports = [&table = table] { return StoredTree(table).size() - 1; };
         RunOnTab(tabs::Media, [&, id = button, &name = title](const Sheet& sheet) {
             const auto open = [&](const std::function<void(const Form&)>& script) {
-                WithDialog(name, script, [&] { sheet.Click(id); });
+                WithDialog(name, sheet, id, script);
             };
             sheet.Apply();
             open([](const Form& form) { form.Retype(1188, _T("81")); });

@@ -13,7 +13,7 @@ void RunSheet(CPropertySheet& sheet, CPropertyPage& first, CPropertyPage& second
     sheet.AddPage(&first);
     sheet.AddPage(&second);
     WithDialog(
-        _T("Trial"), [&script](const Form& form) { script(Sheet(form.Window())); }, [&sheet] { sheet.DoModal(); });
+        _T("Trial"), [&sheet] { sheet.DoModal(); }, [&script](const Form& form) { script(Sheet(form.Window())); });
 }
 
 HWND MakeWindow(const RECT& place, HWND owner) {
@@ -95,8 +95,8 @@ TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone) {
         SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
         EXPECT_EQ(bad.m_hWnd, nullptr);
         WithDialog(
-            _T("Box"), [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); },
-            [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); });
+            _T("Box"), [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
+            [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
     });
 }
 

@@ -73,13 +73,10 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
         }
         sheet.Select(tabs::Media);
         for (const Case& c : cases) {
-            WithDialog(
-                titles::AdvancedTCP,
-                [&c](const Form& form) {
-                    form.SetText(1061, c.text);
-                    EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), c.isUnsigned ? 0 : 1) << Printable(c.text);
-                },
-                [&sheet] { sheet.Click(1139); });
+            WithDialog(titles::AdvancedTCP, sheet, 1139, [&c](const Form& form) {
+                form.SetText(1061, c.text);
+                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), c.isUnsigned ? 0 : 1) << Printable(c.text);
+            });
             sheet.Apply();
             EXPECT_TRUE(!c.isUnsigned || Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay")) == Dword(c.value));
         }

@@ -11,13 +11,8 @@ using StartTest = SettingsTest;
 void ExpectErrorBox() {
     // A mutex that could not be made at all marks no other instance.
     g_dwInstanceMutexError = ERROR_ACCESS_DENIED;
-    WithDialog(
-        titles::Error,
-        [](const Form& box) {
-            EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
-            box.Click(IDOK);
-        },
-        [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); });
+    const auto start = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
+    WithDialog(titles::Error, start, [](const Form& box) { EXPECT_EQ(box.TextOf(IdMessageText), NoProductList); });
     g_dwInstanceMutexError = ERROR_SUCCESS;
 }
 }  // namespace

@@ -12,48 +12,47 @@ constexpr UINT LookMilliseconds = 5;
 constexpr ULONGLONG GiveUpMilliseconds = 15000;
 
 struct Wait {
-    Text title;
-    std::vector<HWND> before;  // windows that stood already
-    std::function<void(HWND)> act;
-    bool mustCome;
-    bool again;  // for each further one
+    std::vector<Text> titles;
+    std::vector<HWND> before;  // windows that stood already, or have been acted on
+    std::function<void(const Form&)> act;
+    int most;
+    int count = 0;
     ULONGLONG giveUp = GetTickCount64() + GiveUpMilliseconds;
 };
 
-std::map<UINT_PTR, Wait>& Waits() {
-    static std::map<UINT_PTR, Wait> waits;
-    return waits;
-}
-
-void End(UINT_PTR timer) {
-    KillTimer(nullptr, timer);
-    Waits().erase(timer);
-}
+std::map<UINT_PTR, Wait*> waits;  // by their timers
 
 void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
-    const auto found = Waits().find(timer);
-    if (found == Waits().end()) { return; }
-    const Wait wait = found->second;
-    for (const HWND window : WindowsOf(GetCurrentProcessId())) {
-        if (std::find(wait.before.begin(), wait.before.end(), window) == wait.before.end() &&
-            Form(window).Title() == wait.title) {
-            if (!wait.again) { End(timer); }
-            wait.act(window);
+    const auto found = waits.find(timer);
+    if (found == waits.end() || found->second->count == found->second->most) { return; }
+    Wait& wait = *found->second;
+    const auto has = [](const auto& all, const auto& one) {
+        return std::find(all.begin(), all.end(), one) != all.end();
+    };
+    for (const HWND window : WindowsOf(GetCurrentThreadId())) {
+        if (!has(wait.before, window) && has(wait.titles, Form(window).Title())) {
+            wait.before.push_back(window);
+            ++wait.count;
+            wait.act(Form(window));
             return;
         }
     }
-    if (wait.mustCome && GetTickCount64() > wait.giveUp) {
-        ADD_FAILURE() << "no window \"" << Printable(wait.title) << "\" has come";
-        End(timer);
+    if (wait.count == 0 && GetTickCount64() > wait.giveUp) {
         // What stands instead would wait for ever.
         PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
     }
 }
 
-UINT_PTR AddWait(const Text& title, std::function<void(HWND)> act, bool mustCome, bool again) {
+// Takes the steps, and acts on windows of these titles that come meanwhile; gives their count.
+int ActDuring(const std::function<void()>& steps, const std::vector<Text>& titles,
+              const std::function<void(const Form&)>& act, int most = 1) {
+    Wait wait = {titles, WindowsOf(GetCurrentThreadId()), act, most};
     const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
-    Waits()[timer] = {title, WindowsOf(GetCurrentProcessId()), std::move(act), mustCome, again};
-    return timer;
+    waits[timer] = &wait;
+    steps();
+    KillTimer(nullptr, timer);
+    waits.erase(timer);
+    return wait.count;
 }
 
 LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR list) {
@@ -71,20 +70,16 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script) {
     // The tests are the first instance, whatever else runs on the machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
-    const UINT_PTR sheetWait = AddWait(
-        SheetTitle,
-        [&](HWND window) {
-            shown = true;
-            Sheet sheet(window);
-            script(sheet);
-            if (sheet.IsOpen()) { sheet.Cancel(); }
-        },
-        false, false);
-    const UINT_PTR boxWait = AddWait(
-        titles::Error, [](HWND window) { SendMessageW(window, WM_COMMAND, IDOK, 0); }, false, false);
-    EXPECT_FALSE(AfxGetApp()->InitInstance());
-    End(sheetWait);
-    End(boxWait);
+    const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
+    EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error},
+                        [&](const Form& form) {
+                            shown = form.Title() == SheetTitle;
+                            Sheet sheet(form.Window());
+                            if (shown) { script(sheet); }
+                            if (!shown || sheet.IsOpen()) { SendMessageW(sheet.Window(), WM_COMMAND, IDCANCEL, 0); }
+                        }),
+              1)
+        << "no sheet and no error box";
     return shown;
 }
 
@@ -97,35 +92,28 @@ void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script) {
     });
 }
 
-void WithDialog(const Text& title, const std::function<void(const Form&)>& script, const std::function<void()>& open) {
-    bool opened = false;
-    const UINT_PTR timer = AddWait(
-        title,
-        [&](HWND window) {
-            opened = true;
-            script(Form(window));
-            // Comes to nothing if the script has ended the dialog, which is gone by then.
-            PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-        },
-        true, false);
-    open();
-    End(timer);
-    EXPECT_TRUE(opened) << Printable(title);
+void WithDialog(const Text& title, const std::function<void()>& open, const std::function<void(const Form&)>& script) {
+    EXPECT_EQ(ActDuring(open, {title},
+                        [&script](const Form& form) {
+                            script(form);
+                            // Comes to nothing if the script has ended the dialog, which is gone by then.
+                            PostMessageW(form.Window(), WM_COMMAND, IDCANCEL, 0);
+                        }),
+              1)
+        << Printable(title);
+}
+
+void WithDialog(const Text& title, const Form& opener, int button, const std::function<void(const Form&)>& script) {
+    WithDialog(
+        title, [&] { opener.Click(button); }, script);
 }
 
 int CountPrompts(const std::function<void()>& steps) {
-    int count = 0;
-    const UINT_PTR timer = AddWait(
-        AfxGetApp()->m_strAppName.GetString(),
-        [&count](HWND window) {
-            ++count;
-            EXPECT_FALSE(IsWindowEnabled(GetWindow(window, GW_OWNER))) << "stands before the window in use";
-            SendMessageW(window, WM_COMMAND, IDOK, 0);
-        },
-        false, true);
-    steps();
-    End(timer);
-    return count;
+    const auto confirm = [](const Form& box) {
+        EXPECT_FALSE(IsWindowEnabled(GetWindow(box.Window(), GW_OWNER))) << "stands before the window in use";
+        SendMessageW(box.Window(), WM_COMMAND, IDOK, 0);
+    };
+    return ActDuring(steps, {AfxGetApp()->m_strAppName.GetString()}, confirm, -1);
 }
 
 Events EventsOf(const Sheet& sheet, const std::function<void()>& steps) {
@@ -146,9 +134,7 @@ void ForEachForm(const std::function<void(const Form&, const Text& name)>& check
         }
         sheet.Select(tabs::Media);
         for (const auto& [button, title] : {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}}) {
-            WithDialog(
-                title, [&check, &name = title](const Form& dialog) { check(dialog, name); },
-                [&sheet, id = button] { sheet.Click(id); });
+            WithDialog(title, sheet, button, [&check, &name = title](const Form& dialog) { check(dialog, name); });
         }
     });
 }

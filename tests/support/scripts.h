@@ -6,7 +6,7 @@
 #include <functional>
 
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
-// sheet that still stands is cancelled. Fails the test if no sheet appears.
+// sheet that still stands is cancelled. Fails the test if no sheet appears within some seconds.
 void RunEditor(const std::function<void(Sheet&)>& script);
 // The same with the page of that tab in front.
 void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script);
@@ -20,7 +20,9 @@ void ForEachForm(const std::function<void(const Form&, const Text& name)>& check
 
 // Does what opens a window of that title and waits in a modal loop of its own; the script is run once the window is
 // there, and a dialog that it leaves open is cancelled. Fails the test if none comes within some seconds.
-void WithDialog(const Text& title, const std::function<void(const Form&)>& script, const std::function<void()>& open);
+void WithDialog(const Text& title, const std::function<void()>& open, const std::function<void(const Form&)>& script);
+// The same, opened by a button.
+void WithDialog(const Text& title, const Form& opener, int button, const std::function<void(const Form&)>& script);
 // The class library's prompts on edits that hold no number, while the steps run: each is looked at and
 // confirmed. Gives their count.
 int CountPrompts(const std::function<void()>& steps);

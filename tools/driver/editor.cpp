@@ -69,7 +69,7 @@ bool EditorProcess::WaitForEnd() const
 std::vector<Text> EditorProcess::Windows() const
 {
     std::vector<Text> titles;
-    for (const HWND window : WindowsOf(Id()))
+    for (const HWND window : WindowsOf(m_process.dwThreadId))
     {
         titles.push_back(Form(window).Title());
     }
@@ -82,7 +82,7 @@ HWND EditorProcess::WaitForWindowThat(const std::function<bool(HWND)>& isWanted)
     WaitUntil(
         [&]
         {
-            const std::vector<HWND> windows = WindowsOf(Id());
+            const std::vector<HWND> windows = WindowsOf(m_process.dwThreadId);
             const auto window = std::find_if(windows.begin(), windows.end(), isWanted);
             found = window != windows.end() ? *window : nullptr;
             return found != nullptr || !Runs();

@@ -26,20 +26,11 @@ UINT For(HWND control, UINT listMessage, UINT comboMessage)
     return IsOf(control, _T("ComboBox")) ? comboMessage : listMessage;
 }
 
-struct WindowSearch
+BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
 {
-    DWORD process;
-    std::vector<HWND> found;
-};
-
-BOOL CALLBACK AddWindow(HWND window, LPARAM search)
-{
-    auto* wanted = reinterpret_cast<WindowSearch*>(search);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process == wanted->process && IsWindowVisible(window))
+    if (IsWindowVisible(window))
     {
-        wanted->found.push_back(window);
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     }
     return TRUE;
 }
@@ -63,11 +54,11 @@ std::vector<HWND> ControlsOf(HWND dialog)
     return controls;
 }
 
-std::vector<HWND> WindowsOf(DWORD process)
+std::vector<HWND> WindowsOf(DWORD thread)
 {
-    WindowSearch search = {process, {}};
-    EnumWindows(AddWindow, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    std::vector<HWND> windows;
+    EnumThreadWindows(thread, AddIfVisible, reinterpret_cast<LPARAM>(&windows));
+    return windows;
 }
 
 HWND Form::Control(int id) const

@@ -16,8 +16,8 @@ inline const Text SheetTitle = _T("Quorvex Bench Settings");
 bool IsOf(HWND window, LPCTSTR className);
 // The children in their order.
 std::vector<HWND> ControlsOf(HWND dialog);
-// The visible top-level windows of a process, from the one in front.
-std::vector<HWND> WindowsOf(DWORD process);
+// The visible top-level windows of a thread, from the one in front.
+std::vector<HWND> WindowsOf(DWORD thread);
 
 // A dialog. Controls are named by their ids; to ask for one that is not there ends this program with 1.
 class Form
