@@ -77,10 +77,8 @@ private:
     size_t m_at = 0;
 };
 
-// The last is for any list of tools: which pages there are shows then.
-const Text Tabs[] = {tabs::General,  tabs::Drivers, tabs::Chapter9, tabs::Waivers,       tabs::Xhci,
-                     tabs::Identity, tabs::Media,   tabs::Protocol, tabs::HostUnderTest, _T("")};
-std::vector<Places> g_places;  // of each tab
+// Of each tab; the last are for any list of tools: which pages there are shows then.
+std::vector<Places> g_places;
 
 bool g_closed;  // whether a window came and was closed again
 Tree g_first;   // what the first Apply has left
@@ -118,18 +116,12 @@ void RunEditor() {
     Check(calls::OpenKeys() == 0, "no key stays open");
 }
 
-// Where a page looks for settings: where it writes them.
+// Where a page looks for settings. Ports are keys of any names below their table's.
 Places PlacesOf(const Text& tab) {
-    ClearSettings();
-    InstallTools(AllTools);
-    g_tab = tab;
-    RunEditor();
     Places places;
-    for (const auto& [key, values] : tab.empty() ? StoredTree(keys::Installed) : g_first) {
-        for (const auto& [name, value] : values) { places.push_back({key, name, value.type == REG_SZ}); }
-        if (key == keys::ClientPorts || key == keys::ServerPorts) {
-            places.push_back({key + _T("\\"), _T("PacketType"), false});
-        }
+    for (const auto& [page, kind, control, key, name, initial, changed, tools] : SettingsOf(tab)) {
+        const Text table = key.substr(0, key.rfind(_T('\\')) + 1);
+        places.push_back({name == _T("PacketType") ? table : key, name, initial.type == REG_SZ});
     }
     return places;
 }
@@ -139,14 +131,16 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     // Wine would end the program before the fuzzer has kept the input.
     std::signal(SIGABRT, SIG_DFL);
     AddVectoredExceptionHandler(1, OnException);
-    std::transform(std::begin(Tabs), std::end(Tabs), std::back_inserter(g_places), PlacesOf);
+    std::transform(AllTabs.begin(), AllTabs.end(), std::back_inserter(g_places), PlacesOf);
+    g_places.emplace_back();
+    for (const ProductId& tool : AllTools) { g_places.back().push_back({keys::Installed, tool, false}); }
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, size);
-    const size_t choice = input.Byte() % std::size(Tabs);
-    g_tab = Tabs[choice];
+    const size_t choice = input.Byte() % g_places.size();
+    g_tab = choice < AllTabs.size() ? AllTabs[choice] : Text();
     ClearSettings();
     if (!g_tab.empty()) { InstallTools(AllTools); }
     input.StoreAll(g_places[choice]);
