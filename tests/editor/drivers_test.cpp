@@ -1,11 +1,9 @@
 // Drivers & Firmware: which groups live, what a switch does to its path, and Browse.
 #include "support/scripts.h"
 
-#include <algorithm>
+#include <dlgs.h>
 
 namespace {
-constexpr int IdFileTypes = 1136;  // the system's number in its dialog
-
 struct Stack {
     int group;
     int enableSwitcher;
@@ -22,46 +20,18 @@ void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled) {
     for (const int control : stack.pathControls) { EXPECT_EQ(sheet.IsEnabled(control), enabled) << control; }
 }
 
-// A folder of its own for a test, with a driver's file in it.
-class DriverFolder {
-public:
-    DriverFolder() {
-        CreateDirectoryW(Path().c_str(), nullptr);
-        CloseHandle(CreateFileW(File().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    }
-    ~DriverFolder() {
-        DeleteFileW(File().c_str());
-        RemoveDirectoryW(Path().c_str());
-    }
-    DriverFolder(const DriverFolder&) = delete;
-    DriverFolder& operator=(const DriverFolder&) = delete;
-
-    static Text Path() {
-        TCHAR temporary[MAX_PATH] = {};
-        GetTempPathW(MAX_PATH, temporary);
-        return Text(temporary) + _T("qb browse\\");
-    }
-    static Text File() { return Path() + _T("driver.inf"); }
-};
-
-BOOL CALLBACK TakeEdit(HWND window, LPARAM found) {
-    const bool isWanted = IsOf(window, _T("Edit")) && IsWindowVisible(window);
-    *reinterpret_cast<HWND*>(found) = isWanted ? window : nullptr;
-    return !isWanted;
-}
+// Of files that are there on any system.
+const Text Folder = _T("C:\\windows\\system32\\");
 
 // Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
 void Browse(const Sheet& sheet, int browse, const Text& file, int answer) {
     const bool isHex = browse == 1049;
     WithDialog(_T("Open"), sheet, browse, [&](const Form& dialog) {
-        HWND edit = nullptr;
-        EnumChildWindows(dialog.Window(), TakeEdit, reinterpret_cast<LPARAM>(&edit));
-        EXPECT_EQ(Form(edit).Title(), isHex ? _T("*.hex") : _T("*.inf"));
-        EXPECT_EQ(
-            dialog.ItemsOf(IdFileTypes),
-            (std::vector<Text>{isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)"), _T("All Files (*.*)")}));
+        EXPECT_EQ(dialog.TextOf(edt1), isHex ? _T("*.hex") : _T("*.inf"));
+        const Text type = isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)");
+        EXPECT_EQ(dialog.ItemsOf(cmb1), (std::vector<Text>{type, _T("All Files (*.*)")}));
         EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
-        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+        dialog.SetText(edt1, file);
         dialog.Click(answer);
     });
 }
@@ -99,19 +69,18 @@ TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn) {
 }
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
-    const DriverFolder folder;
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        Browse(sheet, 1035, DriverFolder::File(), IDCANCEL);
+        Browse(sheet, 1035, Folder + _T("kernel32.dll"), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());
         for (const auto& [browse, edit] :
              {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}}) {
-            Browse(sheet, browse, DriverFolder::File(), IDOK);
-            EXPECT_EQ(sheet.TextOf(edit), DriverFolder::Path());
-            sheet.SetText(edit, edit == 1034 ? DriverFolder::Path() : Text());
+            Browse(sheet, browse, Folder + _T("kernel32.dll"), IDOK);
+            EXPECT_EQ(sheet.TextOf(edit), Folder);
+            sheet.SetText(edit, edit == 1034 ? Folder : Text());
         }
         EXPECT_FALSE(sheet.CanApply());
         EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
         sheet.Ok();
     });
-    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(DriverFolder::Path()));
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(Folder));
 }

@@ -1,7 +1,6 @@
 // What pages and dialogs say in tooltips, and the order of their controls for the Tab key and for the
 // exchange.
 #include "support/scripts.h"
-#include "support/tips.h"
 
 #include <afxwin.h>
 #include <commctrl.h>

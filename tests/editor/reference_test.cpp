@@ -12,14 +12,11 @@ using Texts = std::set<std::string>;
 
 // As the reference puts it.
 std::string Described(const StoredValue& value) {
-    switch (value.type) {
-    case REG_DWORD:
+    if (value.type == REG_DWORD) {
         return "REG_DWORD " + std::to_string(*reinterpret_cast<const int*>(value.data.data()));
-    case REG_SZ:
-        return "REG_SZ \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + '"';
-    default:
-        return "REG_BINARY " + std::to_string(value.data.size()) + " bytes";
     }
+    if (value.type == REG_SZ) { return "REG_SZ \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + '"'; }
+    return "REG_BINARY " + std::to_string(value.data.size()) + " bytes";
 }
 
 std::string Described(const Setting& setting) {

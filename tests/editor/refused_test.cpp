@@ -1,7 +1,6 @@
 // The editor while the system refuses it something: nothing crashes, no key stays open, and what can be stored is.
 #include "support/calls.h"
 #include "support/scripts.h"
-#include "support/tips.h"
 
 #include <afxwin.h>
 #include <commctrl.h>

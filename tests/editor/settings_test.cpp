@@ -55,11 +55,8 @@ Places PlacesOf(const std::vector<Setting>& settings) {
 
 // General Settings comes up first and so is always stored.
 std::vector<Setting> StoredWith(const Text& tab) {
-    std::vector<Setting> settings = SettingsOf(tabs::General);
-    if (tab != tabs::General) {
-        const std::vector<Setting> own = SettingsOf(tab);
-        settings.insert(settings.end(), own.begin(), own.end());
-    }
+    std::vector<Setting> settings = AllSettings();
+    std::erase_if(settings, [&tab](const Setting& each) { return each.tab != tabs::General && each.tab != tab; });
     return settings;
 }
 }  // namespace

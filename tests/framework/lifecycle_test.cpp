@@ -1,6 +1,5 @@
 // What all pages share: their marks beside each other, their one load, and their tips.
 #include "support/scripts.h"
-#include "support/tips.h"
 
 #include <afxwin.h>
 #include <commctrl.h>

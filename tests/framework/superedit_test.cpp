@@ -28,59 +28,50 @@ public:
 }  // namespace
 
 TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText) {
-    struct Case {
-        BYTE base;
-        Text text;
-        ULONGLONG number;
-        bool isShownSo;  // when the number is set
-    };
     constexpr ULONGLONG none = 0xFFFFFFFF;  // what a character counts that is no digit anywhere
-    const Case cases[] = {{16, _T("506F9A"), 0x506F9A, true},
-                          {2, _T("0"), 0, true},
-                          {36, _T("ZA"), 35 * 36 + 10, true},
-                          {8, _T("777"), 0777, true},
-                          {16, Text(16, _T('F')), ~0ULL, true},
-                          {2, _T("1") + Text(63, _T('0')), 1ULL << 63, true},
-                          {16, _T(""), 0, false},
-                          {16, _T("00aFf"), 0xAFF, false},
-                          {16, _T("1G"), 16 + 16, false},
-                          {10, _T("1a"), 10 + 10, false},
-                          {16, _T("-1"), none * 16 + 1, false},
-                          {16, _T("`{@["), ((none * 16 + none) * 16 + none) * 16 + none, false},
-                          {16, _T("/:"), none * 17, false},
-                          {16, _T("\xE9"), none, false},
-                          {16, _T("\x0661"), none, false},
-                          {10, _T("18446744073709551617"), 1, false}};
-    for (const Case& c : cases) {
-        TrialEdit edit(c.base);
-        edit.SetWindowText(c.text.c_str());
-        EXPECT_EQ(edit.GetNumber(), c.number) << Printable(c.text);
-        edit.SetNumber(c.number);
-        EXPECT_EQ(edit.Shown() == c.text, c.isShownSo) << Printable(edit.Shown());
+    const std::tuple<BYTE, Text, ULONGLONG, bool> cases[] = {
+        {16, _T("506F9A"), 0x506F9A, true},
+        {2, _T("0"), 0, true},
+        {36, _T("ZA"), 35 * 36 + 10, true},
+        {8, _T("777"), 0777, true},
+        {16, Text(16, _T('F')), ~0ULL, true},
+        {2, _T("1") + Text(63, _T('0')), 1ULL << 63, true},
+        {16, _T(""), 0, false},
+        {16, _T("00aFf"), 0xAFF, false},
+        {16, _T("1G"), 16 + 16, false},
+        {10, _T("1a"), 10 + 10, false},
+        {16, _T("-1"), none * 16 + 1, false},
+        {16, _T("`{@["), ((none * 16 + none) * 16 + none) * 16 + none, false},
+        {16, _T("/:"), none * 17, false},
+        {16, _T("\xE9"), none, false},
+        {16, _T("\x0661"), none, false},
+        {10, _T("18446744073709551617"), 1, false}};
+    for (const auto& [base, text, number, isShownSo] : cases) {
+        TrialEdit edit(base);
+        edit.SetWindowText(text.c_str());
+        EXPECT_EQ(edit.GetNumber(), number) << Printable(text);
+        edit.SetNumber(number);
+        EXPECT_EQ(edit.Shown() == text, isShownSo) << Printable(edit.Shown());
         edit.SetBase(10);
-        edit.SetBase(c.base);
-        EXPECT_EQ(edit.GetNumber(), c.number);
+        edit.SetBase(base);
+        EXPECT_EQ(edit.GetNumber(), number);
     }
 }
 
 TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits) {
-    struct Case {
-        BYTE base;
-        LPCTSTR typed;
-        LPCTSTR text;
-        size_t beeps;
-    };
-    for (const Case& c : {Case{0, _T("g -Z~"), _T("g -Z~"), 0}, Case{16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
-                          Case{10, _T("/0a9:F-"), _T("09"), 5}, Case{2, _T("012"), _T("01"), 1},
-                          Case{36, _T("0zZ{[9"), _T("0zZ9"), 2}, Case{11, _T("aAbB9"), _T("aA9"), 2},
-                          // Control characters are the edit's own, and what is beyond ASCII does not print.
-                          Case{16, _T("12\b3"), _T("13"), 0}, Case{16, _T("\x20AC"), _T("\x20AC"), 0}}) {
-        TrialEdit edit(c.base);
+    // Control characters are the edit's own, and what is beyond ASCII does not print.
+    const std::tuple<BYTE, Text, Text, size_t> cases[] = {
+        {0, _T("g -Z~"), _T("g -Z~"), 0},  {16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
+        {10, _T("/0a9:F-"), _T("09"), 5},  {2, _T("012"), _T("01"), 1},
+        {36, _T("0zZ{[9"), _T("0zZ9"), 2}, {11, _T("aAbB9"), _T("aA9"), 2},
+        {16, _T("12\b3"), _T("13"), 0},    {16, _T("\x20AC"), _T("\x20AC"), 0}};
+    for (const auto& [base, typed, text, beeps] : cases) {
+        TrialEdit edit(base);
         edit.SetWindowText(_T(""));
         calls::Reset();
-        for (const TCHAR key : Text(c.typed)) { SendMessageW(edit.m_hWnd, WM_CHAR, key, 1); }
-        EXPECT_EQ(edit.Shown(), c.text);
-        EXPECT_EQ(calls::Made("MessageBeep").size(), c.beeps);
+        for (const TCHAR key : typed) { SendMessageW(edit.m_hWnd, WM_CHAR, key, 1); }
+        EXPECT_EQ(edit.Shown(), text);
+        EXPECT_EQ(calls::Made("MessageBeep").size(), beeps);
     }
 }
 

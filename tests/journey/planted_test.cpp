@@ -5,25 +5,23 @@
 
 #include <psapi.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <set>
 
 namespace {
-// The files from which a process has loaded its code, in small letters.
-std::set<std::filesystem::path> LoadedFiles(DWORD id) {
-    std::set<std::filesystem::path> files;
-    const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+// The names of the files that a process has loaded from the folder, in small letters.
+std::set<std::wstring> LoadedFrom(const std::filesystem::path& folder, HANDLE process) {
+    std::set<std::wstring> names;
     HMODULE modules[256] = {};
     DWORD size = 0;
-    EXPECT_TRUE(EnumProcessModules(process, modules, sizeof(modules), &size));
-    for (DWORD index = 0; index < std::min<DWORD>(size, sizeof(modules)) / sizeof(HMODULE); ++index) {
+    EXPECT_TRUE(EnumProcessModules(process, modules, sizeof(modules), &size) && size < sizeof(modules));
+    for (DWORD index = 0; index < size / sizeof(HMODULE); ++index) {
         wchar_t path[MAX_PATH] = {};
         GetModuleFileNameExW(process, modules[index], path, MAX_PATH);
-        files.insert(_wcslwr(path));
+        const std::filesystem::path file = _wcslwr(path);
+        if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) { names.insert(file.filename()); }
     }
-    CloseHandle(process);
-    return files;
+    return names;
 }
 
 using PlantedLibraries = SettingsTest;
@@ -32,10 +30,9 @@ using PlantedLibraries = SettingsTest;
 // Copies of the system's own, which do no harm: it shows in their paths where they were found.
 TEST_F(PlantedLibraries, AreNotLoaded) {
     const std::filesystem::path folder = EditorProcess::Path(L"planted");
-    const std::filesystem::path program = folder / L"QBSettings.exe";
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
-    std::filesystem::copy_file(EditorProcess::Path(), program);
+    std::filesystem::copy_file(EditorProcess::Path(), folder / L"QBSettings.exe");
     for (const wchar_t* library : {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll",
                                    L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"}) {
         std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library, folder / library);
@@ -47,15 +44,12 @@ TEST_F(PlantedLibraries, AreNotLoaded) {
         ASSERT_TRUE(sheet.SelectIndex(1));
         sheet.ClickToOpen(IDC_EHCI_BROWSE);
         ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
-        std::set<std::string> planted;
-        for (const std::filesystem::path& file : LoadedFiles(editor.Id())) {
-            if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) { planted.insert(file.filename().string()); }
-        }
-        EXPECT_TRUE(planted.erase("qbsettings.exe"));
+        std::set<std::wstring> planted = LoadedFrom(folder, editor.Handle());
+        EXPECT_TRUE(planted.erase(L"qbsettings.exe"));
         // Wine knows no libraries as Windows does, and its own user32 needs version.dll.
-        planted.erase("msvcrt.dll");
-        planted.erase("version.dll");
-        EXPECT_EQ(planted, std::set<std::string>());
+        planted.erase(L"msvcrt.dll");
+        planted.erase(L"version.dll");
+        EXPECT_EQ(planted, std::set<std::wstring>());
     }
     std::filesystem::remove_all(folder);
 }

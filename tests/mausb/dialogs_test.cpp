@@ -49,9 +49,6 @@ protected:
         std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
         return six;
     }
-    static void Open(const Sheet& sheet, const std::function<void(const Form&)>& script) {
-        WithDialog(titles::AdvancedTCP, sheet, 1139, script);
-    }
     static void ExpectSizes(const Form& form, bool send, bool receive) {
         EXPECT_TRUE(form.IsEnabled(SndBuf) == send && form.IsEnabled(1141) == send);
         EXPECT_TRUE(form.IsEnabled(RcvBuf) == receive && form.IsEnabled(1143) == receive);
@@ -60,20 +57,11 @@ protected:
 }  // namespace
 
 TEST(PortNumbersTest, PortIsWhatATextBeginsWith) {
-    for (const auto& [text, port] : {std::pair{Text(), 0U},
-                                     {_T("00000"), 0},
-                                     {_T("1"), 1},
-                                     {_T("65535"), 65535},
-                                     {_T("65536"), 0},
-                                     {_T("080"), 80},
-                                     {_T("80x1"), 80},
-                                     {_T("x80"), 0},
-                                     {_T(" 80"), 0},
-                                     {_T("4294967297"), 0},
-                                     {_T("/1:"), 0},
-                                     {_T("7:"), 7},
-                                     {_T("9"), 9},
-                                     {Text(38, _T('9')), 0}}) {
+    const std::pair<Text, UINT> cases[] = {
+        {_T(""), 0},     {_T("00000"), 0}, {_T("1"), 1},   {_T("65535"), 65535},  {_T("65536"), 0},
+        {_T("080"), 80}, {_T("80x1"), 80}, {_T("x80"), 0}, {_T(" 80"), 0},        {_T("4294967297"), 0},
+        {_T("/1:"), 0},  {_T("7:"), 7},    {_T("9"), 9},   {Text(38, _T('9')), 0}};
+    for (const auto& [text, port] : cases) {
         EXPECT_EQ(CPortNumbersDialog::ParsePortText(text.c_str()), port) << Printable(text);
     }
 }
@@ -138,7 +126,7 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();
         EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-        Open(sheet, [](const Form& form) {
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
             EXPECT_EQ(form.TextOf(Delay), _T("1"));
             EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
             EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
@@ -146,7 +134,7 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
             form.Retype(Delay, _T("5"));
         });
         EXPECT_FALSE(sheet.CanApply()) << "cancelled";
-        Open(sheet, [](const Form& form) {
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
             EXPECT_EQ(form.TextOf(Delay), _T("1"));
             form.Retype(Delay, _T("x-4294967295"));
             form.Retype(SndBuf, _T("2147483647"));
@@ -160,7 +148,8 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
             form.Click(IDOK);
         });
         EXPECT_TRUE(sheet.CanApply());
-        Open(sheet, [](const Form& form) { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
+        WithDialog(titles::AdvancedTCP, sheet, 1139,
+                   [](const Form& form) { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
         sheet.Ok();
     });
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
@@ -170,7 +159,7 @@ TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatC
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
     RunOnTab(tabs::Media, [](const Sheet& sheet) {
         sheet.Apply();
-        Open(sheet, [](const Form& form) {
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
             form.Retype(Delay, _T("7"));
             form.Retype(RcvBuf, _T("9"));
             form.Click(NoDelay);

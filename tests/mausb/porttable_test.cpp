@@ -102,48 +102,42 @@ TEST_F(PortTableTest, SaveReplacesTheStoredTable) {
 }
 
 TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen) {
-    struct Case {
-        const char* function;
-        unsigned nth;
-        bool complete;
-        Ports ports;
-    };
+    const std::tuple<const char*, unsigned, bool, Ports> cases[] = {
+        {"RegOpenKeyExW", 1, false, {}},
+        {"RegQueryInfoKeyW", 1, false, {}},
+        {"RegEnumKeyExW", 1, false, {}},
+        {"RegOpenKeyExW", 2, false, {}},
+        {"RegOpenKeyExW", 4, false, {{1, 2}, {2, 1}}},  // not ordered
+        {"RegEnumKeyExW", 3, false, {{2, 1}, {1, 2}}},
+        {"RegEnumKeyExW", 4, false, {{3, 0}, {2, 1}, {1, 2}}},
+        {"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}};
     StorePort(_T("1"), Dword(2));
     StorePort(_T("2"), Dword(1));
     StorePort(_T("3"), Dword(0));
-    for (const Case& c :
-         {Case{"RegOpenKeyExW", 1, false, {}}, Case{"RegQueryInfoKeyW", 1, false, {}},
-          Case{"RegEnumKeyExW", 1, false, {}}, Case{"RegOpenKeyExW", 2, false, {}},
-          Case{"RegOpenKeyExW", 4, false, {{1, 2}, {2, 1}}},  // not ordered
-          Case{"RegEnumKeyExW", 3, false, {{2, 1}, {1, 2}}}, Case{"RegEnumKeyExW", 4, false, {{3, 0}, {2, 1}, {1, 2}}},
-          Case{"RegQueryValueExW", 2, true, {{2, -1}, {3, 0}, {1, 2}}}}) {
-        SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
-        calls::Refuse(c.function, c.nth);
-        EXPECT_EQ(Load(c.complete), c.ports);
+    for (const auto& [function, nth, complete, ports] : cases) {
+        SCOPED_TRACE(testing::Message() << function << ' ' << nth);
+        calls::Refuse(function, nth);
+        EXPECT_EQ(Load(complete), ports);
     }
 }
 
 TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails) {
-    struct Case {
-        const char* function;
-        unsigned nth;
-        Values left;
-    };
     const Values before = {{_T("10"), Dword(1)}, {_T("20"), Dword(2)}};
-    const Case cases[] = {{"RegCreateKeyExW", 1, before},
-                          {"RegDeleteTreeW", 1, before},
-                          {"RegCreateKeyExW", 2, {}},
-                          {"RegCreateKeyExW", 4, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}}},
-                          {"RegSetValueExW", 1, {{_T("7"), Absent}}},
-                          {"RegSetValueExW", 3, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}, {_T("5"), Absent}}}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.function << ' ' << c.nth);
+    const std::tuple<const char*, unsigned, Values> cases[] = {
+        {"RegCreateKeyExW", 1, before},
+        {"RegDeleteTreeW", 1, before},
+        {"RegCreateKeyExW", 2, {}},
+        {"RegCreateKeyExW", 4, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}}},
+        {"RegSetValueExW", 1, {{_T("7"), Absent}}},
+        {"RegSetValueExW", 3, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}, {_T("5"), Absent}}}};
+    for (const auto& [function, nth, left] : cases) {
+        SCOPED_TRACE(testing::Message() << function << ' ' << nth);
         SetUp();
         for (const auto& [name, type] : before) { StorePort(name, type); }
-        calls::Refuse(c.function, c.nth);
+        calls::Refuse(function, nth);
         EXPECT_FALSE(SavePortTable({{7, 2}, {0, 3}, {6, 1}, {5, 0}, {4, -1}}, Table));
         EXPECT_EQ(calls::OpenKeys(), 0U);
-        EXPECT_EQ(StoredPorts(), c.left);
+        EXPECT_EQ(StoredPorts(), left);
     }
     // A key of its own making is not emptied.
     SetUp();

@@ -41,25 +41,21 @@ int CALLBACK HideSheet(HWND, UINT message, LPARAM dialogTemplate) {
 
 TEST(DialogTest, IsCentredOnTheScreenOfItsOwner) {
     calls::AddScreen();
-    struct Case {
-        RECT owner;  // empty: none
-        RECT before;
-        POINT after;
-    };
-    for (const Case& c :
-         {Case{{2000, 300, 2400, 700}, {0, 0, 200, 100}, {2100, 450}},
-          Case{{1700, 0, 1800, 60}, {0, 0, 400, 100}, {1600, 40}},
-          Case{{1300, 300, 1700, 700}, {2000, 0, 2400, 100}, {1200, 450}},
-          Case{{3000, 1000, 3200, 1200}, {0, 0, 400, 300}, {2800, 900}}, Case{{}, {2000, 0, 2200, 100}, {2300, 570}},
-          // Of one that is too high the title bar can be seen.
-          Case{{}, {2000, 0, 2200, 1300}, {2300, 40}}}) {
-        const HWND owner = IsRectEmpty(&c.owner) ? nullptr : MakeWindow(c.owner, nullptr);
+    // The owner, if not empty; the dialog before; its corner after. Of one that is too high the title bar can be seen.
+    const std::tuple<RECT, RECT, POINT> cases[] = {{{2000, 300, 2400, 700}, {0, 0, 200, 100}, {2100, 450}},
+                                                   {{1700, 0, 1800, 60}, {0, 0, 400, 100}, {1600, 40}},
+                                                   {{1300, 300, 1700, 700}, {2000, 0, 2400, 100}, {1200, 450}},
+                                                   {{3000, 1000, 3200, 1200}, {0, 0, 400, 300}, {2800, 900}},
+                                                   {{}, {2000, 0, 2200, 100}, {2300, 570}},
+                                                   {{}, {2000, 0, 2200, 1300}, {2300, 40}}};
+    for (const auto& [ownerPlace, before, corner] : cases) {
+        const HWND owner = IsRectEmpty(&ownerPlace) ? nullptr : MakeWindow(ownerPlace, nullptr);
         CWnd dialog;
-        dialog.SubclassWindow(MakeWindow(c.before, owner));
+        dialog.SubclassWindow(MakeWindow(before, owner));
         dialog.CenterWindow();
         RECT after = {};
         GetWindowRect(dialog.m_hWnd, &after);
-        EXPECT_TRUE(after.left == c.after.x && after.top == c.after.y) << after.left << ',' << after.top;
+        EXPECT_TRUE(after.left == corner.x && after.top == corner.y) << after.left << ',' << after.top;
         dialog.DestroyWindow();
         DestroyWindow(owner);
     }

@@ -18,27 +18,23 @@ void ExpectErrorBox() {
 }  // namespace
 
 TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
+    const std::tuple<Text, StoredValue, DWORD> tools[] = {{_T("AlderQB"), Dword(1), 1},
+                                                          {_T("BirchQB"), Dword(0), 0},
+                                                          {_T("cedarqb"), Dword(1), 1},
+                                                          {_T("ElmQB"), Sz(_T("x")), 'x'},
+                                                          {_T("FirQB"), Binary({0, 0, 1}), 0x10000},
+                                                          {_T("GinkgoQB"), Binary({}), 0},
+                                                          {_T("HazelQB"), Dword(0x80000000), 0x80000000},
+                                                          {_T("Somebody else"), Dword(3), 3},
+                                                          {{}, Dword(2), 2}};
     InstallTools({});
-    StoreTree({{keys::Installed,
-                {{_T("AlderQB"), Dword(1)},
-                 {_T("BirchQB"), Dword(0)},
-                 {_T("cedarqb"), Dword(1)},
-                 {_T("ElmQB"), Sz(_T("x"))},
-                 {_T("FirQB"), Binary({0, 0, 1})},
-                 {_T("GinkgoQB"), Binary({})},
-                 {_T("HazelQB"), Dword(0x80000000)},
-                 {_T("Somebody else"), Dword(3)},
-                 {{}, Dword(2)}}}});
+    std::map<ProductId, DWORD> expected;
+    for (const auto& [name, stored, number] : tools) {
+        Store(keys::Installed, name, stored);
+        expected[name] = number;
+    }
     ASSERT_TRUE(LoadInstalledProducts());
-    EXPECT_EQ(InstalledProductMap, (std::map<ProductId, DWORD>{{_T("AlderQB"), 1},
-                                                               {_T("BirchQB"), 0},
-                                                               {_T("cedarqb"), 1},
-                                                               {_T("ElmQB"), 'x'},
-                                                               {_T("FirQB"), 0x10000},
-                                                               {_T("GinkgoQB"), 0},
-                                                               {_T("HazelQB"), 0x80000000},
-                                                               {_T("Somebody else"), 3},
-                                                               {{}, 2}}));
+    EXPECT_EQ(InstalledProductMap, expected);
     EXPECT_TRUE(IsProductInstalled(AlderQB));
     EXPECT_FALSE(IsProductInstalled(BirchQB));
     EXPECT_FALSE(IsProductInstalled(CedarQB)) << "case counts";

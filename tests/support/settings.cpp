@@ -139,40 +139,26 @@ bool Setting::IsLiveFor(const Tools& installed) const {
 
 void Setting::ExpectShown(const Form& page, const StoredValue& value) const {
     SCOPED_TRACE(Printable(name));
-    switch (kind) {
-    case Check:
+    if (kind == Check) {
         EXPECT_EQ(page.CheckOf(control), static_cast<LRESULT>(NumberIn(value)));
-        break;
-    case List:
+    } else if (kind == List) {
         EXPECT_EQ(page.SelectionOf(control), static_cast<LRESULT>(NumberIn(value)));
-        break;
-    case Radio:
+    } else if (kind == Radio) {
         EXPECT_EQ(page.CheckOf(control), value == initial ? BST_CHECKED : BST_UNCHECKED);
         EXPECT_EQ(page.CheckOf(control + 1), value == initial ? BST_UNCHECKED : BST_CHECKED);
-        break;
-    case Copy:
-    case Passed:
-        break;
-    default:
+    } else if (IsChangeable()) {
         EXPECT_EQ(page.TextOf(control), TextFor(kind, value));
     }
 }
 
 void Setting::Enter(const Form& page, const StoredValue& value) const {
-    switch (kind) {
-    case Check:
+    if (kind == Check) {
         if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value))) { page.Click(control); }
-        break;
-    case List:
+    } else if (kind == List) {
         page.Pick(control, static_cast<int>(NumberIn(value)));
-        break;
-    case Radio:
+    } else if (kind == Radio) {
         page.Click(value == initial ? control : control + 1);
-        break;
-    case Copy:
-    case Passed:
-        break;
-    default:
+    } else if (IsChangeable()) {
         EnterText(page, control, TextFor(kind, value));
     }
 }
@@ -183,9 +169,8 @@ const std::vector<Setting>& AllSettings() {
 }
 
 std::vector<Setting> SettingsOf(const Text& tab) {
-    std::vector<Setting> settings;
-    std::copy_if(AllSettings().begin(), AllSettings().end(), std::back_inserter(settings),
-                 [&tab](const Setting& setting) { return setting.tab == tab; });
+    std::vector<Setting> settings = AllSettings();
+    std::erase_if(settings, [&tab](const Setting& setting) { return setting.tab != tab; });
     return settings;
 }
 

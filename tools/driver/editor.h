@@ -21,6 +21,7 @@ public:
     static Text Path(const Text& program = _T("QBSettings.exe"));
 
     DWORD Id() const { return m_process.dwProcessId; }
+    HANDLE Handle() const { return m_process.hProcess; }
     bool Runs() const;
     // Clicks a button of the sheet that closes it; whether the program has ended with 0, as WaitForEnd.
     bool EndBy(int button, const Sheet& sheet) const;
