@@ -32,7 +32,7 @@ double TimeStart(const wchar_t* program, const wchar_t* arguments)
     while (!IsWindowVisible(window) && process.Runs() && Milliseconds() - start < GiveUpMilliseconds)
     {
         Sleep(1);
-        window = FindWindowW(nullptr, SheetTitle.c_str());
+        window = FindWindowW(nullptr, SheetTitle);
     }
     const double time = Milliseconds() - start;
     End(process, Sheet(window));

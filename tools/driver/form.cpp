@@ -75,8 +75,9 @@ HWND Form::Control(int id) const
 Text Form::Title() const
 {
     Text text(static_cast<size_t>(Send(m_window, WM_GETTEXTLENGTH)), _T('\0'));
-    Send(m_window, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
-    return text.c_str();
+    text.resize(static_cast<size_t>(
+        Send(m_window, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()))));
+    return text;
 }
 
 LRESULT Form::CheckOf(int id) const

@@ -11,7 +11,7 @@
 
 using Text = std::basic_string<TCHAR>;
 
-inline const Text SheetTitle = _T("Quorvex Bench Settings");
+inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
 
 bool IsOf(HWND window, LPCTSTR className);
 // The children in their order.
