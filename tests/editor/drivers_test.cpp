@@ -20,8 +20,8 @@ void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled) {
     for (const int control : stack.pathControls) { EXPECT_EQ(sheet.IsEnabled(control), enabled) << control; }
 }
 
-// Of files that are there on any system.
-const Text Folder = _T("C:\\windows\\system32\\");
+// With files that are there on any system.
+const Text Folder = _T("C:\\windows\\inf\\");
 
 // Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
 void Browse(const Sheet& sheet, int browse, const Text& file, int answer) {
@@ -70,11 +70,12 @@ TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn) {
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
     RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        Browse(sheet, 1035, Folder + _T("kernel32.dll"), IDCANCEL);
+        Browse(sheet, 1035, Folder + _T("input.inf"), IDCANCEL);
         EXPECT_EQ(sheet.TextOf(1034), Text());
         for (const auto& [browse, edit] :
              {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}}) {
-            Browse(sheet, browse, Folder + _T("kernel32.dll"), IDOK);
+            // The ending of a driver's file may be left out.
+            Browse(sheet, browse, Folder + (browse == 1049 ? _T("input.inf") : _T("input")), IDOK);
             EXPECT_EQ(sheet.TextOf(edit), Folder);
             sheet.SetText(edit, edit == 1034 ? Folder : Text());
         }

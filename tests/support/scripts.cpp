@@ -9,7 +9,7 @@
 
 namespace {
 constexpr UINT LookMilliseconds = 5;
-constexpr ULONGLONG GiveUpMilliseconds = 15000;
+constexpr ULONGLONG GiveUpMilliseconds = 30000;
 
 struct Wait {
     std::vector<Text> titles;
@@ -24,8 +24,15 @@ std::map<UINT_PTR, Wait*> waits;  // by their timers
 
 void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
     const auto found = waits.find(timer);
-    if (found == waits.end() || found->second->count == found->second->most) { return; }
+    if (found == waits.end()) { return; }
     Wait& wait = *found->second;
+    if (GetTickCount64() > wait.giveUp) {
+        ADD_FAILURE() << "a window has not come, or does not go";
+        // What stands instead would wait for ever.
+        PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
+        wait.giveUp += 1000;
+    }
+    if (wait.count == wait.most) { return; }
     const auto has = [](const auto& all, const auto& one) {
         return std::find(all.begin(), all.end(), one) != all.end();
     };
@@ -36,10 +43,6 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
             wait.act(Form(window));
             return;
         }
-    }
-    if (wait.count == 0 && GetTickCount64() > wait.giveUp) {
-        // What stands instead would wait for ever.
-        PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
     }
 }
 

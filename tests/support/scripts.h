@@ -6,7 +6,7 @@
 #include <functional>
 
 // Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
-// sheet that still stands is cancelled. Fails the test if no sheet appears within some seconds.
+// sheet that still stands is cancelled. Fails the test if no sheet appears within half a minute.
 void RunEditor(const std::function<void(Sheet&)>& script);
 // The same with the page of that tab in front.
 void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script);
@@ -19,7 +19,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script);
 void ForEachForm(const std::function<void(const Form&, const Text& name)>& check);
 
 // Does what opens a window of that title and waits in a modal loop of its own; the script is run once the window is
-// there, and a dialog that it leaves open is cancelled. Fails the test if none comes within some seconds.
+// there, and a dialog that it leaves open is cancelled. Fails the test if none comes within half a minute.
 void WithDialog(const Text& title, const std::function<void()>& open, const std::function<void(const Form&)>& script);
 // The same, opened by a button.
 void WithDialog(const Text& title, const Form& opener, int button, const std::function<void(const Form&)>& script);
