@@ -110,8 +110,7 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
     {
         return TRUE;
     }
-    const bool isOurs = m_hWnd != nullptr && (pMsg->hwnd == m_hWnd || IsChild(m_hWnd, pMsg->hwnd));
-    if (!isOurs || SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) == 0)
+    if (SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) == 0)
     {
         return FALSE;
     }

@@ -47,6 +47,7 @@ struct Walk {
         HWND focus = first;
         for (int stops = 0; stops == 0 || focus != first; ++stops) {
             ASSERT_LT(stops, 50) << "Tab does not come round";
+            ASSERT_FALSE(testing::Test::HasFailure()) << "each further fault would be waited for";
             if (GetParent(focus) == dialog) {
                 SCOPED_TRACE(Printable(Form(dialog).Title()) + ' ' + std::to_string(GetDlgCtrlID(focus)));
                 Try(focus);
