@@ -1,6 +1,6 @@
 // What the editor adds to the registry's own calls. Everything that it loads or stores is done once while its
 // calls are noted; then the editor and the noted calls alone take turns, so that what disturbs one disturbs
-// the other. Arguments: the seconds for each measure.
+// the other. Arguments: the seconds for each measure; 0 makes the least of runs, and only of the pages.
 #include "mausb/MAUSBHubUnderTestParamsDlg.h"
 #include "mausb/MAUSBMediaDlg.h"
 #include "mausb/MAUSBProtocolConstantsDlg.h"
@@ -163,8 +163,8 @@ class HiddenPage : public Page
 public:
     explicit HiddenPage(HWND parent)
     {
-        AfxHookWindowCreate(this);
-        CreateDialogParamW(nullptr, MAKEINTRESOURCEW(this->m_nIDTemplate), parent, AfxDlgProc, 0);
+        CreateDialogParamW(nullptr, MAKEINTRESOURCEW(this->m_nIDTemplate), parent, AfxDlgProc,
+                           reinterpret_cast<LPARAM>(static_cast<CDialog*>(this)));
     }
     using Page::LoadSettings;
 };
@@ -255,6 +255,10 @@ int main(int argc, char** argv)
     const std::jthread awake = KeepAwake();
     std::printf("medians, ms                          calls   runs      editor  bare calls   ratio\n");
     MeasurePages();
+    if (g_milliseconds == 0)
+    {
+        return 0;
+    }
     MeasurePortTables("load", LoadPorts);
     MeasurePortTables("save", SavePorts);
     for (const UINT count : {10U, 100U, 1000U, 10000U})
