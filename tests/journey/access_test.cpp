@@ -135,7 +135,7 @@ TEST_F(AccessJourney, EveryControlIsReachedAndChangedByKeys) {
         if (Form(sheet.Page()).Title() == tabs::Media) {
             // Again with what the other network type enables.
             Press(VK_TAB);
-            EXPECT_TRUE(WaitUntil([&] { return walk.Focus() == sheet.Control(IDC_NETWORK_TCP); }));
+            ASSERT_TRUE(WaitUntil([&] { return walk.Focus() == sheet.Control(IDC_NETWORK_TCP); }));
             walk.Change(VK_DOWN);
             walk.Go();
         }

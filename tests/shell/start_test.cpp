@@ -69,10 +69,14 @@ TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
     EXPECT_EQ(calls::OpenKeys(), 0U);
 }
 
-TEST_F(StartTest, SecondInstanceShowsAndReadsNothing) {
+TEST_F(StartTest, SecondInstanceShowsTheFirstAndReadsNothing) {
+    const HWND first =
+        CreateWindowExW(0, _T("Static"), SheetTitle, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     calls::Reset();
     g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
     EXPECT_FALSE(AfxGetApp()->InitInstance());
     g_dwInstanceMutexError = ERROR_SUCCESS;
-    EXPECT_TRUE(calls::Made().empty());
+    EXPECT_EQ(calls::Made(), (std::vector<Call>{{"SetForegroundWindow", {}, {}}}));
+    EXPECT_TRUE(IsWindowVisible(first));
+    DestroyWindow(first);
 }

@@ -158,6 +158,7 @@ REFUSABLE("user32", HWND, CreateWindowExW, (DWORD exStyle, LPCWSTR kind, LPCWSTR
     ("CreateWindowExW " + (IS_INTRESOURCE(kind) ? std::string() : Printable(kind))), nullptr,
     own(exStyle, kind, title, style, x, y, width, height, parent, menu, instance, parameter))
 REFUSABLE("user32", BOOL, MessageBeep, (UINT type), ("MessageBeep"), FALSE, own(type))
+REFUSABLE("user32", BOOL, SetForegroundWindow, (HWND window), ("SetForegroundWindow"), FALSE, own(window))
 REFUSABLE("ole32", HRESULT, CoCreateInstance, (REFCLSID kind, IUnknown* outer, DWORD context, REFIID id, LPVOID* object),
     ("CoCreateInstance"), refused, own(kind, outer, context, id, object))
 REFUSABLE("user32", HMONITOR, MonitorFromWindow, (HWND window, DWORD flags), ("MonitorFromWindow"), nullptr,
