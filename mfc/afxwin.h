@@ -176,7 +176,8 @@ void AfxHookWindowCreate(CWnd* pWnd);
 // Ends that, whether a window has come or not.
 void AfxUnhookWindowCreate();
 
-// The application. One object, a static; WinMain runs InitInstance of it, and Run if that gives true.
+// The application. One object, a static; WinMain runs InitInstance of it, whose windows are modal: no loop
+// of messages comes after it, whatever it gives.
 class CWinApp : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWinApp)
@@ -187,7 +188,6 @@ public:
     ~CWinApp() override;
 
     virtual BOOL InitInstance() { return TRUE; }
-    virtual int Run();
     virtual int ExitInstance() { return 0; }
 
     CString m_strAppName;

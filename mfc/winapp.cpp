@@ -36,17 +36,6 @@ CWinApp::~CWinApp()
     g_app = nullptr;
 }
 
-int CWinApp::Run()
-{
-    MSG message = {};
-    while (GetMessageW(&message, nullptr, 0, 0))
-    {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    return ExitInstance();
-}
-
 CWinApp* AfxGetApp()
 {
     return g_app;

@@ -6,5 +6,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     // program's, where anybody may have put a file of that name.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     CWinApp* app = AfxGetApp();
-    return app->InitInstance() ? app->Run() : app->ExitInstance();
+    app->InitInstance();
+    return app->ExitInstance();
 }
