@@ -27,7 +27,7 @@ public:
     bool EndBy(int button, const Sheet& sheet) const;
     // Whether the program has ended with 0, waiting for that some seconds.
     bool WaitForEnd() const;
-    // The titles of its visible top-level windows.
+    // The titles of its visible top-level windows: those of its first thread, which has them all.
     std::vector<Text> Windows() const;
     // Its visible top-level window of that title, waiting for that some seconds.
     HWND WaitForWindow(const Text& title) const;
