@@ -119,9 +119,10 @@ void RunEditor() {
 // Where a page looks for settings. Ports are keys of any names below their table's.
 Places PlacesOf(const Text& tab) {
     Places places;
-    for (const auto& [page, kind, control, key, name, initial, changed, tools] : SettingsOf(tab)) {
-        const Text table = key.substr(0, key.rfind(_T('\\')) + 1);
-        places.push_back({name == _T("PacketType") ? table : key, name, initial.type == REG_SZ});
+    for (const Setting& setting : SettingsOf(tab)) {
+        const Text table = setting.key.substr(0, setting.key.rfind(_T('\\')) + 1);
+        const bool isPort = setting.name == _T("PacketType");
+        places.push_back({isPort ? table : setting.key, setting.name, setting.initial.type == REG_SZ});
     }
     return places;
 }
