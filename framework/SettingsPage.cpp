@@ -11,11 +11,6 @@ END_MESSAGE_MAP()
 
 CSettingsPage::CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
 
-CSettingsPage::~CSettingsPage()
-{
-    m_pToolTip.reset();
-}
-
 BOOL CSettingsPage::OnInitDialog()
 {
     LoadSettings();

@@ -16,7 +16,6 @@ class CSettingsPage : public CPropertyPage
 
 public:
     explicit CSettingsPage(UINT nIDTemplate);
-    ~CSettingsPage() override;
 
     // Whether some tool on this machine needs the page. True for a page that names no tool.
     bool ConcernsInstalledTool() const;

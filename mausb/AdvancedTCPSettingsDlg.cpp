@@ -23,8 +23,6 @@ CAdvancedTCPSettingsDlg::CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings)
 {
 }
 
-CAdvancedTCPSettingsDlg::~CAdvancedTCPSettingsDlg() = default;
-
 void CAdvancedTCPSettingsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CDialogEx::DoDataExchange(pDX);

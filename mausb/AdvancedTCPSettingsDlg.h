@@ -23,7 +23,6 @@ class CAdvancedTCPSettingsDlg : public CDialogEx
 public:
     // The record stays the caller's; OK changes it.
     explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);
-    ~CAdvancedTCPSettingsDlg() override;
 
     DECLARE_MESSAGE_MAP()
 

@@ -41,8 +41,6 @@ CMAUSBHubUnderTestParamsDlg::CMAUSBHubUnderTestParamsDlg() : CSettingsPage(IDD_M
     AddProduct(KauriQB);
 }
 
-CMAUSBHubUnderTestParamsDlg::~CMAUSBHubUnderTestParamsDlg() = default;
-
 void CMAUSBHubUnderTestParamsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
@@ -90,9 +88,4 @@ void CMAUSBHubUnderTestParamsDlg::OnRetries(UINT id)
             CheckModified(this->*setting.member);
         }
     }
-}
-
-void CMAUSBHubUnderTestParamsDlg::OnSendsGetPortBWReq()
-{
-    CheckModified(m_nSendsGetPortBWReq);
 }

@@ -9,7 +9,6 @@ class CMAUSBHubUnderTestParamsDlg : public CSettingsPage
 
 public:
     CMAUSBHubUnderTestParamsDlg();
-    ~CMAUSBHubUnderTestParamsDlg() override;
 
     DECLARE_MESSAGE_MAP()
 
@@ -20,7 +19,7 @@ protected:
     void LoadSettings() override;
 
     afx_msg void OnRetries(UINT id);
-    afx_msg void OnSendsGetPortBWReq();
+    afx_msg void OnSendsGetPortBWReq() { CheckModified(m_nSendsGetPortBWReq); }
 
 private:
     struct RetrySetting

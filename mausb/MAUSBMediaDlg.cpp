@@ -66,8 +66,6 @@ CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
     AddName(IDC_TCP_SERVER_PORTS, _T("Server Port Numbers"));
 }
 
-CMAUSBMediaDlg::~CMAUSBMediaDlg() = default;
-
 void CMAUSBMediaDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
@@ -200,56 +198,6 @@ void CMAUSBMediaDlg::OnNetworkType(UINT id)
     SetModified(m_nNetworkType != before);
 }
 
-void CMAUSBMediaDlg::OnDefaultIPAddressTCPClient()
-{
-    CheckModified(m_strDefaultIPAddressTCPClient);
-}
-
-void CMAUSBMediaDlg::OnDefaultIPAddressUDP()
-{
-    CheckModified(m_strDefaultIPAddressUDP);
-}
-
-void CMAUSBMediaDlg::OnMACAddr()
-{
-    CheckModified(m_strMACAddr);
-}
-
-void CMAUSBMediaDlg::OnMaxBytesToLog()
-{
-    CheckModified(m_nMaxBytesToLog);
-}
-
-void CMAUSBMediaDlg::OnDefaultPortNumberUDP()
-{
-    CheckModified(m_nDefaultPortNumberUDP);
-}
-
-void CMAUSBMediaDlg::OnSnapIdOUI()
-{
-    CheckModified(m_nSnapIdOUI);
-}
-
-void CMAUSBMediaDlg::OnSnapIdPID()
-{
-    CheckModified(m_nSnapIdPID);
-}
-
-void CMAUSBMediaDlg::OnMaxPacketSizeTCP()
-{
-    CheckModified(m_nMaxPacketSizeTCP);
-}
-
-void CMAUSBMediaDlg::OnMaxPacketSizeUDP()
-{
-    CheckModified(m_nMaxPacketSizeUDP);
-}
-
-void CMAUSBMediaDlg::OnMaxPacketSizeSNAP()
-{
-    CheckModified(m_nMaxPacketSizeSNAP);
-}
-
 void CMAUSBMediaDlg::OnAdvancedTCP()
 {
     CAdvancedTCPSettingsDlg dialog(m_advancedTCP);
@@ -257,16 +205,6 @@ void CMAUSBMediaDlg::OnAdvancedTCP()
     {
         SetModified(TRUE);
     }
-}
-
-void CMAUSBMediaDlg::OnPortsClient()
-{
-    EditPorts(_T("Client Port Numbers"), m_portsClient);
-}
-
-void CMAUSBMediaDlg::OnPortsServer()
-{
-    EditPorts(_T("Server Port Numbers"), m_portsServer);
 }
 
 void CMAUSBMediaDlg::EditPorts(LPCTSTR title, PortTable& ports)

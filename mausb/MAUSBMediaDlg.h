@@ -12,7 +12,6 @@ class CMAUSBMediaDlg : public CSettingsPage
 
 public:
     CMAUSBMediaDlg();
-    ~CMAUSBMediaDlg() override;
 
     DECLARE_MESSAGE_MAP()
 
@@ -25,19 +24,19 @@ protected:
 
     afx_msg void OnNetworkLevelLog();
     afx_msg void OnNetworkType(UINT id);
-    afx_msg void OnDefaultIPAddressTCPClient();
-    afx_msg void OnDefaultIPAddressUDP();
-    afx_msg void OnMACAddr();
-    afx_msg void OnMaxBytesToLog();
-    afx_msg void OnDefaultPortNumberUDP();
-    afx_msg void OnSnapIdOUI();
-    afx_msg void OnSnapIdPID();
-    afx_msg void OnMaxPacketSizeTCP();
-    afx_msg void OnMaxPacketSizeUDP();
-    afx_msg void OnMaxPacketSizeSNAP();
+    afx_msg void OnDefaultIPAddressTCPClient() { CheckModified(m_strDefaultIPAddressTCPClient); }
+    afx_msg void OnDefaultIPAddressUDP() { CheckModified(m_strDefaultIPAddressUDP); }
+    afx_msg void OnMACAddr() { CheckModified(m_strMACAddr); }
+    afx_msg void OnMaxBytesToLog() { CheckModified(m_nMaxBytesToLog); }
+    afx_msg void OnDefaultPortNumberUDP() { CheckModified(m_nDefaultPortNumberUDP); }
+    afx_msg void OnSnapIdOUI() { CheckModified(m_nSnapIdOUI); }
+    afx_msg void OnSnapIdPID() { CheckModified(m_nSnapIdPID); }
+    afx_msg void OnMaxPacketSizeTCP() { CheckModified(m_nMaxPacketSizeTCP); }
+    afx_msg void OnMaxPacketSizeUDP() { CheckModified(m_nMaxPacketSizeUDP); }
+    afx_msg void OnMaxPacketSizeSNAP() { CheckModified(m_nMaxPacketSizeSNAP); }
     afx_msg void OnAdvancedTCP();
-    afx_msg void OnPortsClient();
-    afx_msg void OnPortsServer();
+    afx_msg void OnPortsClient() { EditPorts(_T("Client Port Numbers"), m_portsClient); }
+    afx_msg void OnPortsServer() { EditPorts(_T("Server Port Numbers"), m_portsServer); }
 
 private:
     static constexpr int NetworkTCP = 0;

@@ -58,8 +58,6 @@ CMAUSBProtocolConstantsDlg::CMAUSBProtocolConstantsDlg() : CSettingsPage(IDD_MAU
     AddName(IDC_ISOCH_DELAY_SNAP, _T("aMaxIsochLinkDelay, SNAP"));
 }
 
-CMAUSBProtocolConstantsDlg::~CMAUSBProtocolConstantsDlg() = default;
-
 void CMAUSBProtocolConstantsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
@@ -118,21 +116,6 @@ void CMAUSBProtocolConstantsDlg::OnField(UINT id)
             CheckModified(this->*setting.member);
         }
     }
-}
-
-void CMAUSBProtocolConstantsDlg::OnSetToDefault()
-{
-    ResetGroup(Group::ResponseTimes);
-}
-
-void CMAUSBProtocolConstantsDlg::OnSetToSuggested()
-{
-    ResetGroup(Group::Delays);
-}
-
-void CMAUSBProtocolConstantsDlg::OnSetToMinimum()
-{
-    ResetGroup(Group::Retries);
 }
 
 void CMAUSBProtocolConstantsDlg::ResetGroup(Group group)

@@ -9,7 +9,6 @@ class CMAUSBProtocolConstantsDlg : public CSettingsPage
 
 public:
     CMAUSBProtocolConstantsDlg();
-    ~CMAUSBProtocolConstantsDlg() override;
 
     DECLARE_MESSAGE_MAP()
 
@@ -20,9 +19,9 @@ protected:
     void LoadSettings() override;
 
     afx_msg void OnField(UINT id);
-    afx_msg void OnSetToDefault();
-    afx_msg void OnSetToSuggested();
-    afx_msg void OnSetToMinimum();
+    afx_msg void OnSetToDefault() { ResetGroup(Group::ResponseTimes); }
+    afx_msg void OnSetToSuggested() { ResetGroup(Group::Delays); }
+    afx_msg void OnSetToMinimum() { ResetGroup(Group::Retries); }
 
 private:
     enum class Group

@@ -20,9 +20,6 @@ END_MESSAGE_MAP()
 
 namespace
 {
-constexpr int AlignedToByte = 1;
-constexpr int AlignedToDword = 4;
-
 const WideString NameProtocolVersion = _T("MAUSBProtocolVersion");
 const WideString NameIsochPayloadAlignment = _T("IsochPayloadAlignment");
 const WideString NameRootHubUUID = _T("RootHubUUID");
@@ -43,8 +40,6 @@ CMAUSBSettingsDlg::CMAUSBSettingsDlg() : CSettingsPage(IDD_MAUSB_SETTINGS)
     UuidCreateNil(&m_RootHubUUID);
     AddProduct(KauriQB);
 }
-
-CMAUSBSettingsDlg::~CMAUSBSettingsDlg() = default;
 
 void CMAUSBSettingsDlg::DoDataExchange(CDataExchange* pDX)
 {
@@ -164,26 +159,6 @@ void CMAUSBSettingsDlg::ShowContainerId()
     m_edContainerId.SetWindowText(text);
 }
 
-void CMAUSBSettingsDlg::OnProtocolVersion()
-{
-    CheckModified(m_nProtocolVersionIndex);
-}
-
-void CMAUSBSettingsDlg::OnMaxUSBTransferSize()
-{
-    CheckModified(m_nMaxUSBTransferSize);
-}
-
-void CMAUSBSettingsDlg::OnAlignmentByte()
-{
-    SetIsochPayloadAlignment(AlignedToByte);
-}
-
-void CMAUSBSettingsDlg::OnAlignmentDword()
-{
-    SetIsochPayloadAlignment(AlignedToDword);
-}
-
 void CMAUSBSettingsDlg::SetIsochPayloadAlignment(int alignment)
 {
     const int before = m_nIsochPayloadAlignment;
@@ -213,16 +188,6 @@ void CMAUSBSettingsDlg::OnNewId()
         UpdateData(TRUE);
         SetModified(TRUE);
     }
-}
-
-void CMAUSBSettingsDlg::OnRefuseSleepRequests()
-{
-    CheckModified(m_nRefuseSleepRequests);
-}
-
-void CMAUSBSettingsDlg::OnLinkSleepCapability()
-{
-    CheckModified(m_nLinkSleepCapability);
 }
 
 void CMAUSBSettingsDlg::OnUseDefaultMaxUSBTransferSize()

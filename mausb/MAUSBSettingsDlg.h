@@ -12,7 +12,6 @@ class CMAUSBSettingsDlg : public CSettingsPage
 
 public:
     CMAUSBSettingsDlg();
-    ~CMAUSBSettingsDlg() override;
 
     DECLARE_MESSAGE_MAP()
 
@@ -24,16 +23,20 @@ protected:
     void LoadSettings() override;
     void UpdateControlStates() override;
 
-    afx_msg void OnProtocolVersion();
-    afx_msg void OnMaxUSBTransferSize();
-    afx_msg void OnAlignmentByte();
-    afx_msg void OnAlignmentDword();
+    afx_msg void OnProtocolVersion() { CheckModified(m_nProtocolVersionIndex); }
+    afx_msg void OnMaxUSBTransferSize() { CheckModified(m_nMaxUSBTransferSize); }
+    afx_msg void OnAlignmentByte() { SetIsochPayloadAlignment(AlignedToByte); }
+    afx_msg void OnAlignmentDword() { SetIsochPayloadAlignment(AlignedToDword); }
     afx_msg void OnNewId();
-    afx_msg void OnRefuseSleepRequests();
-    afx_msg void OnLinkSleepCapability();
+    afx_msg void OnRefuseSleepRequests() { CheckModified(m_nRefuseSleepRequests); }
+    afx_msg void OnLinkSleepCapability() { CheckModified(m_nLinkSleepCapability); }
     afx_msg void OnUseDefaultMaxUSBTransferSize();
 
 private:
+    // As they are stored.
+    static constexpr int AlignedToByte = 1;
+    static constexpr int AlignedToDword = 4;
+
     void LoadIsochPayloadAlignment();
     void SetIsochPayloadAlignment(int alignment);
     // To the button that is checked.
@@ -43,8 +46,8 @@ private:
     void ShowContainerId();
     void EnableMaxUSBTransferSize();
 
-    int m_nIsochPayloadAlignment = 1;  // 1 for BYTE, 4 for DWORD
-    UUID m_RootHubUUID;                // the Container ID; nil for none yet
+    int m_nIsochPayloadAlignment = AlignedToByte;
+    UUID m_RootHubUUID;  // the Container ID; nil for none yet
     CEdit m_edContainerId;
     int m_nRefuseSleepRequests = 0;
     CButton m_btnRefuseSleepRequests;

@@ -49,8 +49,6 @@ CPortNumbersDialog::CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* pa
 {
 }
 
-CPortNumbersDialog::~CPortNumbersDialog() = default;
-
 UINT CPortNumbersDialog::ParsePortText(const CString& text)
 {
     if (text.FindOneOf(_T("123456789")) < 0)

@@ -16,7 +16,6 @@ public:
     // The table stays the caller's. OK leaves it with four entries, in the order of the rows, empty rows
     // included.
     CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent);
-    ~CPortNumbersDialog() override;
 
     // 1 to 65535 as the text begins with it, and 0 for any other text.
     static UINT ParsePortText(const CString& text);

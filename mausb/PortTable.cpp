@@ -27,8 +27,8 @@ void ReadPacketType(HKEY key, int& packetType)
 
 bool WritePort(HKEY tableKey, const PortEntry& entry)
 {
-    TCHAR name[11] = {};  // ten digits
-    _sntprintf(name, 10, _T("%u"), entry.PortNumber);
+    CString name;
+    name.Format(_T("%u"), entry.PortNumber);
     HKEY created = nullptr;
     if (RegCreateKeyExW(tableKey, name, 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite, nullptr, &created,
                         nullptr) != ERROR_SUCCESS)

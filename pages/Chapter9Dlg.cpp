@@ -77,13 +77,3 @@ void CChapter9Dlg::InitToolTips()
             _T("than or equal to 2.00.  The test will exit with a warning."));
     }
 }
-
-void CChapter9Dlg::OnAlderSkipBos()
-{
-    CheckModified(SkipBOSDescriptorLegacyDevicesAlderQB);
-}
-
-void CChapter9Dlg::OnBirchSkipBos()
-{
-    CheckModified(SkipBOSDescriptorLegacyDevicesBirchQB);
-}

@@ -19,8 +19,8 @@ protected:
     void LoadSettings() override;
     void UpdateControlStates() override;
 
-    afx_msg void OnAlderSkipBos();
-    afx_msg void OnBirchSkipBos();
+    afx_msg void OnAlderSkipBos() { CheckModified(SkipBOSDescriptorLegacyDevicesAlderQB); }
+    afx_msg void OnBirchSkipBos() { CheckModified(SkipBOSDescriptorLegacyDevicesBirchQB); }
 
 private:
     int SkipBOSDescriptorLegacyDevicesAlderQB = 0;

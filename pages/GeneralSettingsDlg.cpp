@@ -92,18 +92,3 @@ void CGeneralSettingsDlg::InitToolTips()
                _T("display window.  ")
                _T("Increase the value if QB becomes unresponsive with large quantities of output."));
 }
-
-void CGeneralSettingsDlg::OnCertificationMode()
-{
-    CheckModified(CertificationMode);
-}
-
-void CGeneralSettingsDlg::OnLogVerbosity()
-{
-    CheckModified(QBLogVerbosity);
-}
-
-void CGeneralSettingsDlg::OnDisplayUpdateTime()
-{
-    CheckModified(QBMinimumDisplayUpdateTime);
-}

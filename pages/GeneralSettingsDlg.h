@@ -19,9 +19,9 @@ protected:
     void LoadSettings() override;
     void UpdateControlStates() override;
 
-    afx_msg void OnCertificationMode();
-    afx_msg void OnLogVerbosity();
-    afx_msg void OnDisplayUpdateTime();
+    afx_msg void OnCertificationMode() { CheckModified(CertificationMode); }
+    afx_msg void OnLogVerbosity() { CheckModified(QBLogVerbosity); }
+    afx_msg void OnDisplayUpdateTime() { CheckModified(QBMinimumDisplayUpdateTime); }
 
 private:
     int CertificationMode = 0;

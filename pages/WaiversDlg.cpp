@@ -58,13 +58,3 @@ void CWaiversDlg::UpdateControlStates()
         m_btnPortNum.EnableWindow(FALSE);
     }
 }
-
-void CWaiversDlg::OnPortNum()
-{
-    CheckModified(WaiverPortNum);
-}
-
-void CWaiversDlg::OnBtRemoteWake()
-{
-    CheckModified(BT_RemoteWake_Waiver);
-}

@@ -19,8 +19,8 @@ protected:
     void LoadSettings() override;
     void UpdateControlStates() override;
 
-    afx_msg void OnPortNum();
-    afx_msg void OnBtRemoteWake();
+    afx_msg void OnPortNum() { CheckModified(WaiverPortNum); }
+    afx_msg void OnBtRemoteWake() { CheckModified(BT_RemoteWake_Waiver); }
 
 private:
     CButton m_btnPortNum;

@@ -1,3 +1,0 @@
-#include "afx.h"
-
-const CRuntimeClass CObject::classCObject = {"CObject", nullptr};
