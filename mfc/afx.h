@@ -19,7 +19,7 @@ public:
 
     virtual const CRuntimeClass* GetRuntimeClass() const { return &classCObject; }
 
-    static const CRuntimeClass classCObject;
+    static constexpr CRuntimeClass classCObject = {"CObject", nullptr};
 };
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)

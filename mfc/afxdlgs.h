@@ -27,14 +27,14 @@ public:
     // Members to controls, except the first time, when OnInitDialog has just done it. False: another page.
     virtual BOOL OnSetActive();
     // Controls to members. False: the sheet stays on this page.
-    virtual BOOL OnKillActive();
+    virtual BOOL OnKillActive() { return UpdateData(TRUE); }
     virtual BOOL OnApply();
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
-    void OnOK() override;
-    void OnCancel() override;
+    void OnOK() override { SetModified(FALSE); }
+    void OnCancel() override {}
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
 private:
@@ -58,7 +58,7 @@ public:
     PROPSHEETHEADERW m_psh = {};
 
     // Appends a page, which the caller keeps. Its window is made when the page is first displayed.
-    void AddPage(CPropertyPage* pPage);
+    void AddPage(CPropertyPage* pPage) { m_pages.push_back(pPage); }
     // Before the sheet is up: the page it opens on. False if the page isn't in the sheet.
     BOOL SetActivePage(CPropertyPage* pPage);
 
@@ -70,7 +70,6 @@ public:
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-    BOOL OnCmdMsg(UINT nID, UINT nCode) override;
 
 private:
     void RestoreFocus();

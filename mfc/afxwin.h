@@ -14,7 +14,7 @@ class CCmdTarget : public CObject
 public:
     // Runs the handler that the message maps name for a command or control notification; false if there is
     // none.
-    virtual BOOL OnCmdMsg(UINT nID, UINT nCode);
+    BOOL OnCmdMsg(UINT nID, UINT nCode);
 
 protected:
     static const AFX_MSGMAP* GetThisMessageMap();
@@ -41,15 +41,15 @@ public:
     static void DeleteTempMap();
 
     BOOL SubclassWindow(HWND hWnd);
-    BOOL DestroyWindow();
+    BOOL DestroyWindow() { return m_hWnd != nullptr && ::DestroyWindow(m_hWnd); }
 
     // Null if the window has no such child.
     CWnd* GetDlgItem(int nID) const;
-    BOOL EnableWindow(BOOL bEnable = TRUE);
+    BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
     // Takes styles away, then adds some. False if that changed nothing.
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd);
-    BOOL ShowWindow(int nCmdShow);
-    void SetWindowText(LPCTSTR lpszString);
+    BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
+    void SetWindowText(LPCTSTR lpszString) { ::SetWindowTextW(m_hWnd, lpszString); }
     void GetWindowText(CString& rString) const;
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     // Centres the window over its owner, or on its monitor, and keeps it on that monitor.
@@ -62,7 +62,7 @@ public:
     // from CToolTipCtrl::AddTool, so this has no further effect.
     BOOL EnableToolTips(BOOL) { return TRUE; }
 
-    virtual BOOL PreTranslateMessage(MSG* pMsg);
+    virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
     // Shows the window and runs messages until EndModalLoop, or until ContinueModal says no; gives
     // EndModalLoop's result.
@@ -77,14 +77,14 @@ protected:
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    virtual void DoDataExchange(CDataExchange* pDX);
+    virtual BOOL OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
+    virtual void DoDataExchange(CDataExchange*) {}
 
     // Default processing of the message in hand, with the arguments it came with.
     LRESULT Default();
     static const MSG* GetCurrentMessage();
 
-    afx_msg BOOL OnNcCreate(LPCREATESTRUCTW lpCreateStruct);
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCTW) { return static_cast<BOOL>(Default()); }
 
     DECLARE_MESSAGE_MAP()
 
@@ -134,7 +134,7 @@ public:
     int AddString(LPCTSTR lpszString);
     int SetCurSel(int nSelect);
     // CB_ERR if nothing is selected.
-    int GetCurSel();
+    int GetCurSel() { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
     // CB_ERR if there is none. The search begins behind nStartAfter and wraps.
     int FindStringExact(int nStartAfter, LPCTSTR lpszString);
     // Leaves the text empty if there is no such item.
@@ -150,15 +150,14 @@ public:
 
     // IDOK, IDCANCEL or what EndDialog was given; -1 if the dialog could not be made.
     virtual int DoModal();
-    void EndDialog(int nResult);
+    void EndDialog(int nResult) { EndModalLoop(nResult); }
 
     virtual BOOL OnInitDialog();
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
     virtual void OnOK();
-    virtual void OnCancel();
-    BOOL OnCmdMsg(UINT nID, UINT nCode) override;
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
 
     UINT m_nIDTemplate;
     CWnd* m_pParentWnd;

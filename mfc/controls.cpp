@@ -27,11 +27,6 @@ int CComboBox::SetCurSel(int nSelect)
     return static_cast<int>(SendMessage(CB_SETCURSEL, static_cast<WPARAM>(nSelect)));
 }
 
-int CComboBox::GetCurSel()
-{
-    return static_cast<int>(SendMessage(CB_GETCURSEL));
-}
-
 int CComboBox::FindStringExact(int nStartAfter, LPCTSTR lpszString)
 {
     return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(nStartAfter),

@@ -63,11 +63,6 @@ int CDialog::DoModal()
     return m_nModalResult;
 }
 
-void CDialog::EndDialog(int nResult)
-{
-    EndModalLoop(nResult);
-}
-
 BOOL CDialog::OnInitDialog()
 {
     UpdateData(FALSE);
@@ -86,11 +81,6 @@ void CDialog::OnOK()
     }
 }
 
-void CDialog::OnCancel()
-{
-    EndDialog(IDCANCEL);
-}
-
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
 {
     if (CWnd::PreTranslateMessage(pMsg))
@@ -100,10 +90,4 @@ BOOL CDialog::PreTranslateMessage(MSG* pMsg)
     const bool isInput = (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) ||
                          (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST);
     return isInput && m_hWnd != nullptr && IsDialogMessageW(m_hWnd, pMsg);
-}
-
-// A command that the dialog has no handler for is the application's.
-BOOL CDialog::OnCmdMsg(UINT nID, UINT nCode)
-{
-    return CWnd::OnCmdMsg(nID, nCode) || (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(nID, nCode));
 }

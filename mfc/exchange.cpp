@@ -1,6 +1,6 @@
 #include "afxwin.h"
 
-#include <climits>
+#include <limits>
 #include <vector>
 
 HWND CDataExchange::PrepareCtrl(int nIDC)
@@ -60,70 +60,33 @@ void SetTextIfDifferent(HWND control, const CString& text)
     }
 }
 
-bool IsBlank(TCHAR character)
-{
-    return character == _T(' ') || character == _T('\t');
-}
-
 // The whole text as one decimal number from `least` to `most`, blanks around it allowed.
 bool ParseNumber(LPCTSTR text, long long least, long long most, long long* number)
 {
-    while (IsBlank(*text))
+    TCHAR* end = nullptr;
+    *number = _tcstoi64(text, &end, 10);
+    const bool hasDigits = end != text;
+    while (*end == _T(' ') || *end == _T('\t'))
     {
-        ++text;
+        ++end;
     }
-    const bool negative = *text == _T('-');
-    if (negative || *text == _T('+'))
-    {
-        ++text;
-    }
-    if (*text < _T('0') || *text > _T('9'))
-    {
-        return false;
-    }
-    long long value = 0;
-    for (; *text >= _T('0') && *text <= _T('9'); ++text)
-    {
-        value = value * 10 + (*text - _T('0'));
-        if (value > UINT_MAX + 1LL)
-        {
-            return false;
-        }
-    }
-    while (IsBlank(*text))
-    {
-        ++text;
-    }
-    *number = negative ? -value : value;
-    return *text == 0 && *number >= least && *number <= most;
-}
-
-CString FormatNumber(int value)
-{
-    CString text;
-    text.Format(_T("%d"), value);
-    return text;
-}
-
-CString FormatNumber(UINT value)
-{
-    CString text;
-    text.Format(_T("%u"), value);
-    return text;
+    return hasDigits && *end == 0 && *number >= least && *number <= most;
 }
 
 template <class Number>
-void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, long long least, long long most,
-                    LPCTSTR prompt)
+void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, LPCTSTR format, LPCTSTR prompt)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
     if (!pDX->m_bSaveAndValidate)
     {
-        SetTextIfDifferent(control, FormatNumber(value));
+        CString text;
+        text.Format(format, value);
+        SetTextIfDifferent(control, text);
         return;
     }
     long long number = 0;
-    if (!ParseNumber(WindowText(control), least, most, &number))
+    using Limits = std::numeric_limits<Number>;
+    if (!ParseNumber(WindowText(control), Limits::min(), Limits::max(), &number))
     {
         AfxMessageBox(prompt, MB_OK | MB_ICONEXCLAMATION);
         pDX->Fail();
@@ -148,12 +111,12 @@ void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT 
 
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value)
 {
-    ExchangeNumber(pDX, nIDC, value, INT_MIN, INT_MAX, _T("Please enter an integer."));
+    ExchangeNumber(pDX, nIDC, value, _T("%d"), _T("Please enter an integer."));
 }
 
 void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value)
 {
-    ExchangeNumber(pDX, nIDC, value, 0, UINT_MAX, _T("Please enter a positive integer."));
+    ExchangeNumber(pDX, nIDC, value, _T("%u"), _T("Please enter a positive integer."));
 }
 
 void DDX_Text(CDataExchange* pDX, int nIDC, CString& value)

@@ -3,6 +3,8 @@
 #include <objbase.h>
 #include <shobjidl.h>
 
+#include <algorithm>
+
 namespace
 {
 // Releases a COM object at the end of its scope.
@@ -30,32 +32,16 @@ private:
 };
 
 // Cuts "text|pattern|text|pattern||" into pairs that point into the given text.
-std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter)
+std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
 {
     std::vector<COMDLG_FILTERSPEC> pairs;
-    TCHAR* part = filter;
-    LPCTSTR text = nullptr;
-    for (TCHAR* position = filter; *position != 0; ++position)
+    TCHAR* const end = filter + length;
+    std::replace(filter, end, _T('|'), _T('\0'));
+    for (LPCTSTR text = filter; text < end && *text != 0;)
     {
-        if (*position != _T('|'))
-        {
-            continue;
-        }
-        *position = 0;
-        if (*part == 0)
-        {
-            break;
-        }
-        if (text == nullptr)
-        {
-            text = part;
-        }
-        else
-        {
-            pairs.push_back({text, part});
-            text = nullptr;
-        }
-        part = position + 1;
+        const LPCTSTR pattern = text + lstrlenW(text) + 1;
+        pairs.push_back({text, pattern});
+        text = pattern + lstrlenW(pattern) + 1;
     }
     return pairs;
 }
@@ -104,7 +90,7 @@ INT_PTR CFileDialog::DoModal()
     options |= m_ofn.Flags & OFN_OVERWRITEPROMPT;
     dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
     const int length = m_strFilter.GetLength();
-    const std::vector<COMDLG_FILTERSPEC> filter = SplitFilter(m_strFilter.GetBuffer(length));
+    const std::vector<COMDLG_FILTERSPEC> filter = SplitFilter(m_strFilter.GetBuffer(length), length);
     if (!filter.empty())
     {
         dialog->SetFileTypes(static_cast<UINT>(filter.size()), filter.data());

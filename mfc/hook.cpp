@@ -8,7 +8,7 @@ HHOOK g_hook;
 bool IsDialogClass(HWND window)
 {
     TCHAR name[8] = {};
-    return GetClassNameW(window, name, 8) == 6 && _tcscmp(name, _T("#32770")) == 0;
+    return GetClassNameW(window, name, 8) == 6 && lstrcmpW(name, _T("#32770")) == 0;
 }
 
 LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)

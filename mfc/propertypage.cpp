@@ -54,23 +54,11 @@ BOOL CPropertyPage::OnSetActive()
     return TRUE;
 }
 
-BOOL CPropertyPage::OnKillActive()
-{
-    return UpdateData(TRUE);
-}
-
 BOOL CPropertyPage::OnApply()
 {
     OnOK();
     return TRUE;
 }
-
-void CPropertyPage::OnOK()
-{
-    SetModified(FALSE);
-}
-
-void CPropertyPage::OnCancel() {}
 
 BOOL CPropertyPage::PreTranslateMessage(MSG* pMsg)
 {

@@ -11,11 +11,6 @@ CPropertySheet::CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd, UINT iSelec
     m_psh.nStartPage = iSelectPage;
 }
 
-void CPropertySheet::AddPage(CPropertyPage* pPage)
-{
-    m_pages.push_back(pPage);
-}
-
 BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
 {
     for (UINT index = 0; index < m_pages.size(); ++index)
@@ -119,9 +114,4 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
         RestoreFocus();
     }
     return TRUE;
-}
-
-BOOL CPropertySheet::OnCmdMsg(UINT nID, UINT nCode)
-{
-    return CWnd::OnCmdMsg(nID, nCode) || (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(nID, nCode));
 }

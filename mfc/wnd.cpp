@@ -94,11 +94,6 @@ BOOL CWnd::SubclassWindow(HWND hWnd)
     return TRUE;
 }
 
-BOOL CWnd::DestroyWindow()
-{
-    return m_hWnd != nullptr && ::DestroyWindow(m_hWnd);
-}
-
 LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     CWnd* window = FromHandlePermanent(hWnd);
@@ -181,13 +176,11 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
     {
         return TRUE;
     }
-    // A menu or accelerator has no control, and its notification code is not one.
-    return OnCmdMsg(LOWORD(wParam), lParam != 0 ? HIWORD(wParam) : 0);
-}
-
-BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*)
-{
-    return FALSE;
+    // A menu or accelerator has no control, and its notification code is not one. What the window has no
+    // handler for is the application's.
+    const UINT code = lParam != 0 ? HIWORD(wParam) : 0;
+    return OnCmdMsg(LOWORD(wParam), code) ||
+           (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(LOWORD(wParam), code));
 }
 
 LRESULT CWnd::Default()
@@ -220,11 +213,4 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
     }
     g_lockedOutWindow = outer;
     return succeeded;
-}
-
-void CWnd::DoDataExchange(CDataExchange*) {}
-
-BOOL CWnd::OnNcCreate(LPCREATESTRUCTW)
-{
-    return static_cast<BOOL>(Default());
 }

@@ -8,11 +8,6 @@ CWnd* CWnd::GetDlgItem(int nID) const
     return m_hWnd == nullptr ? nullptr : FromHandle(::GetDlgItem(m_hWnd, nID));
 }
 
-BOOL CWnd::EnableWindow(BOOL bEnable)
-{
-    return ::EnableWindow(m_hWnd, bEnable);
-}
-
 BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
 {
     const auto before = static_cast<DWORD>(GetWindowLongW(m_hWnd, GWL_STYLE));
@@ -23,16 +18,6 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
     }
     SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(after));
     return TRUE;
-}
-
-BOOL CWnd::ShowWindow(int nCmdShow)
-{
-    return ::ShowWindow(m_hWnd, nCmdShow);
-}
-
-void CWnd::SetWindowText(LPCTSTR lpszString)
-{
-    ::SetWindowTextW(m_hWnd, lpszString);
 }
 
 void CWnd::GetWindowText(CString& rString) const
@@ -73,11 +58,6 @@ void CWnd::CenterWindow()
     ::SetWindowPos(m_hWnd, nullptr, std::max(screen.left, std::min(left, screen.right - width)),
                    std::max(screen.top, std::min(top, screen.bottom - height)), 0, 0,
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-BOOL CWnd::PreTranslateMessage(MSG*)
-{
-    return FALSE;
 }
 
 namespace

@@ -15,6 +15,4 @@ inline const auto _sntprintf = RuntimeFunction<int __cdecl(TCHAR*, size_t, const
 inline const auto _sntscanf =
     RuntimeFunction<int __cdecl(const TCHAR*, size_t, const TCHAR*, ...)>("_snwscanf");
 inline const auto _tcstoul = RuntimeFunction<DWORD __cdecl(const TCHAR*, TCHAR**, int)>("wcstoul");
-inline const auto _tcstol = RuntimeFunction<LONG __cdecl(const TCHAR*, TCHAR**, int)>("wcstol");
-inline const auto _tcscmp = RuntimeFunction<int __cdecl(const TCHAR*, const TCHAR*)>("wcscmp");
-inline const auto _tcsicmp = RuntimeFunction<int __cdecl(const TCHAR*, const TCHAR*)>("_wcsicmp");
+inline const auto _tcstoi64 = RuntimeFunction<LONGLONG __cdecl(const TCHAR*, TCHAR**, int)>("_wcstoi64");

@@ -9,7 +9,6 @@
 
 namespace
 {
-constexpr int IdApply = 0x3021;  // what the common control numbers its Apply button
 constexpr UINT GiveUpMilliseconds = 20000;
 
 // Another program that hangs fails the test rather than holding it up for ever.
@@ -40,7 +39,7 @@ bool IsOf(HWND window, LPCTSTR className)
 {
     TCHAR name[32] = {};
     GetClassNameW(window, name, 32);
-    return _tcsicmp(name, className) == 0;
+    return lstrcmpiW(name, className) == 0;
 }
 
 std::vector<HWND> ControlsOf(HWND dialog)
@@ -109,11 +108,6 @@ void Form::Click(int id) const
     {
         Send(Control(id), BM_CLICK);
     }
-}
-
-void Form::ClickToOpen(int id) const
-{
-    PostMessageW(Control(id), BM_CLICK, 0, 0);
 }
 
 void Form::Type(int id, const Text& keys) const
@@ -202,11 +196,6 @@ std::vector<Text> Sheet::OpenAll() const
         titles.push_back(Form(Page()).Title());
     }
     return titles;
-}
-
-HWND Sheet::ApplyButton() const
-{
-    return GetDlgItem(Window(), IdApply);
 }
 
 void Sheet::Press(HWND button)
