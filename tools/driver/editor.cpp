@@ -48,11 +48,6 @@ EditorProcess::~EditorProcess()
     CloseHandle(m_process.hProcess);
 }
 
-bool EditorProcess::Runs() const
-{
-    return WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT;
-}
-
 bool EditorProcess::EndBy(int button, const Sheet& sheet) const
 {
     Form(sheet.Window()).ClickToOpen(button);

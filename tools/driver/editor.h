@@ -22,7 +22,7 @@ public:
 
     DWORD Id() const { return m_process.dwProcessId; }
     HANDLE Handle() const { return m_process.hProcess; }
-    bool Runs() const;
+    bool Runs() const { return WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT; }
     // Clicks a button of the sheet that closes it; whether the program has ended with 0, as WaitForEnd.
     bool EndBy(int button, const Sheet& sheet) const;
     // Whether the program has ended with 0, waiting for that some seconds.

@@ -45,7 +45,7 @@ public:
     // Returns when the program has dealt with it. Does nothing to a disabled control, as a user's click.
     void Click(int id) const;
     // For a button of another program that opens or closes a dialog: returns at once.
-    void ClickToOpen(int id) const;
+    void ClickToOpen(int id) const { PostMessageW(Control(id), BM_CLICK, 0, 0); }
     // Puts the focus on the control, in this program, and types at its caret; '\b' is Backspace.
     void Type(int id, const Text& keys) const;
     // Types before all that stands in the edit.
@@ -81,12 +81,14 @@ public:
     // Opens every page and gives their titles, in the tabs' order.
     std::vector<Text> OpenAll() const;
 
-    HWND ApplyButton() const;
+    HWND ApplyButton() const { return GetDlgItem(Window(), IdApply); }
     bool CanApply() const { return IsWindowEnabled(ApplyButton()) != FALSE; }
     void Apply() const { Press(ApplyButton()); }
     void Ok() const { Press(GetDlgItem(Window(), IDOK)); }
     void Cancel() const { Press(GetDlgItem(Window(), IDCANCEL)); }
 
 private:
+    static constexpr int IdApply = 0x3021;  // what the common control numbers its Apply button
+
     static void Press(HWND button);
 };
