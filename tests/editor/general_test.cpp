@@ -14,41 +14,30 @@ void AllowDiagnostic(const char* value) {
     putenv(variable.data());
 }
 
-class GeneralTest : public SettingsTest {
-protected:
-    void TearDown() override {
-        AllowDiagnostic("");
-        SettingsTest::TearDown();
-    }
-};
+using GeneralTest = SettingsTest;
 }  // namespace
 
 TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered) {
     std::vector<Text> levels = {_T("Quiet"), _T("Minimal"), _T("Low"), _T("Normal"), _T("Verbose"), _T("Diagnostic")};
-    struct Case {
-        const char* variable;
-        DWORD stored;
-        LRESULT shown;
-        DWORD saved;
-        size_t items;
-    };
-    for (const Case& c :
-         {Case{"1", 5, 5, 5, 6}, Case{"no", 0x7FFFFFFF, 5, 5, 6}, Case{"false", 0xFFFFFFFF, -1, 0xFFFFFFFF, 6},
-          Case{"", 5, 4, 4, 5}, Case{"0123", 6, 4, 4, 5}, Case{"", 0x80000001, -1, 0xFFFFFFFF, 5}}) {
-        SCOPED_TRACE(testing::Message() << c.stored);
-        AllowDiagnostic(c.variable);
-        Store(keys::Bench, _T("QBLogVerbosity"), Dword(c.stored));
-        levels.resize(c.items);
+    // What is shown, -1 for none, is saved.
+    const std::tuple<const char*, size_t, DWORD, int> cases[] = {
+        {"1", 6, 5, 5}, {"no", 6, 0x7FFFFFFF, 5}, {"false", 6, 0xFFFFFFFF, -1},
+        {"", 5, 5, 4},  {"0123", 5, 6, 4},        {"", 5, 0x80000001, -1}};
+    for (const auto& [variable, items, stored, shown] : cases) {
+        AllowDiagnostic(variable);
+        Store(keys::Bench, _T("QBLogVerbosity"), Dword(stored));
+        levels.resize(items);
         // The variable is asked when the page is made, which is at start.
-        RunEditor([&](const Sheet& sheet) {
-            AllowDiagnostic(c.items == 6 ? "" : "1");
+        RunEditor([&levels, level = shown, wasSix = items == 6](const Sheet& sheet) {
+            AllowDiagnostic(wasSix ? "" : "1");
             EXPECT_EQ(sheet.ItemsOf(IdVerbosity), levels);
-            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), c.shown);
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), level);
             EXPECT_FALSE(sheet.CanApply());
             sheet.Ok();
         });
-        EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(c.saved));
+        EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(static_cast<DWORD>(shown)));
     }
+    AllowDiagnostic("");
 }
 
 TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater) {

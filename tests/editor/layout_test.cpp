@@ -8,6 +8,7 @@
 namespace {
 struct Control {
     HWND window;
+    int id;
     DWORD style;
     RECT place;
     bool isButton;
@@ -17,12 +18,6 @@ struct Control {
     bool IsGroup() const { return isButton && Kind() == BS_GROUPBOX; }
 };
 
-std::ostream& operator<<(std::ostream& out, const Control& control) {
-    return out << "control " << GetDlgCtrlID(control.window) << " \"" << Printable(Form(control.window).Title())
-               << "\" at " << control.place.left << ',' << control.place.top << " to " << control.place.right << ','
-               << control.place.bottom;
-}
-
 std::vector<Control> ShownControls(HWND dialog) {
     std::vector<Control> controls;
     for (const HWND window : ControlsOf(dialog)) {
@@ -31,7 +26,8 @@ std::vector<Control> ShownControls(HWND dialog) {
             RECT place = {};
             GetWindowRect(window, &place);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-            controls.push_back({window, style, place, IsOf(window, _T("Button")), IsOf(window, _T("Static"))});
+            controls.push_back(
+                {window, GetDlgCtrlID(window), style, place, IsOf(window, _T("Button")), IsOf(window, _T("Static"))});
         }
     }
     return controls;
@@ -76,8 +72,8 @@ void ExpectFits(const Control& control) {
                  : isPush          ? 8 * perInch / 96
                                    : GetSystemMetrics(SM_CXMENUCHECK) + 4 * perInch / 96;
     }
-    EXPECT_LE(text.cx + beside, control.place.right - control.place.left) << control;
-    EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control;
+    EXPECT_LE(text.cx + beside, control.place.right - control.place.left) << control.id;
+    EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control.id;
 }
 
 bool Contains(const RECT& outer, const RECT& inner) {
@@ -90,14 +86,14 @@ void CheckLayout(HWND dialog, int templateId) {
     const std::vector<Control> controls = ShownControls(dialog);
     EXPECT_GT(controls.size(), 1U);
     for (const Control& control : controls) {
-        EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control << " leaves the margins";
+        EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control.id << " leaves the margins";
         if (control.isButton || control.isStatic) { ExpectFits(control); }
         for (const Control& other : controls) {
             RECT common = {};
             if (control.window != other.window && IntersectRect(&common, &control.place, &other.place)) {
                 EXPECT_TRUE((control.IsGroup() && Contains(control.place, other.place)) ||
                             (other.IsGroup() && Contains(other.place, control.place)))
-                    << control << " and " << other;
+                    << control.id << " and " << other.id;
             }
         }
     }

@@ -1,6 +1,5 @@
-// The reference of all settings, docs/settings.md, against those that the editor is tested by, and against the texts
-// beside the controls that it names.
-#include "support/scripts.h"
+// The reference of all settings, docs/settings.md, against those that the editor is tested by.
+#include "support/settings.h"
 
 #include <algorithm>
 #include <fstream>
@@ -8,8 +7,6 @@
 #include <set>
 
 namespace {
-using Texts = std::set<std::string>;
-
 // As the reference puts it.
 std::string Described(const StoredValue& value) {
     if (value.type == REG_DWORD) {
@@ -26,38 +23,22 @@ std::string Described(const Setting& setting) {
     for (const ProductId& tool : tools) { row += (tool == tools.front() ? " " : ", ") + Printable(tool); }
     return row;
 }
-
-using ReferenceTest = SettingsTest;
 }  // namespace
 
-TEST_F(ReferenceTest, ListsEachSettingAndTheControlThatShowsIt) {
-    std::map<std::string, Texts> pages;
-    ForEachForm([&pages](const Form& form, const Text& name) {
-        Texts& page = pages[std::regex_replace(Printable(name), std::regex("&&"), "&")];
-        for (const HWND control : ControlsOf(form.Page())) { page.insert(Printable(Form(control).Title())); }
-    });
-    Texts settings;
+TEST(ReferenceTest, ListsEachSetting) {
+    std::set<std::string> settings;
     for (const Setting& setting : AllSettings()) { settings.insert(Described(setting)); }
-    std::string page;
+    const std::regex heading(".*Key `(.*)`");
+    const std::regex row(R"(\| `(.*?)` \| (.*?) \| (.*?) \| .* \| .* \| (.*?) \|)");
     std::string key;
-    std::ifstream file(QB_REFERENCE);
     std::smatch found;
+    std::ifstream file(QB_REFERENCE);
     for (std::string line; std::getline(file, line);) {
-        if (std::regex_match(line, found, std::regex("## (.*)"))) {
-            page = found[1];
-        } else if (std::regex_match(line, found, std::regex(".*Key `(.*)`"))) {
+        if (std::regex_match(line, found, heading)) {
             key = found[1];
-        } else if (std::regex_match(line, found,
-                                    std::regex(R"(\| `(.*?)` \| (.*?) \| (.*?) \| .* \| (.*?) \| (.*?) \|)"))) {
-            EXPECT_EQ(settings.erase(key + ' ' + found.format("$1 $2 $3 $5")), 1U) << line;
-            // A box and a control in it, or two controls that stand for one value. A port's is on the page of another
-            // heading.
-            const std::string control = found[4];
-            const std::regex part("[^:, ][^:,]*");
-            for (std::sregex_iterator text(control.begin(), control.end(), part), end; text != end; ++text) {
-                EXPECT_TRUE(control == "none" || !pages.contains(page) || pages[page].contains(text->str())) << line;
-            }
+        } else if (std::regex_match(line, found, row)) {
+            EXPECT_EQ(settings.erase(key + ' ' + found.format("$1 $2 $3 $4")), 1U) << line;
         }
     }
-    EXPECT_EQ(settings, Texts());
+    EXPECT_EQ(settings, std::set<std::string>());
 }

@@ -100,17 +100,13 @@ TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater) {
 }
 
 TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText) {
-    struct Case {
-        StoredValue alignment;
-        LPCTSTR version;
-        DWORD saved;
-    };
-    for (const Case& c : {Case{Dword(0), _T("MAUSB 2.0"), 1}, Case{Dword(5), _T("mausb 1.0A"), 1},
-                          Case{Binary({4}), _T("MAUSB 1.0"), 4}}) {
+    for (const auto& [alignment, version, saved] : {std::tuple{Dword(0), _T("MAUSB 2.0"), 1U},
+                                                    {Dword(5), _T("mausb 1.0A"), 1},
+                                                    {Binary({4}), _T("MAUSB 1.0"), 4}}) {
         StoreTree(
-            {{keys::Kauri, {{_T("IsochPayloadAlignment"), c.alignment}, {_T("MAUSBProtocolVersion"), Sz(c.version)}}}});
-        RunOnTab(tabs::Identity, [&c](const Sheet& sheet) {
-            EXPECT_EQ(sheet.CheckOf(1123), c.saved == 1 ? BST_CHECKED : BST_UNCHECKED);
+            {{keys::Kauri, {{_T("IsochPayloadAlignment"), alignment}, {_T("MAUSBProtocolVersion"), Sz(version)}}}});
+        RunOnTab(tabs::Identity, [isByte = saved == 1](const Sheet& sheet) {
+            EXPECT_EQ(sheet.CheckOf(1123), isByte ? BST_CHECKED : BST_UNCHECKED);
             EXPECT_EQ(sheet.ItemsOf(1138), std::vector<Text>{_T("MAUSB 1.0a")});
             EXPECT_EQ(sheet.SelectionOf(1138), 0);
             sheet.Click(1133);
@@ -118,7 +114,7 @@ TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText) {
             EXPECT_FALSE(sheet.CanApply()) << "the only entry, picked again";
             sheet.Ok();
         });
-        EXPECT_EQ(Stored(keys::Kauri, _T("IsochPayloadAlignment")), Dword(c.saved));
+        EXPECT_EQ(Stored(keys::Kauri, _T("IsochPayloadAlignment")), Dword(saved));
         EXPECT_EQ(Stored(keys::Kauri, _T("MAUSBProtocolVersion")), Sz(_T("MAUSB 1.0a")));
     }
 }

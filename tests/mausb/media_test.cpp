@@ -29,66 +29,59 @@ protected:
 }  // namespace
 
 TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreLive) {
-    struct Case {
-        StoredValue type;
-        bool udp;
-        DWORD log;
-        DWORD logSaved;  // as the check box holds it
-    };
-    // Only the exact text is UDP; neither its terminator nor its type matters.
-    for (const Case& c :
-         {Case{Sz(_T("udp/ip")), false, 0, 0}, Case{Sz(_T("UDP/IP ")), false, 1, 1}, Case{Dword(1), false, 2, 1},
-          Case{Binary({'U', 0, 'D', 0, 'P', 0, '/', 0, 'I', 0, 'P', 0}), true, 3, 0},
-          Case{Sz(_T("UDP/IP")), true, 0xFFFFFFFF, 0}}) {
-        SCOPED_TRACE(testing::PrintToString(c.type));
-        StoreValue(_T("NetworkType"), c.type);
-        StoreValue(_T("NetworkLevelLog"), Dword(c.log));
-        RunOnTab(tabs::Media, [&c](const Sheet& sheet) {
+    // Only the exact text is UDP; neither its terminator nor its type matters. Of the log what the check box holds is
+    // saved.
+    const std::tuple<StoredValue, bool, DWORD, DWORD> cases[] = {
+        {Sz(_T("udp/ip")), false, 0, 0},
+        {Sz(_T("UDP/IP ")), false, 1, 1},
+        {Dword(1), false, 2, 1},
+        {Binary({'U', 0, 'D', 0, 'P', 0, '/', 0, 'I', 0, 'P', 0}), true, 3, 0},
+        {Sz(_T("UDP/IP")), true, 0xFFFFFFFF, 0}};
+    for (const auto& [type, isUDP, log, logSaved] : cases) {
+        StoreValue(_T("NetworkType"), type);
+        StoreValue(_T("NetworkLevelLog"), Dword(log));
+        RunOnTab(tabs::Media, [udp = isUDP, logs = logSaved != 0](const Sheet& sheet) {
             for (const bool turned : {false, true, false}) {
-                ExpectNetwork(sheet, c.udp != turned);
-                ExpectEnabled(sheet, {1073, 1074}, (c.logSaved != 0) != turned);
-                sheet.Click(c.udp == turned ? IdUDP : IdTCP);
+                ExpectNetwork(sheet, udp != turned);
+                ExpectEnabled(sheet, {1073, 1074}, logs != turned);
+                sheet.Click(udp == turned ? IdUDP : IdTCP);
                 sheet.Click(IdLog);
             }
-            sheet.Click(c.udp ? IdUDP : IdTCP);
+            sheet.Click(udp ? IdUDP : IdTCP);
             sheet.Click(IdLog);
             sheet.Ok();
         });
-        EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(c.udp ? _T("UDP/IP") : _T("TCP/IP")));
-        EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(c.logSaved));
+        EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(isUDP ? _T("UDP/IP") : _T("TCP/IP")));
+        EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(logSaved));
     }
 }
 
 TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks) {
-    struct Case {
-        DWORD oui;
-        DWORD pid;
-        Text ouiText;
-        Text pidText;
-    };
-    for (const Case& c : {Case{0, 0, _T("0"), _T("0")}, Case{0x506F9A, 0, _T("506F9A"), _T("0")},
-                          Case{0x80000000, 0xFFFFFFFF, _T("FFFFFFFF80000000"), _T("FFFFFFFFFFFFFFFF")}}) {
-        SCOPED_TRACE(testing::Message() << c.oui << ", " << c.pid);
-        StoreValue(_T("SnapIdOUI"), Dword(c.oui));
-        StoreValue(_T("SnapIdPID"), Dword(c.pid));
-        RunEditor([&c](const Sheet& sheet) {
+    using Identifier = std::pair<DWORD, Text>;  // and what it is shown as
+    for (const auto& [first, second] :
+         {std::pair{Identifier(0, _T("0")), Identifier(0, _T("0"))},
+          {Identifier(0x506F9A, _T("506F9A")), Identifier(0, _T("0"))},
+          {Identifier(0x80000000, _T("FFFFFFFF80000000")), Identifier(0xFFFFFFFF, Text(16, _T('F')))}}) {
+        StoreValue(_T("SnapIdOUI"), Dword(first.first));
+        StoreValue(_T("SnapIdPID"), Dword(second.first));
+        RunEditor([&oui = first, &pid = second](const Sheet& sheet) {
             // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0" in the PID's;
             // then what was loaded, in each; and the mark told again once the page is known.
             Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
             events.resize(4);
             const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
-            EXPECT_EQ(events, (Events{markOf(c.oui), "unmarked", markOf(c.oui), markOf(c.pid)}));
-            EXPECT_EQ(sheet.CanApply(), c.pid != 0);
+            EXPECT_EQ(events, (Events{markOf(oui.first), "unmarked", markOf(oui.first), markOf(pid.first)}));
+            EXPECT_EQ(sheet.CanApply(), pid.first != 0);
             // The members are back at the loaded numbers: the same text again changes nothing.
-            for (const auto& [id, text] : {std::pair{IdOUI, c.ouiText}, {IdPID, c.pidText}}) {
+            for (const auto& [id, text] : {std::pair{IdOUI, oui.second}, {IdPID, pid.second}}) {
                 EXPECT_EQ(sheet.TextOf(id), text);
                 sheet.SetText(id, text);
                 EXPECT_FALSE(sheet.CanApply());
             }
             sheet.Ok();
         });
-        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(c.oui));
-        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(c.pid));
+        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(first.first));
+        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(second.first));
     }
 }
 

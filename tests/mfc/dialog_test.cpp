@@ -29,14 +29,6 @@ struct HastyDialog : CDialog {
         return TRUE;
     }
 };
-
-// A template without WS_VISIBLE gives a sheet that is not shown by itself.
-int CALLBACK HideSheet(HWND, UINT message, LPARAM dialogTemplate) {
-    if (message == PSCB_PRECREATE) {
-        reinterpret_cast<DLGTEMPLATE*>(dialogTemplate)->style &= ~static_cast<DWORD>(WS_VISIBLE);
-    }
-    return 0;
-}
 }  // namespace
 
 TEST(DialogTest, IsCentredOnTheScreenOfItsOwner) {
@@ -64,10 +56,8 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner) {
 
 TEST(DialogTest, MayEndBeforeItIsShown) { EXPECT_EQ(HastyDialog(IDD_PORT_NUMBERS).DoModal(), 77); }
 
-TEST(SheetTest, IsShownThoughHiddenAndMarksNoPageWithoutAWindow) {
+TEST(SheetTest, MarksNoPageWithoutAWindow) {
     CPropertySheet sheet(_T("Trial"));
-    sheet.m_psh.dwFlags |= PSH_USECALLBACK;
-    sheet.m_psh.pfnCallback = HideSheet;
     CPropertyPage first(IDD_WAIVERS);
     CPropertyPage second(IDD_CHAPTER9);
     first.SetModified(TRUE);

@@ -37,48 +37,44 @@ using ExchangeTest = SettingsTest;
 }  // namespace
 
 TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
-    struct Case {
-        LPCTSTR text;
-        bool isInt;
-        bool isUnsigned;
-        DWORD value;
-    };
-    const Case cases[] = {{_T("007"), true, true, 7},
-                          {_T(" 12\t"), true, true, 12},
-                          {_T("+3"), true, true, 3},
-                          {_T("-5"), true, false, static_cast<DWORD>(-5)},
-                          {_T("2147483647"), true, true, 0x7FFFFFFF},
-                          {_T("-2147483648"), true, false, 0x80000000},
-                          {_T("-2147483649"), false, false, 0},
-                          {_T("2147483648"), false, true, 0x80000000},
-                          {_T("4294967295"), false, true, 0xFFFFFFFF},
-                          {_T("4294967296"), false, false, 0},
-                          {_T("99999999999999999999999999"), false, false, 0},
-                          {_T("-"), false, false, 0},
-                          {_T("1 2"), false, false, 0},
-                          {_T("0x1"), false, false, 0},
-                          {_T("9:"), false, false, 0},
-                          {_T("/1"), false, false, 0}};
+    std::vector<std::pair<Text, long long>> cases = {{_T("007"), 7},
+                                                     {_T(" 12\t"), 12},
+                                                     {_T("+3"), 3},
+                                                     {_T("-5"), -5},
+                                                     {_T("2147483647"), 2147483647},
+                                                     {_T("-2147483648"), -2147483648},
+                                                     {_T("-2147483649"), -2147483649},
+                                                     {_T("2147483648"), 2147483648},
+                                                     {_T("4294967295"), 4294967295},
+                                                     {_T("4294967296"), 4294967296}};
+    for (const TCHAR* none : {_T("-"), _T("1 2"), _T("0x1"), _T("9:"), _T("/1"), _T("99999999999999999999999999")}) {
+        cases.emplace_back(none, 1LL << 40);
+    }
     RunOnTab(tabs::Xhci, [&cases](const Sheet& sheet) {
-        for (const Case& c : cases) {
-            EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, c.text); }), c.isInt ? 0 : 1) << Printable(c.text);
-            if (c.isInt) {
+        for (const auto& [text, number] : cases) {
+            SCOPED_TRACE(Printable(text));
+            const bool isInt = number == static_cast<int>(number);
+            EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
+            if (isInt) {
                 sheet.Apply();
-                EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")), Dword(c.value));
+                EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")), Dword(static_cast<DWORD>(number)));
             } else {
                 EXPECT_EQ(GetFocus(), sheet.Control(1012));
-                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, Text(c.text).size()));
+                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
             }
             EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
         }
         sheet.Select(tabs::Media);
-        for (const Case& c : cases) {
-            WithDialog(titles::AdvancedTCP, sheet, 1139, [&c](const Form& form) {
-                form.SetText(1061, c.text);
-                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), c.isUnsigned ? 0 : 1) << Printable(c.text);
+        for (const auto& [text, number] : cases) {
+            SCOPED_TRACE(Printable(text));
+            const bool isUnsigned = number == static_cast<UINT>(number);
+            WithDialog(titles::AdvancedTCP, sheet, 1139, [&, &typed = text](const Form& form) {
+                form.SetText(1061, typed);
+                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
             });
             sheet.Apply();
-            EXPECT_TRUE(!c.isUnsigned || Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay")) == Dword(c.value));
+            const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
+            EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
         }
     });
 }

@@ -75,10 +75,6 @@ Function* SystemsOwn(const char* library, const char* name) {
 }
 }  // namespace
 
-void PrintTo(const Call& call, std::ostream* out) {
-    *out << call.function << ' ' << Printable(call.key) << ' ' << Printable(call.name);
-}
-
 void calls::Reset() {
     TheState().refused.clear();
     TheState().struck = false;

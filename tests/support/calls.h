@@ -2,19 +2,15 @@
 // of these functions stand before the system's, and call them.
 #pragma once
 
-#include "support/names.h"
+#include "driver/form.h"
 
-#include <ostream>
 #include <vector>
 
 struct Call {
     std::string function;  // for CreateWindowExW with its class: "CreateWindowExW tooltips_class32"
     Text key;              // of a registry call: the path under HKEY_LOCAL_MACHINE
     Text name;             // of a value
-
-    bool operator==(const Call&) const = default;
 };
-void PrintTo(const Call& call, std::ostream* out);
 
 namespace calls {
 // Any registry call but RegCloseKey, from which nothing follows.
