@@ -152,6 +152,15 @@ list_tools()
     wine regedit /S "$file"
 }
 
+# Puts the inputs of the corpus, one in each line, into files of a new folder.
+unpack_corpus()
+{
+    local input number=0
+    rm -rf "$1"
+    mkdir -p "$1"
+    while read -r input; do base64 -d <<< "$input" > "$1/$((number += 1))"; done < tests/fuzz/corpus.txt
+}
+
 # Our sources and headers, each ended by NUL.
 source_files()
 {
