@@ -24,7 +24,7 @@ if(WIN32)
 else()
   # With what the fuzzer needs to see where it has been. Optimized as far as stack traces and the debugger allow. Wine's
   # COM objects have no C++ types to check.
-  add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize=vptr -fno-sanitize-recover=all
+  add_compile_options(-fPIC -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize=vptr -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
   # What winegcc defines for a C compiler, but for the characters, which are char16_t.

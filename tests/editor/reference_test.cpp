@@ -2,42 +2,49 @@
 #include "support/settings.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
-#include <regex>
 #include <set>
+#include <sstream>
 
 namespace {
-// As the reference puts it.
-std::string Described(const StoredValue& value) {
+// The cells of a row that hold the type and the default.
+std::string CellsOf(const StoredValue& value) {
     if (value.type == REG_DWORD) {
-        return "REG_DWORD " + std::to_string(*reinterpret_cast<const int*>(value.data.data()));
+        return " REG_DWORD  " + std::to_string(*reinterpret_cast<const int*>(value.data.data())) + ' ';
     }
-    if (value.type == REG_SZ) { return "REG_SZ \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + '"'; }
-    return "REG_BINARY " + std::to_string(value.data.size()) + " bytes";
+    if (value.type == REG_SZ) {
+        return " REG_SZ  \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + "\" ";
+    }
+    return " REG_BINARY  " + std::to_string(value.data.size()) + " bytes ";
 }
 
-std::string Described(const Setting& setting) {
-    Tools tools = setting.tools.empty() ? Tools{_T("any")} : setting.tools;
+std::string CellsOf(Tools tools) {
+    if (tools.empty()) { return " any "; }
     std::sort(tools.begin(), tools.end());
-    std::string row = Printable(setting.key) + ' ' + Printable(setting.name) + ' ' + Described(setting.initial);
-    for (const ProductId& tool : tools) { row += (tool == tools.front() ? " " : ", ") + Printable(tool); }
-    return row;
+    std::string cell;
+    for (const ProductId& tool : tools) { cell += (cell.empty() ? " " : ", ") + Printable(tool); }
+    return cell + ' ';
 }
 }  // namespace
 
 TEST(ReferenceTest, ListsEachSetting) {
     std::set<std::string> settings;
-    for (const Setting& setting : AllSettings()) { settings.insert(Described(setting)); }
-    const std::regex heading(".*Key `(.*)`");
-    const std::regex row(R"(\| `(.*?)` \| (.*?) \| (.*?) \| .* \| .* \| (.*?) \|)");
+    for (const Setting& setting : AllSettings()) {
+        settings.insert(Printable(setting.key) + " `" + Printable(setting.name) + "` " + CellsOf(setting.initial) +
+                        CellsOf(setting.tools));
+    }
     std::string key;
-    std::smatch found;
     std::ifstream file(QB_REFERENCE);
     for (std::string line; std::getline(file, line);) {
-        if (std::regex_match(line, found, heading)) {
-            key = found[1];
-        } else if (std::regex_match(line, found, row)) {
-            EXPECT_EQ(settings.erase(key + ' ' + found.format("$1 $2 $3 $4")), 1U) << line;
+        // What stands before a row; name, type, default, meaning, control, tools.
+        std::array<std::string, 7> cells;
+        std::istringstream text(line);
+        for (std::string& cell : cells) { std::getline(text, cell, '|'); }
+        if (const size_t start = line.find("Key `"); start != std::string::npos) {
+            key = line.substr(start + 5, line.size() - start - 6);
+        } else if (cells[1].rfind(" `", 0) == 0) {
+            EXPECT_EQ(settings.erase(key + cells[1] + cells[2] + cells[3] + cells[6]), 1U) << line;
         }
     }
     EXPECT_EQ(settings, std::set<std::string>());
