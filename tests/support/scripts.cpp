@@ -89,15 +89,13 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script) {
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
     const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
-    EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error},
-                        [&](const Form& form) {
-                            shown = form.Title() == SheetTitle;
-                            Sheet sheet(form.Window());
-                            if (shown) { script(sheet); }
-                            if (!shown || sheet.IsOpen()) { SendMessageW(sheet.Window(), WM_COMMAND, IDCANCEL, 0); }
-                        }),
-              1)
-        << "no sheet and no error box";
+    const auto act = [&](const Form& form) {
+        shown = form.Title() == SheetTitle;
+        Sheet sheet(form.Window());
+        if (shown) { script(sheet); }
+        if (!shown || sheet.IsOpen()) { SendMessageW(sheet.Window(), WM_COMMAND, IDCANCEL, 0); }
+    };
+    EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error}, act), 1) << "no sheet and no error box";
     return shown;
 }
 
@@ -111,19 +109,17 @@ void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script) {
 }
 
 void WithDialog(const Text& title, const std::function<void()>& open, const std::function<void(const Form&)>& script) {
-    EXPECT_EQ(ActDuring(open, {title},
-                        [&script](const Form& form) {
-                            script(form);
-                            // Comes to nothing if the script has ended the dialog, which is gone by then.
-                            PostMessageW(form.Window(), WM_COMMAND, IDCANCEL, 0);
-                        }),
-              1)
-        << Printable(title);
+    const auto act = [&script](const Form& form) {
+        script(form);
+        // Comes to nothing if the script has ended the dialog, which is gone by then.
+        PostMessageW(form.Window(), WM_COMMAND, IDCANCEL, 0);
+    };
+    EXPECT_EQ(ActDuring(open, {title}, act), 1) << Printable(title);
 }
 
 void WithDialog(const Text& title, const Form& opener, int button, const std::function<void(const Form&)>& script) {
-    WithDialog(
-        title, [&] { opener.Click(button); }, script);
+    const auto open = [&] { opener.Click(button); };
+    WithDialog(title, open, script);
 }
 
 int CountPrompts(const std::function<void()>& steps) {
