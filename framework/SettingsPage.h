@@ -60,11 +60,11 @@ protected:
     void AddProduct(const ProductId& product);
     void AddXhciProducts();
     // For constructors: what screen readers are to say for a control, once the page is shown.
-    void AddName(int id, LPCTSTR name);
+    void AddName(int id, LPCTSTR name) { m_names.emplace_back(id, name); }
     static bool IsAnyXhciToolInstalled();
     static bool IsAnyEhciToolInstalled();
 
-    void AddToolTip(int id, LPCTSTR text);
+    void AddToolTip(int id, LPCTSTR text) { m_pToolTip->AddTool(GetDlgItem(id), text, nullptr, 0); }
 
     DECLARE_MESSAGE_MAP()
 

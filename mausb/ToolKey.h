@@ -4,4 +4,13 @@
 #include "framework/ProductId.h"
 
 // "SOFTWARE\Halvane\KauriQB"
-const WideString& ToolKey();
+inline const WideString& ToolKey()
+{
+    static const WideString key = []
+    {
+        WideString path;
+        MakeProductKeyPath(path, KauriQB);
+        return path;
+    }();
+    return key;
+}
