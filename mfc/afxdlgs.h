@@ -30,7 +30,8 @@ public:
     virtual BOOL OnKillActive() { return UpdateData(TRUE); }
     virtual BOOL OnApply();
 
-    BOOL PreTranslateMessage(MSG* pMsg) override;
+    // The sheet runs the dialog keys for its pages; a page that did so as well would take Tab for itself.
+    BOOL PreTranslateMessage(MSG*) override { return FALSE; }
 
 protected:
     void OnOK() override { SetModified(FALSE); }

@@ -37,7 +37,7 @@ void CComboBox::GetLBText(int nIndex, CString& rString)
 {
     rString.Empty();
     const LRESULT length = SendMessage(CB_GETLBTEXTLEN, static_cast<WPARAM>(nIndex));
-    if (m_hWnd == nullptr || length == CB_ERR)
+    if (length == CB_ERR)
     {
         return;
     }

@@ -83,11 +83,5 @@ void CDialog::OnOK()
 
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
 {
-    if (CWnd::PreTranslateMessage(pMsg))
-    {
-        return TRUE;
-    }
-    const bool isInput = (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) ||
-                         (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST);
-    return isInput && m_hWnd != nullptr && IsDialogMessageW(m_hWnd, pMsg);
+    return m_hWnd != nullptr && IsDialogMessageW(m_hWnd, pMsg);
 }

@@ -60,12 +60,6 @@ BOOL CPropertyPage::OnApply()
     return TRUE;
 }
 
-BOOL CPropertyPage::PreTranslateMessage(MSG* pMsg)
-{
-    // The sheet runs the dialog keys for its pages; a page that did so as well would take Tab for itself.
-    return CWnd::PreTranslateMessage(pMsg);  // NOLINT(bugprone-parent-virtual-call)
-}
-
 BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);

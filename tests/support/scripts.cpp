@@ -124,7 +124,9 @@ void WithDialog(const Text& title, const Form& opener, int button, const std::fu
 
 int CountPrompts(const std::function<void()>& steps) {
     const auto confirm = [](const Form& box) {
-        EXPECT_FALSE(IsWindowEnabled(GetWindow(box.Window(), GW_OWNER))) << "stands before the window in use";
+        for (const HWND window : WindowsOf(GetCurrentThreadId())) {
+            EXPECT_EQ(IsWindowEnabled(window) != 0, window == box.Window()) << "no other window takes input";
+        }
         SendMessageW(box.Window(), WM_COMMAND, IDOK, 0);
     };
     return ActDuring(steps, {AfxGetApp()->m_strAppName.GetString()}, confirm, -1);
