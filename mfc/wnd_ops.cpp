@@ -99,8 +99,8 @@ int CWnd::RunModalLoop()
         {
             // The outer loops must see it too.
             PostQuitMessage(static_cast<int>(message.wParam));
-            m_bContinueModal = FALSE;
-            return -1;
+            m_nModalResult = -1;
+            break;
         }
         if (!WalkPreTranslateTree(m_hWnd, &message))
         {
@@ -115,10 +115,7 @@ int CWnd::RunModalLoop()
 void CWnd::EndModalLoop(int nResult)
 {
     m_nModalResult = nResult;
-    if (m_bContinueModal)
-    {
-        m_bContinueModal = FALSE;
-        // The loop looks again only after a message.
-        PostMessageW(m_hWnd, WM_NULL, 0, 0);
-    }
+    m_bContinueModal = FALSE;
+    // The loop looks again only after a message.
+    PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }
