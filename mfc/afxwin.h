@@ -169,12 +169,6 @@ protected:
 // OnInitDialog.
 INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
-// The next dialog window that this thread creates is attached to the object before its first message. That is
-// how WM_NCCREATE of a window that a system function makes reaches a handler.
-void AfxHookWindowCreate(CWnd* pWnd);
-// Ends that, whether a window has come or not.
-void AfxUnhookWindowCreate();
-
 // The application. One object, a static; WinMain runs InitInstance of it, whose windows are modal: no loop
 // of messages comes after it, whatever it gives.
 class CWinApp : public CCmdTarget

@@ -1,6 +1,38 @@
 #include "afxdlgs.h"
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
+
+namespace
+{
+// The sheet that is being created. Its window is attached before its first message: that is how WM_NCCREATE
+// of a window that a system function makes reaches a handler.
+CPropertySheet* g_sheet;
+HHOOK g_hook;
+
+void UnhookWindowCreate()
+{
+    UnhookWindowsHookEx(g_hook);
+    g_hook = nullptr;
+    g_sheet = nullptr;
+}
+
+LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = CallNextHookEx(g_hook, code, wParam, lParam);
+    const HWND window = reinterpret_cast<HWND>(wParam);
+    TCHAR className[8] = {};
+    // Other windows, an input method's for one, may be created on the way to the dialog.
+    if (code == HCBT_CREATEWND && g_sheet != nullptr && GetClassNameW(window, className, 8) == 6 &&
+        lstrcmpW(className, _T("#32770")) == 0)
+    {
+        g_sheet->Attach(window);
+        UnhookWindowCreate();
+    }
+    return result;
+}
+}  // namespace
 
 CPropertySheet::CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd, UINT iSelectPage)
     : m_strCaption(pszCaption), m_pParentWnd(pParentWnd)
@@ -13,15 +45,13 @@ CPropertySheet::CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd, UINT iSelec
 
 BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
 {
-    for (UINT index = 0; index < m_pages.size(); ++index)
+    const auto found = std::find(m_pages.begin(), m_pages.end(), pPage);
+    if (found == m_pages.end())
     {
-        if (m_pages[index] == pPage)
-        {
-            m_psh.nStartPage = index;
-            return TRUE;
-        }
+        return FALSE;
     }
-    return FALSE;
+    m_psh.nStartPage = static_cast<UINT>(found - m_pages.begin());
+    return TRUE;
 }
 
 // The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the
@@ -39,9 +69,11 @@ int CPropertySheet::DoModal()
     header.hwndParent = m_pParentWnd != nullptr ? AfxGetSafeOwner(m_pParentWnd) : nullptr;
     header.nPages = static_cast<UINT>(pages.size());
     header.ppsp = pages.data();
-    AfxHookWindowCreate(this);
+    g_sheet = this;
+    g_hook = SetWindowsHookExW(WH_CBT, CbtFilter, nullptr, GetCurrentThreadId());
     PropertySheetW(&header);
-    AfxUnhookWindowCreate();
+    // Where no window has come, the next one is none of the sheet's.
+    UnhookWindowCreate();
     if (m_hWnd == nullptr)
     {
         return -1;

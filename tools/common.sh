@@ -160,9 +160,3 @@ unpack_corpus()
     mkdir -p "$1"
     while read -r input; do base64 -d <<< "$input" > "$1/$((number += 1))"; done < tests/fuzz/corpus.txt
 }
-
-# Our sources and headers, each ended by NUL.
-source_files()
-{
-    find shell framework pages mausb mfc tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null
-}

@@ -32,8 +32,8 @@ public:
 [[maybe_unused]] const testing::Environment* const g_watch = testing::AddGlobalTestEnvironment(new Watch);
 }  // namespace
 
-// Ends by the C library. On Wine's own way out exit routines run when its server has let go of the process, and the
-// first of them that calls Wine ends it with 0, whatever has failed.
+// Ends by the C library. On Wine's own way out exit routines run when its server has let go of the process,
+// and the first of them that calls Wine ends it with 0, whatever has failed.
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
