@@ -1,143 +1,138 @@
-// What pages and dialogs say to a screen reader and in tooltips, and the order of their controls for the Tab key and
-// for the exchange.
-#include "framework/ControlNames.h"
+// General Settings: the levels of the log that are offered, and Apply. Drivers & Firmware: which groups live, what a
+// switch does to its path, and Browse.
 #include "support/scripts.h"
 
-#include <afxwin.h>
-#include <commctrl.h>
+#include <dlgs.h>
 
-#include <fstream>
+#include <cstdlib>
 
 namespace {
-std::map<HWND, Text> givenNames;
+constexpr int IdMode = 1006;
+constexpr int IdVerbosity = 1053;
 
-HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name) {
-    givenNames[window] = name;
-    return S_OK;
+// The program asks its C library, which has its own list.
+void AllowDiagnostic(const char* value) {
+    static std::string variable;
+    variable = std::string("QB_ALLOW_DIAGNOSTIC_LOGGING=") + value;
+    putenv(variable.data());
 }
 
-// A given name, its own text, or the label directly before it.
-Text NameSaid(HWND window) {
-    if (givenNames.count(window) != 0) { return givenNames[window]; }
-    const HWND label = IsOf(window, _T("Button")) ? window : GetWindow(window, GW_HWNDPREV);
-    EXPECT_TRUE(label == window || IsOf(label, _T("Static")));
-    return Form(label).Title();
+using GeneralTest = SettingsTest;
+struct Stack {
+    int group;
+    int enableSwitcher;
+    std::vector<int> pathControls;  // label, edit, button
+    ProductId tool;                 // needs this one and, but for CedarQB, no other
+};
+
+const std::vector<Stack> Stacks = {{1041, 1032, {1033, 1034, 1035}, HazelQB},
+                                   {1040, 1036, {1037, 1038, 1039}, KauriQB},
+                                   {1044, 1045, {1046, 1053, 1054}, CedarQB},
+                                   {1199, 1200, {1201, 1202, 1203}, CedarQB}};
+
+void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled) {
+    for (const int control : stack.pathControls) { EXPECT_EQ(sheet.IsEnabled(control), enabled) << control; }
 }
 
-// Of the controls that can take the focus, in their order, which is the order of reading.
-std::string NamesSaid(HWND dialog) {
-    std::string names;
-    std::vector<RECT> passed;
-    for (const HWND window : ControlsOf(dialog)) {
-        const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-        const bool isGroup = IsOf(window, _T("Button")) && (style & BS_TYPEMASK) == BS_GROUPBOX;
-        const int id = GetDlgCtrlID(window);
-        // The Container ID is shown by an edit that is never enabled.
-        if ((style & WS_VISIBLE) == 0 || isGroup || IsOf(window, _T("Static")) || id == 1130) { continue; }
-        names += " | " + Printable(NameSaid(window));
-        // What comes before it lies above or to the left; but the buttons of the two port tables come last.
-        RECT place = {};
-        GetWindowRect(window, &place);
-        for (const RECT& earlier : passed) {
-            EXPECT_TRUE(earlier.bottom <= place.top || earlier.right <= place.left ||
-                        NameSaid(window).find(_T("Port Numbers")) != Text::npos)
-                << names;
-        }
-        passed.push_back(place);
-    }
-    return names;
+// With files that are there on any system.
+const Text Folder = _T("C:\\windows\\inf\\");
+
+// Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
+void Browse(const Sheet& sheet, int browse, const Text& file, int answer) {
+    const bool isHex = browse == 1049;
+    WithDialog(_T("Open"), sheet, browse, [&](const Form& dialog) {
+        EXPECT_EQ(dialog.TextOf(edt1), isHex ? _T("*.hex") : _T("*.inf"));
+        const Text type = isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)");
+        EXPECT_EQ(dialog.ItemsOf(cmb1), (std::vector<Text>{type, _T("All Files (*.*)")}));
+        EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
+        dialog.SetText(edt1, file);
+        dialog.Click(answer);
+    });
 }
 
-std::string asked;
-
-LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
-    if (message == WM_GETTEXT || message == BM_GETCHECK || message == LB_GETCURSEL || message == CB_GETCURSEL) {
-        asked += ' ' + std::to_string(GetDlgCtrlID(control));
-    }
-    return DefSubclassProc(control, message, wParam, lParam);
-}
-
-// The controls that an exchange asks for what they hold.
-std::string AskedInExchange(const Form& form) {
-    asked.clear();
-    const std::vector<HWND> controls = ControlsOf(form.Page());
-    for (const HWND control : controls) { SetWindowSubclass(control, NoteQuestions, 0, 0); }
-    CWnd::FromHandlePermanent(form.Page())->UpdateData(TRUE);
-    for (const HWND control : controls) { RemoveWindowSubclass(control, NoteQuestions, 0); }
-    return asked;
-}
-
-int helpCommands;
-
-LRESULT CALLBACK CountHelp(int code, WPARAM wParam, LPARAM lParam) {
-    const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    helpCommands += message->message == WM_COMMAND && message->wParam == ID_HELP ? 1 : 0;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
-using PagesTest = SettingsTest;
+using DriversTest = SettingsTest;
 }  // namespace
 
-TEST_F(PagesTest, FormsSayWhatTheyAreToSay) {
-    CoInitialize(nullptr);
-    IAccPropServices* service = nullptr;
-    CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
-                     reinterpret_cast<void**>(&service));
-    // Wine 8 has the service, but it takes no names; ours keeps them.
-    void** setHwndPropStr = *reinterpret_cast<void***>(service) + 7;
-    DWORD protection = 0;
-    VirtualProtect(setHwndPropStr, sizeof(void*), PAGE_READWRITE, &protection);
-    void* before = std::exchange(*setHwndPropStr, reinterpret_cast<void*>(KeepName));
-    std::string said;
-    ForEachForm([&said](const Form& form, const Text& name) {
-        said += Printable(name) + "\n  says" + NamesSaid(form.Page()) + "\n  asks" + AskedInExchange(form) + '\n';
-        for (const int id : TipsOf(form.Page())) {
-            const Text tip = TipText(form.Page(), id);
-            said += "  tips " + std::to_string(id) + ' ' + std::string(tip.begin(), tip.end()) + '\n';
-        }
-    });
-    *setHwndPropStr = before;
-    service->Release();
-    CoUninitialize();
-    givenNames.clear();
-    std::ifstream file(QB_FORMS);
-    EXPECT_EQ(said, std::string(std::istreambuf_iterator<char>(file), {}));
+TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered) {
+    std::vector<Text> levels = {_T("Quiet"), _T("Minimal"), _T("Low"), _T("Normal"), _T("Verbose"), _T("Diagnostic")};
+    // What is shown, -1 for none, is saved.
+    const std::tuple<const char*, size_t, DWORD, int> cases[] = {
+        {"1", 6, 5, 5}, {"no", 6, 0x7FFFFFFF, 5}, {"false", 6, 0xFFFFFFFF, -1},
+        {"", 5, 5, 4},  {"0123", 5, 6, 4},        {"", 5, 0x80000001, -1}};
+    for (const auto& [variable, items, stored, shown] : cases) {
+        AllowDiagnostic(variable);
+        Store(keys::Bench, _T("QBLogVerbosity"), Dword(stored));
+        levels.resize(items);
+        // The variable is asked when the page is made, which is at start.
+        RunEditor([&levels, level = shown, wasSix = items == 6](const Sheet& sheet) {
+            AllowDiagnostic(wasSix ? "" : "1");
+            EXPECT_EQ(sheet.ItemsOf(IdVerbosity), levels);
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), level);
+            EXPECT_FALSE(sheet.CanApply());
+            sheet.Ok();
+        });
+        EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(static_cast<DWORD>(shown)));
+    }
+    AllowDiagnostic("");
 }
 
-// F1 as the system tells of it: taken by the application, which has no help, and by nobody in a message box.
-TEST_F(PagesTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm) {
-    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
-    const auto press = [](HWND window) {
-        helpCommands = 0;
-        HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
-        SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
-        EXPECT_GE(helpCommands, 1);
-    };
-    ForEachForm([&press](const Form& form, const Text& name) {
-        press(GetWindow(form.Page(), GW_CHILD));
-        press(form.Window());
-        if (name == tabs::General) {
-            WithDialog(
-                _T("Box"), [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
-                [&press](const Form& box) { press(box.Control(IDOK)); });
-        }
+TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater) {
+    RunEditor([](const Sheet& sheet) {
+        EXPECT_EQ(sheet.Title(), SheetTitle);
+        EXPECT_EQ(GetFocus(), sheet.Control(IdMode));
+        sheet.Click(IdMode);
+        EXPECT_FALSE(KeyExists(keys::Bench));
+        SetFocus(sheet.ApplyButton());
+        sheet.Apply();
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
+        sheet.Click(IdMode);
     });
-    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(Stored(keys::Bench, _T("CertificationMode")), Dword(1));
 }
 
-TEST_F(PagesTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl) {
-    ForEachForm([](const Form& form, const Text& name) {
-        if (form.Window() == form.Page()) {
-            EXPECT_EQ(GetDlgCtrlID(GetFocus()), name == titles::AdvancedTCP ? 1061 : 1188);
-            const HWND owner = GetWindow(form.Window(), GW_OWNER);
-            EXPECT_FALSE(IsWindowEnabled(owner));
-            RECT inner = {};
-            RECT outer = {};
-            GetWindowRect(form.Window(), &inner);
-            GetWindowRect(owner, &outer);
-            EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
-            EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
-            EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);
+TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn) {
+    const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
+    for (const ProductId& tool : {HazelQB, KauriQB, CedarQB}) {
+        SCOPED_TRACE(Printable(tool));
+        ClearSettings();
+        InstallTools({tool});
+        Store(keys::EhciDriver, _T("Path"), Sz(longPath));
+        RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
+            for (const Stack& stack : Stacks) {
+                const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
+                for (const bool on : {true, false, true}) {
+                    EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
+                    EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
+                    ExpectPathEnabled(sheet, stack, needed && on);
+                    sheet.Click(stack.enableSwitcher);
+                }
+            }
+            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052}) {
+                EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
+            }
+            sheet.Ok();
+        });
+        EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
+        RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+            for (const Stack& stack : Stacks) { ExpectPathEnabled(sheet, stack, false); }
+        });
+    }
+}
+
+TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing) {
+    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+        Browse(sheet, 1035, Folder + _T("input.inf"), IDCANCEL);
+        EXPECT_EQ(sheet.TextOf(1034), Text());
+        for (const auto& [browse, edit] :
+             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}}) {
+            // The ending of a driver's file may be left out.
+            Browse(sheet, browse, Folder + (browse == 1049 ? _T("input.inf") : _T("input")), IDOK);
+            EXPECT_EQ(sheet.TextOf(edit), Folder);
+            sheet.SetText(edit, edit == 1034 ? Folder : Text());
         }
+        EXPECT_FALSE(sheet.CanApply());
+        EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
+        sheet.Ok();
     });
+    EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(Folder));
 }

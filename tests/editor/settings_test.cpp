@@ -1,8 +1,12 @@
-// All settings of all pages: what each shows, takes, stores and leaves alone.
+// All settings of all pages: what each shows, takes, stores and leaves alone, and what docs/settings.md says of it.
 #include "support/calls.h"
 #include "support/scripts.h"
 
 #include <algorithm>
+#include <array>
+#include <fstream>
+#include <set>
+#include <sstream>
 
 namespace {
 using Kind = Setting::Kind;
@@ -72,6 +76,25 @@ void ExpectEmptyHolds(const Sheet& sheet, const Setting& number) {
     EXPECT_EQ(GetFocus(), sheet.Control(number.control));
     sheet.SetText(number.control, before);
     EXPECT_FALSE(sheet.CanApply()) << "the member has kept that number";
+}
+
+// The cells of a row that hold the type and the default.
+std::string CellsOf(const StoredValue& value) {
+    if (value.type == REG_DWORD) {
+        return " REG_DWORD  " + std::to_string(*reinterpret_cast<const int*>(value.data.data())) + ' ';
+    }
+    if (value.type == REG_SZ) {
+        return " REG_SZ  \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + "\" ";
+    }
+    return " REG_BINARY  " + std::to_string(value.data.size()) + " bytes ";
+}
+
+std::string CellsOf(Tools tools) {
+    if (tools.empty()) { return " any "; }
+    std::sort(tools.begin(), tools.end());
+    std::string cell;
+    for (const ProductId& tool : tools) { cell += (cell.empty() ? " " : ", ") + Printable(tool); }
+    return cell + ' ';
 }
 }  // namespace
 
@@ -195,4 +218,26 @@ TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedI
             EXPECT_EQ(calls::OpenKeys(), 0U);
         });
     }
+}
+
+TEST(SettingsReferenceTest, ListsEachSetting) {
+    std::set<std::string> settings;
+    for (const Setting& setting : AllSettings()) {
+        settings.insert(Printable(setting.key) + " `" + Printable(setting.name) + "` " + CellsOf(setting.initial) +
+                        CellsOf(setting.tools));
+    }
+    std::string key;
+    std::ifstream file(QB_REFERENCE);
+    for (std::string line; std::getline(file, line);) {
+        // What stands before a row; name, type, default, meaning, control, tools.
+        std::array<std::string, 7> cells;
+        std::istringstream text(line);
+        for (std::string& cell : cells) { std::getline(text, cell, '|'); }
+        if (const size_t start = line.find("Key `"); start != std::string::npos) {
+            key = line.substr(start + 5, line.size() - start - 6);
+        } else if (cells[1].rfind(" `", 0) == 0) {
+            EXPECT_EQ(settings.erase(key + cells[1] + cells[2] + cells[3] + cells[6]), 1U) << line;
+        }
+    }
+    EXPECT_EQ(settings, std::set<std::string>());
 }
