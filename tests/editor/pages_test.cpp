@@ -18,6 +18,7 @@ void AllowDiagnostic(const char* value) {
 }
 
 using GeneralTest = SettingsTest;
+
 struct Stack {
     int group;
     int enableSwitcher;
