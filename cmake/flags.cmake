@@ -22,8 +22,9 @@ if(WIN32)
   set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
   set(CMAKE_EXE_LINKER_FLAGS_RELEASE "-s")
 else()
-  # With what the fuzzer needs to see where it has been. Optimized as far as stack traces and the debugger allow. Wine's
-  # COM objects have no C++ types to check.
+  # Libraries and programs have the same flags, as they share precompiled headers. With what the fuzzer needs to see
+  # where it has been. Optimized as far as stack traces and the debugger allow. Wine's COM objects have no C++ types to
+  # check.
   add_compile_options(-fPIC -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize=vptr -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")

@@ -16,6 +16,8 @@ class CSettingsPage : public CPropertyPage
 
 public:
     explicit CSettingsPage(UINT nIDTemplate);
+    // The tips go before all else.
+    ~CSettingsPage() override { m_pToolTip.reset(); }
 
     // Whether some tool on this machine needs the page. True for a page that names no tool.
     bool ConcernsInstalledTool() const;
@@ -64,7 +66,7 @@ protected:
     static bool IsAnyXhciToolInstalled();
     static bool IsAnyEhciToolInstalled();
 
-    void AddToolTip(int id, LPCTSTR text) { m_pToolTip->AddTool(GetDlgItem(id), text, nullptr, 0); }
+    void AddToolTip(int id, LPCTSTR text) { m_pToolTip->AddTool(GetDlgItem(id), text); }
 
     DECLARE_MESSAGE_MAP()
 

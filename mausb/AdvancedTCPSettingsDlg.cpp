@@ -71,7 +71,7 @@ void CAdvancedTCPSettingsDlg::InitToolTips()
         {IDC_TCP_NODELAY, _T("If checked, the Dock disables the Nagle Algorithm for send coalescing.")}};
     for (const Tip& tip : tips)
     {
-        m_pToolTip->AddTool(GetDlgItem(tip.id), tip.text, nullptr, 0);
+        m_pToolTip->AddTool(GetDlgItem(tip.id), tip.text);
     }
 }
 

@@ -29,8 +29,8 @@ constexpr BYTE SnapIdBase = 16;
 
 // Only from the control to the member: the page itself shows the number in its base. An empty edit is 0; a
 // text that does not begin as a hexadecimal number (blanks, a sign and 0x may come first) fails the exchange
-// without a word. A number with the top bit set
-// is shown with sixteen digits: the runtime's own scan keeps the last eight, that of mingw-w64 would not.
+// without a word. A number with the top bit set is shown with sixteen digits: the runtime's own scan keeps
+// the last eight, that of mingw-w64 would not.
 void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);

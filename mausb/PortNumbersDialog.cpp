@@ -107,7 +107,7 @@ void CPortNumbersDialog::InitToolTips()
     }
     for (const RowIds& ids : Rows)
     {
-        m_pToolTip->AddTool(GetDlgItem(ids.edit), _T("Enter a TCP port number."), nullptr, 0);
+        m_pToolTip->AddTool(GetDlgItem(ids.edit), _T("Enter a TCP port number."));
     }
     for (const RowIds& ids : Rows)
     {
@@ -115,8 +115,7 @@ void CPortNumbersDialog::InitToolTips()
             GetDlgItem(ids.comboBox),
             _T("Enter the types of packets you will send on this port.\n")
             _T("If you set it to Default, then all packets that aren't set by other ports will be ")
-            _T("set on this port."),
-            nullptr, 0);
+            _T("set on this port."));
     }
     ActivateToolTips(*m_pToolTip);
 }

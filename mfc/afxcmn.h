@@ -12,6 +12,6 @@ class CToolTipCtrl : public CWnd
 public:
     // False if the control could not be made.
     BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
-    // With no rectangle the tool is the window itself, anywhere on it. The text is copied.
-    BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool = nullptr, UINT_PTR nIDTool = 0);
+    // The tool is the window itself, anywhere on it: a part of one is not offered. The text is copied.
+    BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText);
 };

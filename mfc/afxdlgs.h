@@ -8,15 +8,13 @@
 
 #include <vector>
 
-class CPropertySheet;
-
 class CPropertyPage : public CDialog
 {
     DECLARE_DYNAMIC(CPropertyPage)
 
 public:
     // The tab shows the template's title.
-    explicit CPropertyPage(UINT nIDTemplate, UINT nIDCaption = 0);
+    explicit CPropertyPage(UINT nIDTemplate);
 
     PROPSHEETPAGEW& GetPSP() { return m_psp; }
 

@@ -5,7 +5,6 @@
 #include "afxmsg_.h"
 
 class CDataExchange;
-class CDialog;
 
 class CCmdTarget : public CObject
 {
@@ -65,7 +64,7 @@ public:
     virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
     // Shows the window and runs messages until EndModalLoop, or until ContinueModal says no; gives
-    // EndModalLoop's result.
+    // EndModalLoop's result, or -1 if the program is to end.
     int RunModalLoop();
     void EndModalLoop(int nResult);
     virtual BOOL ContinueModal() { return m_bContinueModal; }
@@ -187,15 +186,12 @@ public:
     CWnd* m_pMainWnd = nullptr;  // not owned
 
 protected:
-    // Names the key that the class library's own settings would lie under.
-    void SetRegistryKey(LPCTSTR lpszRegistryKey) { m_strRegistryKey = lpszRegistryKey; }
+    // Names the key that the class library's own settings would lie under. There are none here.
+    void SetRegistryKey(LPCTSTR) {}
     // There is no help file: the command is taken and nothing follows.
     afx_msg void OnHelp() {}
 
     DECLARE_MESSAGE_MAP()
-
-private:
-    CString m_strRegistryKey;
 };
 
 CWinApp* AfxGetApp();

@@ -54,7 +54,7 @@ BOOL CToolTipCtrl::Create(CWnd* pParentWnd, DWORD dwStyle)
     return created != nullptr && SubclassWindow(created);
 }
 
-BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UINT_PTR nIDTool)
+BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText)
 {
     if (m_hWnd == nullptr || pWnd == nullptr)
     {
@@ -62,18 +62,9 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UIN
     }
     TTTOOLINFOW tool = {};
     tool.cbSize = sizeof(tool);
-    if (lpRectTool == nullptr)
-    {
-        tool.uFlags = TTF_IDISHWND;
-        tool.hwnd = ::GetParent(pWnd->m_hWnd);
-        tool.uId = reinterpret_cast<UINT_PTR>(pWnd->m_hWnd);
-    }
-    else
-    {
-        tool.hwnd = pWnd->m_hWnd;
-        tool.uId = nIDTool;
-        tool.rect = *lpRectTool;
-    }
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = ::GetParent(pWnd->m_hWnd);
+    tool.uId = reinterpret_cast<UINT_PTR>(pWnd->m_hWnd);
     // The control takes a copy; its structure has no const.
     tool.lpszText = const_cast<LPWSTR>(lpszText);
     return static_cast<BOOL>(SendMessage(TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)));

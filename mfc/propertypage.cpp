@@ -2,18 +2,13 @@
 
 IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
 
-CPropertyPage::CPropertyPage(UINT nIDTemplate, UINT nIDCaption) : CDialog(nIDTemplate)
+CPropertyPage::CPropertyPage(UINT nIDTemplate) : CDialog(nIDTemplate)
 {
     m_psp.dwSize = sizeof(m_psp);
     m_psp.hInstance = AfxGetInstanceHandle();
     m_psp.pszTemplate = MAKEINTRESOURCEW(nIDTemplate);
     m_psp.pfnDlgProc = PageProc;
     m_psp.lParam = reinterpret_cast<LPARAM>(static_cast<CDialog*>(this));
-    if (nIDCaption != 0)
-    {
-        m_psp.dwFlags = PSP_USETITLE;
-        m_psp.pszTitle = MAKEINTRESOURCEW(nIDCaption);
-    }
 }
 
 // The sheet hands a page its own structure where a dialog gets the object.
