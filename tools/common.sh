@@ -158,5 +158,8 @@ unpack_corpus()
     local input number=0
     rm -rf "$1"
     mkdir -p "$1"
-    while read -r input; do base64 -d <<< "$input" > "$1/$((number += 1))"; done < tests/fuzz/corpus.txt
+    while read -r input; do
+        number=$((number + 1))
+        base64 -d <<< "$input" > "$1/$number"
+    done < tests/fuzz/corpus.txt
 }
