@@ -6,6 +6,7 @@
 #include <psapi.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
