@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace {
-struct Control {
+namespace
+{
+struct Control
+{
     HWND window;
     int id;
     DWORD style;
@@ -18,22 +20,26 @@ struct Control {
     bool IsGroup() const { return isButton && Kind() == BS_GROUPBOX; }
 };
 
-std::vector<Control> ShownControls(HWND dialog) {
+std::vector<Control> ShownControls(HWND dialog)
+{
     std::vector<Control> controls;
-    for (const HWND window : ControlsOf(dialog)) {
+    for (const HWND window : ControlsOf(dialog))
+    {
         const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-        if ((style & WS_VISIBLE) != 0) {
+        if ((style & WS_VISIBLE) != 0)
+        {
             RECT place = {};
             GetWindowRect(window, &place);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-            controls.push_back(
-                {window, GetDlgCtrlID(window), style, place, IsOf(window, _T("Button")), IsOf(window, _T("Static"))});
+            controls.push_back({window, GetDlgCtrlID(window), style, place, IsOf(window, _T("Button")),
+                                IsOf(window, _T("Static"))});
         }
     }
     return controls;
 }
 
-SIZE TextSize(HWND window) {
+SIZE TextSize(HWND window)
+{
     const HDC dc = GetDC(window);
     const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
     RECT size = {};
@@ -44,7 +50,8 @@ SIZE TextSize(HWND window) {
 }
 
 // Where controls may stand: the template's size less its margin of 7 units.
-RECT RoomOf(HWND dialog, int id) {
+RECT RoomOf(HWND dialog, int id)
+{
     const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), reinterpret_cast<LPCTSTR>(RT_DIALOG));
     const auto* header = static_cast<const BYTE*>(LockResource(LoadResource(nullptr, resource)));
     WORD units[2] = {};
@@ -54,7 +61,8 @@ RECT RoomOf(HWND dialog, int id) {
     return {size.left, size.top, size.right - size.left + 1, size.bottom - size.top + 1};
 }
 
-int DotsPerInch() {
+int DotsPerInch()
+{
     const HDC screen = GetDC(nullptr);
     const int perInch = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
@@ -62,11 +70,13 @@ int DotsPerInch() {
 }
 
 // A button's text has something beside it: the frame, or the box that is checked.
-void ExpectFits(const Control& control) {
+void ExpectFits(const Control& control)
+{
     const SIZE text = TextSize(control.window);
     const int perInch = DotsPerInch();
     int beside = 0;
-    if (control.isButton) {
+    if (control.isButton)
+    {
         const bool isPush = control.Kind() == BS_PUSHBUTTON || control.Kind() == BS_DEFPUSHBUTTON;
         beside = control.IsGroup() ? 18 * perInch / 96
                  : isPush          ? 8 * perInch / 96
@@ -76,21 +86,30 @@ void ExpectFits(const Control& control) {
     EXPECT_LE(text.cy, control.place.bottom - control.place.top) << control.id;
 }
 
-bool Contains(const RECT& outer, const RECT& inner) {
+bool Contains(const RECT& outer, const RECT& inner)
+{
     return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
            inner.bottom <= outer.bottom;
 }
 
-void CheckLayout(HWND dialog, int templateId) {
+void CheckLayout(HWND dialog, int templateId)
+{
     SCOPED_TRACE(Printable(Form(dialog).Title()));
     const std::vector<Control> controls = ShownControls(dialog);
     EXPECT_GT(controls.size(), 1U);
-    for (const Control& control : controls) {
-        EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place)) << control.id << " leaves the margins";
-        if (control.isButton || control.isStatic) { ExpectFits(control); }
-        for (const Control& other : controls) {
+    for (const Control& control : controls)
+    {
+        EXPECT_TRUE(Contains(RoomOf(dialog, templateId), control.place))
+            << control.id << " leaves the margins";
+        if (control.isButton || control.isStatic)
+        {
+            ExpectFits(control);
+        }
+        for (const Control& other : controls)
+        {
             RECT common = {};
-            if (control.window != other.window && IntersectRect(&common, &control.place, &other.place)) {
+            if (control.window != other.window && IntersectRect(&common, &control.place, &other.place))
+            {
                 EXPECT_TRUE((control.IsGroup() && Contains(control.place, other.place)) ||
                             (other.IsGroup() && Contains(other.place, control.place)))
                     << control.id << " and " << other.id;
@@ -102,12 +121,15 @@ void CheckLayout(HWND dialog, int templateId) {
 
 using LayoutTest = SettingsTest;
 
-TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps) {
+TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
+{
     const char* asked = std::getenv("QB_DPI");
     EXPECT_EQ(DotsPerInch(), asked != nullptr ? std::atoi(asked) : 96);
     const std::map<Text, int> templates = {
-        {tabs::General, 130},       {tabs::Drivers, 132},       {tabs::Chapter9, 140},     {tabs::Waivers, 131},
-        {tabs::Xhci, 102},          {tabs::Identity, 136},      {tabs::Media, 133},        {tabs::Protocol, 135},
-        {tabs::HostUnderTest, 137}, {titles::AdvancedTCP, 104}, {titles::ClientPorts, 143}};
-    ForEachForm([&templates](const Form& form, const Text& name) { CheckLayout(form.Page(), templates.at(name)); });
+        {tabs::General, 130},       {tabs::Drivers, 132},      {tabs::Chapter9, 140},
+        {tabs::Waivers, 131},       {tabs::Xhci, 102},         {tabs::Identity, 136},
+        {tabs::Media, 133},         {tabs::Protocol, 135},     {tabs::HostUnderTest, 137},
+        {titles::AdvancedTCP, 104}, {titles::ClientPorts, 143}};
+    ForEachForm([&templates](const Form& form, const Text& name)
+                { CheckLayout(form.Page(), templates.at(name)); });
 }

@@ -3,14 +3,18 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
-namespace {
+namespace
+{
 // On a window of its own, of any class; base 0 leaves it as it comes up.
-class TrialEdit : public CSuperEdit {
+class TrialEdit : public CSuperEdit
+{
 public:
-    explicit TrialEdit(BYTE base, LPCTSTR className = _T("EDIT")) {
-        SubclassWindow(CreateWindowExW(0, className, _T(""), WS_POPUP | ES_AUTOHSCROLL, 0, 0, 100, 60, nullptr, nullptr,
-                                       nullptr, nullptr));
-        if (base != 0) {
+    explicit TrialEdit(BYTE base, LPCTSTR className = _T("EDIT"))
+    {
+        SubclassWindow(CreateWindowExW(0, className, _T(""), WS_POPUP | ES_AUTOHSCROLL, 0, 0, 100, 60,
+                                       nullptr, nullptr, nullptr, nullptr));
+        if (base != 0)
+        {
             SetBase(base);
             EXPECT_EQ(Shown(), _T("0"));
         }
@@ -18,16 +22,19 @@ public:
 
     Text Shown() const { return Form(m_hWnd).Title(); }
     // What the dialog's question for codes is answered, asked about a message if there is one.
-    LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const {
+    LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const
+    {
         MSG asked = {};
         asked.message = message;
         asked.wParam = wParam;
-        return ::SendMessageW(m_hWnd, WM_GETDLGCODE, wParam, message != 0 ? reinterpret_cast<LPARAM>(&asked) : 0);
+        return ::SendMessageW(m_hWnd, WM_GETDLGCODE, wParam,
+                              message != 0 ? reinterpret_cast<LPARAM>(&asked) : 0);
     }
 };
 }  // namespace
 
-TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText) {
+TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText)
+{
     constexpr ULONGLONG none = 0xFFFFFFFF;  // what a character counts that is no digit anywhere
     const std::tuple<BYTE, Text, ULONGLONG, bool> cases[] = {
         {16, _T("506F9A"), 0x506F9A, true},
@@ -46,7 +53,8 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText) {
         {16, _T("\xE9"), none, false},
         {16, _T("\x0661"), none, false},
         {10, _T("18446744073709551617"), 1, false}};
-    for (const auto& [base, text, number, isShownSo] : cases) {
+    for (const auto& [base, text, number, isShownSo] : cases)
+    {
         TrialEdit edit(base);
         edit.SetWindowText(text.c_str());
         EXPECT_EQ(edit.GetNumber(), number) << Printable(text);
@@ -58,24 +66,30 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText) {
     }
 }
 
-TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits) {
+TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
+{
     // Control characters are the edit's own, and what is beyond ASCII does not print.
     const std::tuple<BYTE, Text, Text, size_t> cases[] = {
         {0, _T("g -Z~"), _T("g -Z~"), 0},  {16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
         {10, _T("/0a9:F-"), _T("09"), 5},  {2, _T("012"), _T("01"), 1},
         {36, _T("0zZ{[9"), _T("0zZ9"), 2}, {11, _T("aAbB9"), _T("aA9"), 2},
         {16, _T("12\b3"), _T("13"), 0},    {16, _T("\x20AC"), _T("\x20AC"), 0}};
-    for (const auto& [base, typed, text, beeps] : cases) {
+    for (const auto& [base, typed, text, beeps] : cases)
+    {
         TrialEdit edit(base);
         edit.SetWindowText(_T(""));
         calls::Reset();
-        for (const TCHAR key : typed) { SendMessageW(edit.m_hWnd, WM_CHAR, key, 1); }
+        for (const TCHAR key : typed)
+        {
+            SendMessageW(edit.m_hWnd, WM_CHAR, key, 1);
+        }
         EXPECT_EQ(edit.Shown(), text);
         EXPECT_EQ(calls::Made("MessageBeep").size(), beeps);
     }
 }
 
-TEST(SuperEditTest, AsksItsDialogForPrintableCharacters) {
+TEST(SuperEditTest, AsksItsDialogForPrintableCharacters)
+{
     // A window that wants no characters by itself, as an edit would.
     TrialEdit edit(0, _T("STATIC"));
     const LRESULT usual = edit.DialogCode();

@@ -4,13 +4,15 @@
 #include "support/calls.h"
 #include "support/registry.h"
 
-namespace {
+namespace
+{
 // Under a part of SOFTWARE\Halvane that no page uses.
 const Text Key = _T("SOFTWARE\\Halvane\\Scratch\\Below");
 const Text Name = _T("Value");
 
 // A page for its registry operations alone; it is never displayed.
-class ValuePage : public CSettingsPage {
+class ValuePage : public CSettingsPage
+{
 public:
     ValuePage() : CSettingsPage(IDD_GENERAL_SETTINGS) {}
 
@@ -25,21 +27,25 @@ protected:
     void LoadSettings() override {}
 };
 
-class ValuesTest : public SettingsTest {
+class ValuesTest : public SettingsTest
+{
 protected:
     template <class Member>
-    Member Read(Member member) {
+    Member Read(Member member)
+    {
         page.ReadValue(Key, Name, member);
         return member;
     }
     Text ReadText() { return Text(Read(CString(_T("default")))); }
     // What stands in a buffer of six bytes once four have been asked for.
-    std::vector<BYTE> ReadFour() {
+    std::vector<BYTE> ReadFour()
+    {
         std::vector<BYTE> buffer(6, 0xDD);
         page.ReadBinaryValue(Key, Name, 4, buffer.data());
         return buffer;
     }
-    void ExpectNothingRead() {
+    void ExpectNothingRead()
+    {
         EXPECT_EQ(Read(-7), -7);
         EXPECT_EQ(Read(0x80000007U), 0x80000007U);
         EXPECT_FALSE(Read(true));
@@ -55,7 +61,8 @@ protected:
 };
 }  // namespace
 
-TEST_F(ValuesTest, ReadOfNothingCreatesNothing) {
+TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
+{
     ExpectNothingRead();
     EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane\\Scratch")));
     Store(Key, Name, Dword(1));
@@ -70,8 +77,10 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing) {
     EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
 }
 
-TEST_F(ValuesTest, WriteCreatesKeyAndValue) {
-    const auto written = [this](const auto& member) {
+TEST_F(ValuesTest, WriteCreatesKeyAndValue)
+{
+    const auto written = [this](const auto& member)
+    {
         page.WriteValue(Key, Name, member);
         return Stored(Key, Name);
     };
@@ -95,7 +104,8 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue) {
     EXPECT_FALSE(KeyExists(other));
 }
 
-TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType) {
+TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType)
+{
     Store(Key, Name, Binary({0xCD, 0xAB}));
     EXPECT_EQ(Read(0x12345678), 0x1234ABCD);
     EXPECT_EQ(Read(0x12345678U), 0x1234ABCDU);

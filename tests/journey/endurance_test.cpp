@@ -1,5 +1,5 @@
-// Whether the program lasts: starts and shows of all pages in great numbers. A few of each, unless QB_ENDURANCE says
-// how many.
+// Whether the program lasts: starts and shows of all pages in great numbers. A few of each, unless
+// QB_ENDURANCE says how many.
 #include "driver/editor.h"
 #include "support/settings.h"
 
@@ -10,31 +10,39 @@
 #include <cstdlib>
 #include <iostream>
 
-namespace {
+namespace
+{
 const int Times = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 10;
 
 // What a program could pile up: windows of all programs, handles and memory of one process.
 using Counts = std::map<std::string, size_t>;
 
-constexpr std::pair<UINT, WPARAM> Closings[] = {{WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
+constexpr std::pair<UINT, WPARAM> Closings[] = {
+    {WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
 
-size_t WindowsBelow(HWND parent) {
+size_t WindowsBelow(HWND parent)
+{
     size_t count = 0;
-    for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;) {
+    for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;)
+    {
         count += 1 + WindowsBelow(window);
     }
     return count;
 }
 
 // In these ways, as Wine gives 0 for GetProcessHandleCount and GetGuiResources.
-Counts Count(DWORD id) {
+Counts Count(DWORD id)
+{
     // The number of handles, a word that is kept free, and five words for each handle; its process is the
     // second.
     std::vector<ULONG_PTR> list(size_t{1} << 17);
     constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
     NtQuerySystemInformation(ExtendedHandles, list.data(), ULONG{8} << 17, nullptr);
     size_t handles = 0;
-    for (size_t index = 0; index < list[0]; ++index) { handles += list[index * 5 + 3] == id ? 1 : 0; }
+    for (size_t index = 0; index < list[0]; ++index)
+    {
+        handles += list[index * 5 + 3] == id ? 1 : 0;
+    }
     PROCESS_MEMORY_COUNTERS memory = {};
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id);
     EXPECT_TRUE(GetProcessMemoryInfo(process, &memory, sizeof(memory)));
@@ -47,28 +55,36 @@ Counts Count(DWORD id) {
 using EnduranceJourney = SettingsTest;
 }  // namespace
 
-TEST_F(EnduranceJourney, EachStartComesUpAndEnds) {
-    for (int start = 0; start < Times; ++start) {
+TEST_F(EnduranceJourney, EachStartComesUpAndEnds)
+{
+    for (int start = 0; start < Times; ++start)
+    {
         const EditorProcess editor;
         const Sheet sheet = editor.WaitForSheet();
-        if (start % 2 == 0) { ASSERT_TRUE(EditorProcess().WaitForEnd()); }
+        if (start % 2 == 0)
+        {
+            ASSERT_TRUE(EditorProcess().WaitForEnd());
+        }
         const auto [message, wParam] = Closings[start % std::size(Closings)];
         PostMessageW(sheet.Window(), message, wParam, 0);
         ASSERT_TRUE(editor.WaitForEnd());
     }
 }
 
-TEST_F(EnduranceJourney, PagesPileNothingUp) {
+TEST_F(EnduranceJourney, PagesPileNothingUp)
+{
     const EditorProcess editor;
     const Sheet sheet = editor.WaitForSheet();
     Counts before;
-    for (int show = 0; show < Times; ++show) {
+    for (int show = 0; show < Times; ++show)
+    {
         // What is made once is there when some have gone before.
         before = show == std::min(10, Times / 2) ? Count(editor.Id()) : before;
         ASSERT_EQ(sheet.OpenAll().size(), 9U);
     }
     const Counts now = Count(editor.Id());
-    for (const auto& [what, count] : before) {
+    for (const auto& [what, count] : before)
+    {
         std::cout << what << ": " << count << ", at last " << now.at(what) << '\n';
         EXPECT_GT(count, 0U) << "what is there is counted";
         // A heap grows by steps, of which the last comes within the first hundred shows, and shrinks late.

@@ -1,5 +1,5 @@
-// The real program: how it starts, what a second one does, what it leaves in the registry, and where its libraries come
-// from.
+// The real program: how it starts, what a second one does, what it leaves in the registry, and where its
+// libraries come from.
 #include "driver/editor.h"
 #include "resource.h"
 #include "support/registry.h"
@@ -9,15 +9,19 @@
 #include <filesystem>
 #include <set>
 
-namespace {
+namespace
+{
 using Titles = std::vector<Text>;
 
-class StartJourney : public SettingsTest {
+class StartJourney : public SettingsTest
+{
 protected:
     // Runs a further instance to its end; fails the test if it shows anything.
-    static void RunSecondInstance() {
+    static void RunSecondInstance()
+    {
         const EditorProcess second;
-        while (second.Runs()) {
+        while (second.Runs())
+        {
             ASSERT_EQ(second.Windows(), Titles());
             Sleep(1);
         }
@@ -26,22 +30,28 @@ protected:
 };
 
 // The names of the files that a process has loaded from the folder, in small letters.
-std::set<std::wstring> LoadedFrom(const std::filesystem::path& folder, HANDLE process) {
+std::set<std::wstring> LoadedFrom(const std::filesystem::path& folder, HANDLE process)
+{
     std::set<std::wstring> names;
     HMODULE modules[256] = {};
     DWORD size = 0;
     EXPECT_TRUE(EnumProcessModules(process, modules, sizeof(modules), &size) && size < sizeof(modules));
-    for (DWORD index = 0; index < size / sizeof(HMODULE); ++index) {
+    for (DWORD index = 0; index < size / sizeof(HMODULE); ++index)
+    {
         wchar_t path[MAX_PATH] = {};
         GetModuleFileNameExW(process, modules[index], path, MAX_PATH);
         const std::filesystem::path file = _wcslwr(path);
-        if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0) { names.insert(file.filename()); }
+        if (_wcsicmp(file.parent_path().c_str(), folder.c_str()) == 0)
+        {
+            names.insert(file.filename());
+        }
     }
     return names;
 }
 }  // namespace
 
-TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
+TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
+{
     // A command line makes no difference.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
     const Sheet sheet = editor.WaitForSheet();
@@ -71,12 +81,14 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown) {
     EXPECT_EQ(StoredSettings(), applied);
 }
 
-TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
+TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
+{
     const EditorProcess first;
     const Sheet sheet = first.WaitForSheet();
-    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200, 900,
-                                       nullptr, nullptr, nullptr, nullptr);
-    for (const bool minimised : {false, true}) {
+    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
+                                       900, nullptr, nullptr, nullptr, nullptr);
+    for (const bool minimised : {false, true})
+    {
         SCOPED_TRACE(minimised);
         ShowWindow(sheet.Window(), minimised ? SW_MINIMIZE : SW_SHOWNORMAL);
         SetForegroundWindow(cover);
@@ -93,7 +105,8 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront) {
     EXPECT_EQ(next.WaitForSheet().CheckOf(IDC_CERTIFICATION_MODE), BST_CHECKED);
 }
 
-TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet) {
+TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
+{
     ClearSettings();
     const EditorProcess editor;
     const Form box(editor.WaitForWindow(titles::Error));
@@ -106,14 +119,18 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet) {
 }
 
 // Copies of the system's own, which do no harm: it shows in their paths where they were found.
-TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded) {
+TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
+{
     const std::filesystem::path folder = EditorProcess::Path(L"planted");
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     std::filesystem::copy_file(EditorProcess::Path(), folder / L"QBSettings.exe");
-    for (const wchar_t* library : {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll",
-                                   L"comdlg32.dll", L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"}) {
-        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library, folder / library);
+    for (const wchar_t* library :
+         {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll", L"comdlg32.dll",
+          L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
+    {
+        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library,
+                                   folder / library);
     }
     {
         const EditorProcess editor(L"", L"planted\\QBSettings.exe");

@@ -2,7 +2,8 @@
 #include "mausb/PortNumbersDialog.h"
 #include "support/scripts.h"
 
-namespace {
+namespace
+{
 using Ports = std::vector<std::pair<UINT, int>>;
 
 // Of a row of Port Numbers.
@@ -11,32 +12,53 @@ constexpr int Types[] = {1189, 1192, 1195, 1198};
 using Row = std::tuple<Text, LRESULT, bool>;  // text, selected type, whether that can be chosen
 const Row EmptyRow = {{}, 0, false};
 
-Row RowOf(const Form& form, int row) {
+Row RowOf(const Form& form, int row)
+{
     return {form.TextOf(Edits[row]), form.SelectionOf(Types[row]), form.IsEnabled(Types[row])};
 }
 
-std::vector<Row> RowsOf(const Form& form) { return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)}; }
+std::vector<Row> RowsOf(const Form& form)
+{
+    return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)};
+}
 
 // What the dialog leaves of a table.
-Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script) {
+Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
+{
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
     const auto open = [&] { result = static_cast<int>(dialog.DoModal()); };
-    WithDialog(_T("Some Ports"), open, [&](const Form& form) {
-        script(form);
-        form.Click(button);
-    });
+    WithDialog(_T("Some Ports"), open,
+               [&](const Form& form)
+               {
+                   script(form);
+                   form.Click(button);
+               });
     EXPECT_EQ(result, button);
     Ports ports;
-    for (const PortEntry& entry : table) { ports.emplace_back(entry.PortNumber, entry.PacketType); }
+    for (const PortEntry& entry : table)
+    {
+        ports.emplace_back(entry.PortNumber, entry.PacketType);
+    }
     return ports;
 }
 
-class AdvancedTCPTest : public SettingsTest {
+class AdvancedTCPTest : public SettingsTest
+{
 protected:
-    enum { Delay = 1061, SndBuf = 1142, RcvBuf = 1144, NoDelay = 1145, DefaultSnd = 1146, DefaultRcv = 1147 };
+    enum
+    {
+        Delay = 1061,
+        SndBuf = 1142,
+        RcvBuf = 1144,
+        NoDelay = 1145,
+        DefaultSnd = 1146,
+        DefaultRcv = 1147
+    };
 
-    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd, DWORD defaultRcv) {
+    static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd,
+                      DWORD defaultRcv)
+    {
         return {{_T("AdvancedTCP_SocketSendDelay"), Dword(delay)},
                 {_T("AdvancedTCP_SO_SNDBUF"), Dword(sndBuf)},
                 {_T("AdvancedTCP_SO_RCVBUF"), Dword(rcvBuf)},
@@ -44,31 +66,37 @@ protected:
                 {_T("AdvancedTCP_Default_SO_SNDBUF"), Dword(defaultSnd)},
                 {_T("AdvancedTCP_Default_SO_RCVBUF"), Dword(defaultRcv)}};
     }
-    static Values StoredSix() {
+    static Values StoredSix()
+    {
         Values six = StoredTree(keys::Kauri)[keys::Kauri];
         std::erase_if(six, [](const auto& value) { return value.first.find(_T("AdvancedTCP_")) != 0; });
         return six;
     }
-    static void ExpectSizes(const Form& form, bool send, bool receive) {
+    static void ExpectSizes(const Form& form, bool send, bool receive)
+    {
         EXPECT_TRUE(form.IsEnabled(SndBuf) == send && form.IsEnabled(1141) == send);
         EXPECT_TRUE(form.IsEnabled(RcvBuf) == receive && form.IsEnabled(1143) == receive);
     }
 };
 }  // namespace
 
-TEST(PortNumbersTest, PortIsWhatATextBeginsWith) {
+TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
+{
     const std::pair<Text, UINT> cases[] = {
         {_T(""), 0},     {_T("00000"), 0}, {_T("1"), 1},   {_T("65535"), 65535},  {_T("65536"), 0},
         {_T("080"), 80}, {_T("80x1"), 80}, {_T("x80"), 0}, {_T(" 80"), 0},        {_T("4294967297"), 0},
         {_T("/1:"), 0},  {_T("7:"), 7},    {_T("9"), 9},   {Text(38, _T('9')), 0}};
-    for (const auto& [text, port] : cases) {
+    for (const auto& [text, port] : cases)
+    {
         EXPECT_EQ(CPortNumbersDialog::ParsePortText(text.c_str()), port) << Printable(text);
     }
 }
 
-TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour) {
+TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
+{
     const PortTable six = {{5, -1}, {0, 2}, {7, 1}, {8, 2}, {9, 2}, {10, 2}};
-    const auto look = [](const Form& form) {
+    const auto look = [](const Form& form)
+    {
         EXPECT_EQ(RowsOf(form),
                   (std::vector<Row>{{_T("5"), 0, true}, EmptyRow, {_T("7"), 2, true}, {_T("8"), 3, true}}));
         EXPECT_EQ(form.ItemsOf(Types[3]),
@@ -76,33 +104,40 @@ TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour) {
     };
     EXPECT_EQ(RunDialog(six, IDCANCEL, look).size(), 6U);
     EXPECT_EQ(RunDialog(six, IDOK, look), (Ports{{5, -1}, {0, -1}, {7, 1}, {8, 2}}));
-    EXPECT_EQ(RunDialog({DefaultPortEntry}, IDOK, [](const Form&) {}), (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
+    EXPECT_EQ(RunDialog({DefaultPortEntry}, IDOK, [](const Form&) {}),
+              (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
 }
 
-TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable) {
-    const Ports left = RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK, [](const Form& form) {
-        // At each key one usable port follows another.
-        form.Retype(Edits[0], _T("65535"));
-        EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
-        form.Type(Edits[0], _T("0"));
-        EXPECT_EQ(RowOf(form, 0), (Row{_T("655350"), 0, false}));
-        form.Type(Edits[0], _T("\b"));
-        EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 0, true}));
-        form.Pick(Types[0], 2);
-        form.Retype(Edits[1], {});
-        form.Type(Edits[1], _T("x-0"));
-        EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
-        form.SetText(Edits[2], _T("70x"));
-        EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
-        EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
-        form.Retype(Edits[3], _T("70"));
-    });
+TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
+{
+    const Ports left =
+        RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK,
+                  [](const Form& form)
+                  {
+                      // At each key one usable port follows another.
+                      form.Retype(Edits[0], _T("65535"));
+                      EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
+                      form.Type(Edits[0], _T("0"));
+                      EXPECT_EQ(RowOf(form, 0), (Row{_T("655350"), 0, false}));
+                      form.Type(Edits[0], _T("\b"));
+                      EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 0, true}));
+                      form.Pick(Types[0], 2);
+                      form.Retype(Edits[1], {});
+                      form.Type(Edits[1], _T("x-0"));
+                      EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
+                      form.SetText(Edits[2], _T("70x"));
+                      EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
+                      EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
+                      form.Retype(Edits[3], _T("70"));
+                  });
     EXPECT_EQ(left, (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
-TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped) {
+TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
+{
     EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
-                        [](const Form& form) {
+                        [](const Form& form)
+                        {
                             EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("70000"), 3, true},
                                                                       {_T("4294967295"), 2, true},
                                                                       {_T("65536"), 1, true},
@@ -110,9 +145,11 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped) {
                             form.Type(Edits[2], _T("1"));
                         }),
               (Ports{{0, 2}, {0, 1}, {0, -1}, {0, -1}}));
-    for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)}) {
+    for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)})
+    {
         EXPECT_EQ(RunDialog({{80, type}, {81, type}}, IDOK,
-                            [](const Form& form) {
+                            [](const Form& form)
+                            {
                                 EXPECT_EQ(RowOf(form, 0), (Row{_T("80"), -1, true})) << "no such item";
                                 form.Pick(Types[1], 3);
                             }),
@@ -120,58 +157,71 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped) {
     }
 }
 
-TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks) {
+TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
+{
     // A size of 0 in use, and flags that are none of a check box: shown, and stored so only once confirmed.
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
-    RunOnTab(tabs::Media, [](const Sheet& sheet) {
-        sheet.Apply();
-        EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            EXPECT_EQ(form.TextOf(Delay), _T("1"));
-            EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
-            EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
-            ExpectSizes(form, true, true);
-            form.Retype(Delay, _T("5"));
-        });
-        EXPECT_FALSE(sheet.CanApply()) << "cancelled";
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            EXPECT_EQ(form.TextOf(Delay), _T("1"));
-            form.Retype(Delay, _T("x-4294967295"));
-            form.Retype(SndBuf, _T("2147483647"));
-            form.Retype(RcvBuf, _T("8192"));
-            form.Click(DefaultSnd);
-            ExpectSizes(form, false, true);
-            form.Click(DefaultRcv);
-            ExpectSizes(form, false, false);
-            form.Click(DefaultSnd);
-            ExpectSizes(form, true, false);
-            form.Click(IDOK);
-        });
-        EXPECT_TRUE(sheet.CanApply());
-        WithDialog(titles::AdvancedTCP, sheet, 1139,
-                   [](const Form& form) { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
-        sheet.Ok();
-    });
+    RunOnTab(tabs::Media,
+             [](const Sheet& sheet)
+             {
+                 sheet.Apply();
+                 EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
+                 WithDialog(titles::AdvancedTCP, sheet, 1139,
+                            [](const Form& form)
+                            {
+                                EXPECT_EQ(form.TextOf(Delay), _T("1"));
+                                EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
+                                EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
+                                ExpectSizes(form, true, true);
+                                form.Retype(Delay, _T("5"));
+                            });
+                 EXPECT_FALSE(sheet.CanApply()) << "cancelled";
+                 WithDialog(titles::AdvancedTCP, sheet, 1139,
+                            [](const Form& form)
+                            {
+                                EXPECT_EQ(form.TextOf(Delay), _T("1"));
+                                form.Retype(Delay, _T("x-4294967295"));
+                                form.Retype(SndBuf, _T("2147483647"));
+                                form.Retype(RcvBuf, _T("8192"));
+                                form.Click(DefaultSnd);
+                                ExpectSizes(form, false, true);
+                                form.Click(DefaultRcv);
+                                ExpectSizes(form, false, false);
+                                form.Click(DefaultSnd);
+                                ExpectSizes(form, true, false);
+                                form.Click(IDOK);
+                            });
+                 EXPECT_TRUE(sheet.CanApply());
+                 WithDialog(titles::AdvancedTCP, sheet, 1139,
+                            [](const Form& form)
+                            { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
 }
 
-TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore) {
+TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
+{
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
-    RunOnTab(tabs::Media, [](const Sheet& sheet) {
-        sheet.Apply();
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            form.Retype(Delay, _T("7"));
-            form.Retype(RcvBuf, _T("9"));
-            form.Click(NoDelay);
-            form.Retype(SndBuf, {});
-            EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
-            ExpectSizes(form, true, true);
-            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
-            EXPECT_TRUE(IsWindowVisible(form.Window()));
-            EXPECT_EQ(GetFocus(), form.Control(SndBuf));
-        });
-        EXPECT_FALSE(sheet.CanApply());
-        sheet.Ok();
-    });
+    RunOnTab(tabs::Media,
+             [](const Sheet& sheet)
+             {
+                 sheet.Apply();
+                 WithDialog(titles::AdvancedTCP, sheet, 1139,
+                            [](const Form& form)
+                            {
+                                form.Retype(Delay, _T("7"));
+                                form.Retype(RcvBuf, _T("9"));
+                                form.Click(NoDelay);
+                                form.Retype(SndBuf, {});
+                                EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
+                                ExpectSizes(form, true, true);
+                                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
+                                EXPECT_TRUE(IsWindowVisible(form.Window()));
+                                EXPECT_EQ(GetFocus(), form.Control(SndBuf));
+                            });
+                 EXPECT_FALSE(sheet.CanApply());
+                 sheet.Ok();
+             });
     EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
 }

@@ -5,27 +5,40 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 using Ports = std::vector<std::pair<UINT, int>>;
 const Text Table = _T("TCPPortsClient");
 const Text Type = _T("PacketType");
 
-void StorePort(const Text& name, const StoredValue& type) { Store(keys::ClientPorts + _T("\\") + name, Type, type); }
+void StorePort(const Text& name, const StoredValue& type)
+{
+    Store(keys::ClientPorts + _T("\\") + name, Type, type);
+}
 
-Ports Load(bool complete = true) {
+Ports Load(bool complete = true)
+{
     PortTable table;
     EXPECT_EQ(LoadPortTable(table, Table), complete);
     EXPECT_EQ(calls::OpenKeys(), 0U);
     Ports ports;
-    for (const PortEntry& entry : table) { ports.emplace_back(entry.PortNumber, entry.PacketType); }
+    for (const PortEntry& entry : table)
+    {
+        ports.emplace_back(entry.PortNumber, entry.PacketType);
+    }
     return ports;
 }
 
 // The stored table as its subkeys and their types; no type is Absent.
-Values StoredPorts() {
+Values StoredPorts()
+{
     Values ports;
-    for (const auto& [key, values] : StoredTree(keys::ClientPorts)) {
-        if (key != keys::ClientPorts) { ports[key.substr(keys::ClientPorts.size() + 1)] = Stored(key, Type); }
+    for (const auto& [key, values] : StoredTree(keys::ClientPorts))
+    {
+        if (key != keys::ClientPorts)
+        {
+            ports[key.substr(keys::ClientPorts.size() + 1)] = Stored(key, Type);
+        }
     }
     return ports;
 }
@@ -33,7 +46,8 @@ Values StoredPorts() {
 using PortTableTest = SettingsTest;
 }  // namespace
 
-TEST_F(PortTableTest, LoadOfNothingCreatesNothing) {
+TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
+{
     EXPECT_EQ(Load(false), Ports{});
     EXPECT_FALSE(KeyExists(keys::Kauri));
     // A key with values, the table's among them, but no ports is a complete table.
@@ -41,28 +55,41 @@ TEST_F(PortTableTest, LoadOfNothingCreatesNothing) {
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs) {
-    const std::pair<Text, StoredValue> ports[] = {
-        {_T("9001"), Dword(2)},       {_T("80"), Absent},           {_T("5"), Dword(0x7FFFFFFF)}, {_T("6"), Dword(1)},
-        {_T("7"), Dword(0xFFFFFFFE)}, {_T("8"), Dword(0xFFFFFFFF)}, {_T("9"), Dword(0)},          {_T("3"), Dword(0)}};
-    for (const auto& [name, type] : ports) { StorePort(name, type); }
-    EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
+TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
+{
+    const std::pair<Text, StoredValue> ports[] = {{_T("9001"), Dword(2)},       {_T("80"), Absent},
+                                                  {_T("5"), Dword(0x7FFFFFFF)}, {_T("6"), Dword(1)},
+                                                  {_T("7"), Dword(0xFFFFFFFE)}, {_T("8"), Dword(0xFFFFFFFF)},
+                                                  {_T("9"), Dword(0)},          {_T("3"), Dword(0)}};
+    for (const auto& [name, type] : ports)
+    {
+        StorePort(name, type);
+    }
+    EXPECT_EQ(Load(),
+              (Ports{{7, -2}, {8, -1}, {80, -1}, {3, 0}, {9, 0}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
     SetUp();
-    for (int port = 10; port < 42; ++port) { StorePort(Decimal(port), Dword(port % 2)); }
+    for (int port = 10; port < 42; ++port)
+    {
+        StorePort(Decimal(port), Dword(port % 2));
+    }
     const Ports loaded = Load();
     EXPECT_EQ(loaded.size(), 32U);
-    EXPECT_TRUE(std::is_sorted(loaded.begin(), loaded.end(), [](const auto& left, const auto& right) {
-        return std::pair{left.second, left.first} < std::pair{right.second, right.first};
-    }));
+    EXPECT_TRUE(
+        std::is_sorted(loaded.begin(), loaded.end(),
+                       [](const auto& left, const auto& right) {
+                           return std::pair{left.second, left.first} < std::pair{right.second, right.first};
+                       }));
 }
 
-TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit) {
+TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit)
+{
     const std::pair<Text, UINT> names[] = {{_T("none"), 0},         {_T("12x"), 12},
                                            {_T("0080"), 80},        {_T("70000"), 70000},
                                            {_T("-1"), 0xFFFFFFFF},  {_T("4294967295"), 0xFFFFFFFF},
                                            {_T(" +7"), 7},          {_T("4294967296"), 0xFFFFFFFF},
                                            {Text(250, _T('0')), 0}, {Text(254, _T('0')) + _T("9"), 9}};
-    for (const auto& [name, port] : names) {
+    for (const auto& [name, port] : names)
+    {
         SCOPED_TRACE(Printable(name));
         SetUp();
         StorePort(name, Dword(1));
@@ -74,14 +101,16 @@ TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatF
                                                  {Sz(_T("B")), 'B'},   {Binary({}), 0},
                                                  {Sz(_T("Bulk")), -1}, {Binary({1, 0, 0, 0, 0}), -1}};
     SetUp();
-    for (const auto& [stored, type] : types) {
+    for (const auto& [stored, type] : types)
+    {
         SCOPED_TRACE(testing::PrintToString(stored));
         StorePort(_T("80"), stored);
         EXPECT_EQ(Load(), (Ports{{80, type}}));
     }
 }
 
-TEST_F(PortTableTest, SaveReplacesTheStoredTable) {
+TEST_F(PortTableTest, SaveReplacesTheStoredTable)
+{
     EXPECT_TRUE(SavePortTable({}, Table));
     EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {}}, {keys::ClientPorts, {}}}));
     StoreTree({{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
@@ -89,19 +118,21 @@ TEST_F(PortTableTest, SaveReplacesTheStoredTable) {
                {keys::ClientPorts, {{_T("Stray"), Dword(1)}}},
                {keys::ClientPorts + _T("\\odd\\deeper"), {{Type, Dword(2)}}}});
     EXPECT_TRUE(SavePortTable({{443, 2}, {0, 5}, {70000, -2}, {443, 0}, {4294967295U, -1}}, Table));
-    EXPECT_EQ(StoredTree(keys::Kauri), (Tree{{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
-                                             {keys::ServerPorts, {}},
-                                             {keys::ServerPorts + _T("\\9001"), {{Type, Dword(1)}}},
-                                             {keys::ClientPorts, {}},
-                                             {keys::ClientPorts + _T("\\443"), {{Type, Dword(0)}}},
-                                             {keys::ClientPorts + _T("\\70000"), {{Type, Dword(0xFFFFFFFE)}}},
-                                             {keys::ClientPorts + _T("\\4294967295"), {{Type, Dword(0xFFFFFFFF)}}}}));
+    EXPECT_EQ(StoredTree(keys::Kauri),
+              (Tree{{keys::Kauri, {{_T("MACAddr"), Sz(_T("kept"))}}},
+                    {keys::ServerPorts, {}},
+                    {keys::ServerPorts + _T("\\9001"), {{Type, Dword(1)}}},
+                    {keys::ClientPorts, {}},
+                    {keys::ClientPorts + _T("\\443"), {{Type, Dword(0)}}},
+                    {keys::ClientPorts + _T("\\70000"), {{Type, Dword(0xFFFFFFFE)}}},
+                    {keys::ClientPorts + _T("\\4294967295"), {{Type, Dword(0xFFFFFFFF)}}}}));
     EXPECT_EQ(Load(), (Ports{{70000, -2}, {4294967295U, -1}, {443, 0}}));
     EXPECT_TRUE(SavePortTable({{0, -1}, {0, 2}}, Table));
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen) {
+TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen)
+{
     const std::tuple<const char*, unsigned, bool, Ports> cases[] = {
         {"RegOpenKeyExW", 1, false, {}},
         {"RegQueryInfoKeyW", 1, false, {}},
@@ -114,14 +145,16 @@ TEST_F(PortTableTest, RefusedLoadKeepsWhatItReadUntilThen) {
     StorePort(_T("1"), Dword(2));
     StorePort(_T("2"), Dword(1));
     StorePort(_T("3"), Dword(0));
-    for (const auto& [function, nth, complete, ports] : cases) {
+    for (const auto& [function, nth, complete, ports] : cases)
+    {
         SCOPED_TRACE(testing::Message() << function << ' ' << nth);
         calls::Refuse(function, nth);
         EXPECT_EQ(Load(complete), ports);
     }
 }
 
-TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails) {
+TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails)
+{
     const Values before = {{_T("10"), Dword(1)}, {_T("20"), Dword(2)}};
     const std::tuple<const char*, unsigned, Values> cases[] = {
         {"RegCreateKeyExW", 1, before},
@@ -130,10 +163,14 @@ TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails) {
         {"RegCreateKeyExW", 4, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}}},
         {"RegSetValueExW", 1, {{_T("7"), Absent}}},
         {"RegSetValueExW", 3, {{_T("7"), Dword(2)}, {_T("6"), Dword(1)}, {_T("5"), Absent}}}};
-    for (const auto& [function, nth, left] : cases) {
+    for (const auto& [function, nth, left] : cases)
+    {
         SCOPED_TRACE(testing::Message() << function << ' ' << nth);
         SetUp();
-        for (const auto& [name, type] : before) { StorePort(name, type); }
+        for (const auto& [name, type] : before)
+        {
+            StorePort(name, type);
+        }
         calls::Refuse(function, nth);
         EXPECT_FALSE(SavePortTable({{7, 2}, {0, 3}, {6, 1}, {5, 0}, {4, -1}}, Table));
         EXPECT_EQ(calls::OpenKeys(), 0U);

@@ -5,13 +5,16 @@
 
 #include <memory>
 
-namespace {
+namespace
+{
 // A window with an edit in it, which sees what the modal loop is about to dispatch.
-class Panel : public CWnd {
+class Panel : public CWnd
+{
 public:
-    Panel() {
-        SubclassWindow(CreateWindowExW(0, _T("Static"), _T("panel"), WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
-                                       nullptr, nullptr, nullptr));
+    Panel()
+    {
+        SubclassWindow(CreateWindowExW(0, _T("Static"), _T("panel"), WS_POPUP | WS_VISIBLE, 0, 0, 300, 200,
+                                       nullptr, nullptr, nullptr, nullptr));
         edit = CreateWindowExW(0, _T("Edit"), _T(""), WS_CHILD | WS_VISIBLE, 0, 0, 100, 20, m_hWnd,
                                reinterpret_cast<HMENU>(INT_PTR{IdEdit}), nullptr, nullptr);
     }
@@ -36,7 +39,8 @@ END_MESSAGE_MAP()
 using ExchangeTest = SettingsTest;
 }  // namespace
 
-TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
+TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
+{
     std::vector<std::pair<Text, long long>> cases = {{_T("007"), 7},
                                                      {_T(" 12\t"), 12},
                                                      {_T("+3"), 3},
@@ -47,39 +51,53 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll) {
                                                      {_T("2147483648"), 2147483648},
                                                      {_T("4294967295"), 4294967295},
                                                      {_T("4294967296"), 4294967296}};
-    for (const TCHAR* none : {_T("-"), _T("1 2"), _T("0x1"), _T("9:"), _T("/1"), _T("99999999999999999999999999")}) {
+    for (const TCHAR* none :
+         {_T("-"), _T("1 2"), _T("0x1"), _T("9:"), _T("/1"), _T("99999999999999999999999999")})
+    {
         cases.emplace_back(none, 1LL << 40);
     }
-    RunOnTab(tabs::Xhci, [&cases](const Sheet& sheet) {
-        for (const auto& [text, number] : cases) {
-            SCOPED_TRACE(Printable(text));
-            const bool isInt = number == static_cast<int>(number);
-            EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
-            if (isInt) {
-                sheet.Apply();
-                EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")), Dword(static_cast<DWORD>(number)));
-            } else {
-                EXPECT_EQ(GetFocus(), sheet.Control(1012));
-                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
+    RunOnTab(
+        tabs::Xhci,
+        [&cases](const Sheet& sheet)
+        {
+            for (const auto& [text, number] : cases)
+            {
+                SCOPED_TRACE(Printable(text));
+                const bool isInt = number == static_cast<int>(number);
+                EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
+                if (isInt)
+                {
+                    sheet.Apply();
+                    EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
+                              Dword(static_cast<DWORD>(number)));
+                }
+                else
+                {
+                    EXPECT_EQ(GetFocus(), sheet.Control(1012));
+                    EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
+                }
+                EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
             }
-            EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
-        }
-        sheet.Select(tabs::Media);
-        for (const auto& [text, number] : cases) {
-            SCOPED_TRACE(Printable(text));
-            const bool isUnsigned = number == static_cast<UINT>(number);
-            WithDialog(titles::AdvancedTCP, sheet, 1139, [&, &typed = text](const Form& form) {
-                form.SetText(1061, typed);
-                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
-            });
-            sheet.Apply();
-            const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
-            EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
-        }
-    });
+            sheet.Select(tabs::Media);
+            for (const auto& [text, number] : cases)
+            {
+                SCOPED_TRACE(Printable(text));
+                const bool isUnsigned = number == static_cast<UINT>(number);
+                WithDialog(titles::AdvancedTCP, sheet, 1139,
+                           [&, &typed = text](const Form& form)
+                           {
+                               form.SetText(1061, typed);
+                               EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
+                           });
+                sheet.Apply();
+                const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
+                EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
+            }
+        });
 }
 
-TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing) {
+TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)
+{
     CButton button;
     EXPECT_EQ(button.GetCheck(), 0);
     EXPECT_FALSE(button.UpdateData(TRUE));
@@ -106,7 +124,8 @@ TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing) {
     EXPECT_FALSE(panel.UpdateData(FALSE));
 }
 
-TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow) {
+TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
+{
     auto panel = std::make_unique<Panel>();
     panel->onChange = [&panel] { panel->DestroyWindow(); };
     const HWND edit = panel->edit;
@@ -119,14 +138,18 @@ TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow) {
     EXPECT_FALSE(IsWindow(window)) << "an object takes its window along";
 }
 
-TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn) {
+TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
+{
     Panel outer;
     Panel panel;
     SetParent(panel.m_hWnd, outer.m_hWnd);
     std::vector<const CWnd*> seen;
-    for (Panel* each : {&outer, &panel}) {
-        each->onMessage = [&seen, &panel, each](const MSG* message) {
-            if (message->message == WM_CHAR) {
+    for (Panel* each : {&outer, &panel})
+    {
+        each->onMessage = [&seen, &panel, each](const MSG* message)
+        {
+            if (message->message == WM_CHAR)
+            {
                 seen.push_back(each);
                 panel.EndModalLoop(3);
             }

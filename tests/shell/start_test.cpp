@@ -4,20 +4,24 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
-namespace {
+namespace
+{
 using StartTest = SettingsTest;
 
 // Runs the program where it must show its error box and no sheet.
-void ExpectErrorBox() {
+void ExpectErrorBox()
+{
     // A mutex that could not be made at all marks no other instance.
     g_dwInstanceMutexError = ERROR_ACCESS_DENIED;
     const auto start = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
-    WithDialog(titles::Error, start, [](const Form& box) { EXPECT_EQ(box.TextOf(IdMessageText), NoProductList); });
+    WithDialog(titles::Error, start,
+               [](const Form& box) { EXPECT_EQ(box.TextOf(IdMessageText), NoProductList); });
     g_dwInstanceMutexError = ERROR_SUCCESS;
 }
 }  // namespace
 
-TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
+TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
+{
     const std::tuple<Text, StoredValue, DWORD> tools[] = {{_T("AlderQB"), Dword(1), 1},
                                                           {_T("BirchQB"), Dword(0), 0},
                                                           {_T("cedarqb"), Dword(1), 1},
@@ -29,7 +33,8 @@ TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
                                                           {{}, Dword(2), 2}};
     InstallTools({});
     std::map<ProductId, DWORD> expected;
-    for (const auto& [name, stored, number] : tools) {
+    for (const auto& [name, stored, number] : tools)
+    {
         Store(keys::Installed, name, stored);
         expected[name] = number;
     }
@@ -42,7 +47,8 @@ TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero) {
     EXPECT_EQ(InstalledProductMap.size(), 9U) << "asking adds nothing";
 }
 
-TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
+TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne)
+{
     ClearSettings();
     EXPECT_FALSE(LoadInstalledProducts()) << "no key";
     const Text longest(16382, _T('n'));
@@ -50,13 +56,16 @@ TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_TRUE(IsProductInstalled(longest));
     for (const auto& [call, found] :
-         {std::pair{"RegEnumValueW", 2U}, {"RegQueryValueExW", 2U}, {"RegQueryInfoKeyW", 0U}}) {
+         {std::pair{"RegEnumValueW", 2U}, {"RegQueryValueExW", 2U}, {"RegQueryInfoKeyW", 0U}})
+    {
         calls::Refuse(call, 1);
         EXPECT_FALSE(LoadInstalledProducts()) << call;
         EXPECT_EQ(InstalledProductMap.size(), found) << call;
     }
     // What does not fit a number, and a name that leaves no room for its end.
-    for (const auto& [name, value] : {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}}) {
+    for (const auto& [name, value] :
+         {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}})
+    {
         InstallTools({AlderQB, KauriQB});
         Store(keys::Installed, name, value);
         EXPECT_FALSE(LoadInstalledProducts());
@@ -69,9 +78,10 @@ TEST_F(StartTest, AllIsTriedAndAnyFailureIsOne) {
     EXPECT_EQ(calls::OpenKeys(), 0U);
 }
 
-TEST_F(StartTest, SecondInstanceShowsTheFirstAndReadsNothing) {
-    const HWND first =
-        CreateWindowExW(0, _T("Static"), SheetTitle, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+TEST_F(StartTest, SecondInstanceShowsTheFirstAndReadsNothing)
+{
+    const HWND first = CreateWindowExW(0, _T("Static"), SheetTitle, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
+                                       nullptr, nullptr);
     calls::Reset();
     g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
     EXPECT_FALSE(AfxGetApp()->InitInstance());

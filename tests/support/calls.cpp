@@ -7,9 +7,11 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 // The program's constants make calls before other objects are made.
-struct State {
+struct State
+{
     std::string refused;
     unsigned left = 0;  // calls until that strikes; 0: it does not, or no more
     LONG status = 0;
@@ -21,70 +23,100 @@ struct State {
     bool twoScreens = false;
 };
 
-State& TheState() {
+State& TheState()
+{
     static State state;
     return state;
 }
 
-bool BeginsWith(const std::string& text, const std::string& prefix) { return text.rfind(prefix, 0) == 0; }
+bool BeginsWith(const std::string& text, const std::string& prefix)
+{
+    return text.rfind(prefix, 0) == 0;
+}
 
-Text PathOf(HKEY key, LPCWSTR below = nullptr) {
+Text PathOf(HKEY key, LPCWSTR below = nullptr)
+{
     const auto found = TheState().keys.find(key);
     Text path = found != TheState().keys.end() ? found->second : Text();
     return below == nullptr ? path : path + (path.empty() ? _T("") : _T("\\")) + below;
 }
 
 // Lists a call; the status that it is refused with, or 0.
-LONG Note(const std::string& function, const Text& key = {}, LPCWSTR name = nullptr) {
+LONG Note(const std::string& function, const Text& key = {}, LPCWSTR name = nullptr)
+{
     State& state = TheState();
-    if (state.pauses > 0) { return 0; }
+    if (state.pauses > 0)
+    {
+        return 0;
+    }
     state.made.push_back({function, key, name != nullptr ? name : _T("")});
-    const bool isMeant = function == state.refused || (state.refused == calls::AnyOfTheRegistry &&
-                                                       BeginsWith(function, "Reg") && function != "RegCloseKey");
-    if (state.left == 0 || !isMeant || --state.left > 0) { return 0; }
+    const bool isMeant =
+        function == state.refused || (state.refused == calls::AnyOfTheRegistry &&
+                                      BeginsWith(function, "Reg") && function != "RegCloseKey");
+    if (state.left == 0 || !isMeant || --state.left > 0)
+    {
+        return 0;
+    }
     state.left = state.andLater ? 1 : 0;
     state.struck = true;
     return state.status;
 }
 
-LSTATUS Opened(LSTATUS status, const HKEY* key, const Text& path) {
-    if (status == ERROR_SUCCESS) { TheState().keys[*key] = path; }
+LSTATUS Opened(LSTATUS status, const HKEY* key, const Text& path)
+{
+    if (status == ERROR_SUCCESS)
+    {
+        TheState().keys[*key] = path;
+    }
     return status;
 }
 
 // What a failed query leaves in its buffer is undefined.
-LSTATUS Spoil(LSTATUS status, BYTE* data, DWORD size) {
-    if (status != ERROR_SUCCESS && data != nullptr) { std::fill_n(data, size, BYTE{0xEE}); }
+LSTATUS Spoil(LSTATUS status, BYTE* data, DWORD size)
+{
+    if (status != ERROR_SUCCESS && data != nullptr)
+    {
+        std::fill_n(data, size, BYTE{0xEE});
+    }
     return status;
 }
 
-HMONITOR MonitorOf(HWND window) {
+HMONITOR MonitorOf(HWND window)
+{
     RECT place = {};
     GetWindowRect(window, &place);
     return reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1});
 }
 
-BOOL SetWorkArea(HMONITOR monitor, MONITORINFO* info) {
-    info->rcWork = reinterpret_cast<INT_PTR>(monitor) == 2 ? RECT{1600, 40, 3200, 1200} : RECT{0, 0, 1600, 1200};
+BOOL SetWorkArea(HMONITOR monitor, MONITORINFO* info)
+{
+    info->rcWork =
+        reinterpret_cast<INT_PTR>(monitor) == 2 ? RECT{1600, 40, 3200, 1200} : RECT{0, 0, 1600, 1200};
     return TRUE;
 }
 
 template <class Function>
-Function* SystemsOwn(const char* library, const char* name) {
+Function* SystemsOwn(const char* library, const char* name)
+{
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(library), name)));
 }
 }  // namespace
 
-void calls::Reset() {
+void calls::Reset()
+{
     TheState().refused.clear();
     TheState().struck = false;
     TheState().twoScreens = false;
     TheState().made.clear();
 }
 
-void calls::AddScreen() { TheState().twoScreens = true; }
+void calls::AddScreen()
+{
+    TheState().twoScreens = true;
+}
 
-void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater) {
+void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
+{
     State& state = TheState();
     state.refused = function;
     state.left = nth;
@@ -93,23 +125,36 @@ void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool 
     state.struck = false;
 }
 
-bool calls::HasStruck() { return TheState().struck; }
+bool calls::HasStruck()
+{
+    return TheState().struck;
+}
 
-std::vector<Call> calls::Made(const std::string& prefix) {
+std::vector<Call> calls::Made(const std::string& prefix)
+{
     std::vector<Call> made = TheState().made;
     std::erase_if(made, [&prefix](const Call& call) { return !BeginsWith(call.function, prefix); });
     return made;
 }
 
-size_t calls::OpenKeys() { return TheState().keys.size(); }
+size_t calls::OpenKeys()
+{
+    return TheState().keys.size();
+}
 
-calls::Pause::Pause() { ++TheState().pauses; }
+calls::Pause::Pause()
+{
+    ++TheState().pauses;
+}
 
-calls::Pause::~Pause() { --TheState().pauses; }
+calls::Pause::~Pause()
+{
+    --TheState().pauses;
+}
 
-// The program's own definition of a function of the system's: under its name, and behind the pointer by which a program
-// calls what it imports. It is noted with a key and a name, and what it answers is the refusal, or what
-// comes of the system's `own`.
+// The program's own definition of a function of the system's: under its name, and behind the pointer by which
+// a program calls what it imports. It is noted with a key and a name, and what it answers is the refusal, or
+// what comes of the system's `own`.
 // clang-format off
 #define REFUSABLE(library, result, function, parameters, notes, refusal, answer) \
     result __stdcall Our##function parameters __asm__(#function); \

@@ -7,66 +7,95 @@
 const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
                         GinkgoQB, HazelQB, IvyRig,  JuniperRig, KauriQB};
 
-namespace {
+namespace
+{
 // All that the editor touches lies below these; the last is the port driver's own.
 const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
 constexpr DWORD NameRoom = 16384;
 constexpr DWORD DataRoom = 65536;  // more than what tests look for in a tree
 
-StoredValue ValueOf(DWORD type, const void* data, size_t size) {
+StoredValue ValueOf(DWORD type, const void* data, size_t size)
+{
     const auto* bytes = static_cast<const BYTE*>(data);
     return {type, std::vector<BYTE>(bytes, bytes + size)};
 }
 }  // namespace
 
-StoredValue Dword(DWORD number) { return ValueOf(REG_DWORD, &number, sizeof(number)); }
+StoredValue Dword(DWORD number)
+{
+    return ValueOf(REG_DWORD, &number, sizeof(number));
+}
 
-StoredValue Sz(const Text& text) { return ValueOf(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(TCHAR)); }
+StoredValue Sz(const Text& text)
+{
+    return ValueOf(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(TCHAR));
+}
 
-StoredValue Binary(std::vector<BYTE> data) { return {REG_BINARY, std::move(data)}; }
+StoredValue Binary(std::vector<BYTE> data)
+{
+    return {REG_BINARY, std::move(data)};
+}
 
-std::string Printable(const Text& text) {
+std::string Printable(const Text& text)
+{
     std::string printable;
-    for (const TCHAR character : text) {
+    for (const TCHAR character : text)
+    {
         printable += character >= 32 && character < 127 ? static_cast<char>(character) : '?';
     }
     return printable;
 }
 
-Text Decimal(long long number) {
+Text Decimal(long long number)
+{
     const std::string digits = std::to_string(number);
     return {digits.begin(), digits.end()};
 }
 
-void PrintTo(const StoredValue& value, std::ostream* out) {
+void PrintTo(const StoredValue& value, std::ostream* out)
+{
     *out << "type " << value.type << ", " << value.data.size() << " bytes" << std::hex << std::setfill('0');
-    for (const BYTE byte : value.data) { *out << ' ' << std::setw(2) << unsigned{byte}; }
+    for (const BYTE byte : value.data)
+    {
+        *out << ' ' << std::setw(2) << unsigned{byte};
+    }
     *out << std::dec;
 }
 
-void InstallTools(const Tools& tools) {
+void InstallTools(const Tools& tools)
+{
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, keys::Installed.c_str());
     Store(keys::Installed, {}, Absent);
-    for (const ProductId& tool : tools) { Store(keys::Installed, tool, Dword(1)); }
+    for (const ProductId& tool : tools)
+    {
+        Store(keys::Installed, tool, Dword(1));
+    }
 }
 
-void Store(const Text& key, const Text& name, const StoredValue& value) {
+void Store(const Text& key, const Text& name, const StoredValue& value)
+{
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Write);
-    if (value == Absent) { return; }
+    if (value == Absent)
+    {
+        return;
+    }
     // Of a text without a terminator the system looks at what stands behind it, and takes that for one if it
     // is.
     std::vector<BYTE> data = value.data;
     data.insert(data.end(), sizeof(TCHAR), 0xFF);
-    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(), static_cast<DWORD>(value.data.size()));
+    RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(),
+                   static_cast<DWORD>(value.data.size()));
 }
 
-StoredValue Stored(const Text& key, const Text& name) {
+StoredValue Stored(const Text& key, const Text& name)
+{
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Read);
     DWORD size = 0;
     if (!opened.IsOpen() ||
-        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
+    {
         return Absent;
     }
     StoredValue value;
@@ -75,50 +104,70 @@ StoredValue Stored(const Text& key, const Text& name) {
     return value;
 }
 
-bool KeyExists(const Text& key) {
+bool KeyExists(const Text& key)
+{
     const calls::Pause pause;
     return RegistryKey(key, RegistryKey::Access::Read).IsOpen();
 }
 
-Tree StoredTree(const Text& key) {
+Tree StoredTree(const Text& key)
+{
     const calls::Pause pause;
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    if (!opened.IsOpen()) { return {}; }
+    if (!opened.IsOpen())
+    {
+        return {};
+    }
     Tree tree = {{key, {}}};
     std::vector<TCHAR> name(NameRoom);
     std::vector<BYTE> data(DataRoom);
     DWORD length = NameRoom;
     DWORD type = 0;
     DWORD size = DataRoom;
-    for (DWORD index = 0;
-         RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr, &type, data.data(), &size) == ERROR_SUCCESS;
-         ++index, length = NameRoom, size = DataRoom) {
+    for (DWORD index = 0; RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr, &type,
+                                        data.data(), &size) == ERROR_SUCCESS;
+         ++index, length = NameRoom, size = DataRoom)
+    {
         tree[key][name.data()] = {type, {data.begin(), data.begin() + size}};
     }
-    for (DWORD index = 0;
-         RegEnumKeyExW(opened.Get(), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         ++index, length = NameRoom) {
+    for (DWORD index = 0; RegEnumKeyExW(opened.Get(), index, name.data(), &length, nullptr, nullptr, nullptr,
+                                        nullptr) == ERROR_SUCCESS;
+         ++index, length = NameRoom)
+    {
         tree.merge(StoredTree(key + _T("\\") + name.data()));
     }
     return tree;
 }
 
-Tree StoredSettings() {
+Tree StoredSettings()
+{
     Tree settings;
-    for (const Text& root : Roots) { settings.merge(StoredTree(root)); }
+    for (const Text& root : Roots)
+    {
+        settings.merge(StoredTree(root));
+    }
     settings.erase(keys::Installed);
     std::erase_if(settings, [](const auto& key) { return key.second.empty(); });
     return settings;
 }
 
-void StoreTree(const Tree& tree) {
-    for (const auto& [key, values] : tree) {
-        for (const auto& [name, value] : values) { Store(key, name, value); }
+void StoreTree(const Tree& tree)
+{
+    for (const auto& [key, values] : tree)
+    {
+        for (const auto& [name, value] : values)
+        {
+            Store(key, name, value);
+        }
     }
 }
 
-void ClearSettings() {
+void ClearSettings()
+{
     calls::Reset();
-    for (const Text& root : Roots) { RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str()); }
+    for (const Text& root : Roots)
+    {
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
+    }
     calls::Reset();
 }

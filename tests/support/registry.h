@@ -1,5 +1,5 @@
-// What users and tools know things by, spelled out and not taken from the program; and what tests put into the registry
-// and find there, by the registry's own calls.
+// What users and tools know things by, spelled out and not taken from the program; and what tests put into
+// the registry and find there, by the registry's own calls.
 #pragma once
 
 #include "driver/form.h"
@@ -12,7 +12,8 @@
 #include <vector>
 
 // Relative to HKEY_LOCAL_MACHINE.
-namespace keys {
+namespace keys
+{
 inline const Text Halvane = _T("SOFTWARE\\Halvane");
 inline const Text Ostrel = _T("SOFTWARE\\Ostrel");
 inline const Text Installed = Halvane + _T("\\Installed");
@@ -30,7 +31,8 @@ inline const Text RvskDriver = Halvane + _T("\\Drivers\\rvsk");
 inline const Text PortDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
 }  // namespace keys
 
-namespace tabs {
+namespace tabs
+{
 inline const Text General = _T("General Settings");
 inline const Text Drivers = _T("Drivers && Firmware");
 inline const Text Chapter9 = _T("Chapter 9");
@@ -43,7 +45,8 @@ inline const Text HostUnderTest = _T("MAUSB HUT Params");
 }  // namespace tabs
 
 // Of windows.
-namespace titles {
+namespace titles
+{
 inline const Text Error = _T("QB Settings Error");
 inline const Text AdvancedTCP = _T("Advanced TCP Settings");
 inline const Text ClientPorts = _T("Client Port Numbers");
@@ -58,7 +61,8 @@ inline const Text NoProductList =
 // The system's number for a message box's text.
 constexpr int IdMessageText = 0xFFFF;
 
-struct StoredValue {
+struct StoredValue
+{
     DWORD type = REG_NONE;
     std::vector<BYTE> data;
 
@@ -97,11 +101,13 @@ Tree StoredTree(const Text& key);
 Tree StoredSettings();
 void StoreTree(const Tree& tree);
 
-// A test that starts with all tools installed and nothing else stored, and ends with nothing stored; no call is
-// refused.
-class SettingsTest : public testing::Test {
+// A test that starts with all tools installed and nothing else stored, and ends with nothing stored; no call
+// is refused.
+class SettingsTest : public testing::Test
+{
 protected:
-    void SetUp() override {
+    void SetUp() override
+    {
         ClearSettings();
         InstallTools(AllTools);
     }

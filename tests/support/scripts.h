@@ -18,19 +18,22 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script);
 // titles.
 void ForEachForm(const std::function<void(const Form&, const Text& name)>& check);
 
-// Does what opens a window of that title and waits in a modal loop of its own; the script is run once the window is
-// there, and a dialog that it leaves open is cancelled. Fails the test if none comes within half a minute.
-void WithDialog(const Text& title, const std::function<void()>& open, const std::function<void(const Form&)>& script);
+// Does what opens a window of that title and waits in a modal loop of its own; the script is run once the
+// window is there, and a dialog that it leaves open is cancelled. Fails the test if none comes within half a
+// minute.
+void WithDialog(const Text& title, const std::function<void()>& open,
+                const std::function<void(const Form&)>& script);
 // The same, opened by a button.
-void WithDialog(const Text& title, const Form& opener, int button, const std::function<void(const Form&)>& script);
+void WithDialog(const Text& title, const Form& opener, int button,
+                const std::function<void(const Form&)>& script);
 // The class library's prompts on edits that hold no number, while the steps run: each is looked at and
 // confirmed. Gives their count.
 int CountPrompts(const std::function<void()>& steps);
 
 using Events = std::vector<std::string>;
 
-// What a page is told by its edits and buttons and tells its sheet of its mark while the steps run, in order: "1099
-// changed", "1177 clicked", "marked", "unmarked".
+// What a page is told by its edits and buttons and tells its sheet of its mark while the steps run, in order:
+// "1099 changed", "1177 clicked", "marked", "unmarked".
 Events EventsOf(const Sheet& sheet, const std::function<void()>& steps);
 
 // The tooltip control that has tools on a dialog's controls, or null.

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
-const std::vector<Text> AllTabs = {tabs::General,  tabs::Drivers, tabs::Chapter9, tabs::Waivers,      tabs::Xhci,
-                                   tabs::Identity, tabs::Media,   tabs::Protocol, tabs::HostUnderTest};
+const std::vector<Text> AllTabs = {tabs::General, tabs::Drivers,  tabs::Chapter9,
+                                   tabs::Waivers, tabs::Xhci,     tabs::Identity,
+                                   tabs::Media,   tabs::Protocol, tabs::HostUnderTest};
 
-namespace {
+namespace
+{
 using enum Setting::Kind;
 
 const Tools Ehci = {AlderQB, ElmQB, HazelQB};
@@ -16,7 +18,8 @@ const Tools Waivers = {BirchQB, AlderQB, FirQB};
 const Tools Kauri = {KauriQB};
 const Text PortType = _T("PacketType");
 
-std::vector<Setting> MakeSettings() {
+std::vector<Setting> MakeSettings()
+{
     const StoredValue id = Binary(std::vector<BYTE>(16, 0x5A));
     // clang-format off
     return {
@@ -104,78 +107,118 @@ std::vector<Setting> MakeSettings() {
     // clang-format on
 }
 
-DWORD NumberIn(const StoredValue& value) {
+DWORD NumberIn(const StoredValue& value)
+{
     DWORD number = 0;
     std::copy_n(value.data.begin(), sizeof(number), reinterpret_cast<BYTE*>(&number));
     return number;
 }
 
 // What an edit shows of a value.
-Text TextFor(Setting::Kind kind, const StoredValue& value) {
-    if (value.type == REG_SZ) { return reinterpret_cast<LPCTSTR>(value.data.data()); }
-    if (kind == Number) { return Decimal(static_cast<int>(NumberIn(value))); }
+Text TextFor(Setting::Kind kind, const StoredValue& value)
+{
+    if (value.type == REG_SZ)
+    {
+        return reinterpret_cast<LPCTSTR>(value.data.data());
+    }
+    if (kind == Number)
+    {
+        return Decimal(static_cast<int>(NumberIn(value)));
+    }
     Text digits;
-    for (DWORD number = NumberIn(value); number != 0; number /= 16) {
+    for (DWORD number = NumberIn(value); number != 0; number /= 16)
+    {
         digits.insert(digits.begin(), _T("0123456789ABCDEF")[number % 16]);
     }
     return digits;
 }
 // A minus sign alone would be no number: it is typed last. What is out of use keeps what is pasted into it.
-void EnterText(const Form& page, int control, const Text& text) {
-    if (!page.IsEnabled(control)) {
+void EnterText(const Form& page, int control, const Text& text)
+{
+    if (!page.IsEnabled(control))
+    {
         page.SetText(control, text);
         return;
     }
     const bool isNegative = text[0] == _T('-');
     page.Retype(control, text.substr(isNegative ? 1 : 0));
-    if (isNegative) { page.TypeInFront(control, _T("-")); }
+    if (isNegative)
+    {
+        page.TypeInFront(control, _T("-"));
+    }
 }
 }  // namespace
 
-bool Setting::IsLiveFor(const Tools& installed) const {
+bool Setting::IsLiveFor(const Tools& installed) const
+{
     return tools.empty() ||
            std::find_first_of(tools.begin(), tools.end(), installed.begin(), installed.end()) != tools.end();
 }
 
-void Setting::ExpectShown(const Form& page, const StoredValue& value) const {
+void Setting::ExpectShown(const Form& page, const StoredValue& value) const
+{
     SCOPED_TRACE(Printable(name));
-    if (kind == Check) {
+    if (kind == Check)
+    {
         EXPECT_EQ(page.CheckOf(control), static_cast<LRESULT>(NumberIn(value)));
-    } else if (kind == List) {
+    }
+    else if (kind == List)
+    {
         EXPECT_EQ(page.SelectionOf(control), static_cast<LRESULT>(NumberIn(value)));
-    } else if (kind == Radio) {
+    }
+    else if (kind == Radio)
+    {
         EXPECT_EQ(page.CheckOf(control), value == initial ? BST_CHECKED : BST_UNCHECKED);
         EXPECT_EQ(page.CheckOf(control + 1), value == initial ? BST_UNCHECKED : BST_CHECKED);
-    } else if (IsChangeable()) {
+    }
+    else if (IsChangeable())
+    {
         EXPECT_EQ(page.TextOf(control), TextFor(kind, value));
     }
 }
 
-void Setting::Enter(const Form& page, const StoredValue& value) const {
-    if (kind == Check) {
-        if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value))) { page.Click(control); }
-    } else if (kind == List) {
+void Setting::Enter(const Form& page, const StoredValue& value) const
+{
+    if (kind == Check)
+    {
+        if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value)))
+        {
+            page.Click(control);
+        }
+    }
+    else if (kind == List)
+    {
         page.Pick(control, static_cast<int>(NumberIn(value)));
-    } else if (kind == Radio) {
+    }
+    else if (kind == Radio)
+    {
         page.Click(value == initial ? control : control + 1);
-    } else if (IsChangeable()) {
+    }
+    else if (IsChangeable())
+    {
         EnterText(page, control, TextFor(kind, value));
     }
 }
 
-const std::vector<Setting>& AllSettings() {
+const std::vector<Setting>& AllSettings()
+{
     static const std::vector<Setting> settings = MakeSettings();
     return settings;
 }
 
-std::vector<Setting> SettingsOf(const Text& tab) {
+std::vector<Setting> SettingsOf(const Text& tab)
+{
     std::vector<Setting> settings = AllSettings();
     std::erase_if(settings, [&tab](const Setting& setting) { return setting.tab != tab; });
     return settings;
 }
 
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value) {
+Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value)
+{
     Tree tree;
-    for (const Setting& setting : settings) { tree[setting.key][setting.name] = setting.*value; }
+    for (const Setting& setting : settings)
+    {
+        tree[setting.key][setting.name] = setting.*value;
+    }
     return tree;
 }

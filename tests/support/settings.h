@@ -3,8 +3,10 @@
 
 #include "support/registry.h"
 
-struct Setting {
-    enum class Kind {
+struct Setting
+{
+    enum class Kind
+    {
         Number,  // an edit with a decimal number
         Hex,     // an edit with a hexadecimal number
         Path,    // an edit with a text that does not mark its page
