@@ -310,8 +310,9 @@ TEST(SettingsReferenceTest, ListsEachSetting)
     std::ifstream file(QB_REFERENCE);
     for (std::string line; std::getline(file, line);)
     {
-        // What stands before a row; name, type, default, meaning, control, tools.
-        std::array<std::string, 7> cells;
+        // What stands before a row; name, type, default, meaning, control, tools; before the name the key,
+        // where the page has several.
+        std::array<std::string, 8> cells;
         std::istringstream text(line);
         for (std::string& cell : cells)
         {
@@ -323,6 +324,11 @@ TEST(SettingsReferenceTest, ListsEachSetting)
         }
         else if (cells[1].rfind(" `", 0) == 0)
         {
+            if (cells[2].rfind(" `", 0) == 0)
+            {
+                key = cells[1].substr(2, cells[1].size() - 4);
+                std::copy(cells.begin() + 2, cells.end(), cells.begin() + 1);
+            }
             EXPECT_EQ(settings.erase(key + cells[1] + cells[2] + cells[3] + cells[6]), 1U) << line;
         }
     }
