@@ -30,11 +30,9 @@ inline double Median(Times times)
 // it.
 inline std::jthread KeepAwake()
 {
-    return std::jthread(
-        [](const std::stop_token& stop)
+    return std::jthread([](const std::stop_token& stop) {
+        while (!stop.stop_requested())
         {
-            while (!stop.stop_requested())
-            {
-            }
-        });
+        }
+    });
 }

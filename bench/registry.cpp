@@ -57,16 +57,18 @@ auto Keep(PHKEY, const All&)
 template <class All>
 auto Keep(LPCWSTR text, const All&)
 {
-    return [isNull = text == nullptr, kept = WideString(text != nullptr ? text : L"")]
-    { return isNull ? nullptr : kept.c_str(); };
+    return [isNull = text == nullptr, kept = WideString(text != nullptr ? text : L"")] {
+        return isNull ? nullptr : kept.c_str();
+    };
 }
 
 // The bytes to store, whose count is the last argument.
 template <class All>
 auto Keep(const BYTE* data, const All& all)
 {
-    return [kept = std::vector<BYTE>(data, data + std::get<std::tuple_size_v<All> - 1>(all))]
-    { return kept.data(); };
+    return [kept = std::vector<BYTE>(data, data + std::get<std::tuple_size_v<All> - 1>(all))] {
+        return kept.data();
+    };
 }
 
 // What comes out, and the size that goes in before.
@@ -74,8 +76,9 @@ template <class Unit, class All>
 auto Keep(Unit* output, const All&)
 {
     static Unit room[65536];
-    return [isNull = output == nullptr, before = output != nullptr ? *output : Unit{}]
-    { return isNull ? nullptr : &(room[0] = before); };
+    return [isNull = output == nullptr, before = output != nullptr ? *output : Unit{}] {
+        return isNull ? nullptr : &(room[0] = before);
+    };
 }
 
 // Stands for a function of the registry, and notes its calls.
@@ -86,16 +89,14 @@ LSTATUS WINAPI Noted(Arguments... arguments)
         reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(L"advapi32.dll"), Name)));
     if (g_notes != nullptr)
     {
-        g_notes->push_back(
-            [... kept = Keep(arguments, std::tie(arguments...))]
+        g_notes->push_back([... kept = Keep(arguments, std::tie(arguments...))] {
+            // In braces the key that is open comes first, then the one that the call opens.
+            std::apply(real, std::tuple<Arguments...>{kept()...});
+            if (sizeof...(Arguments) == 1)
             {
-                // In braces the key that is open comes first, then the one that the call opens.
-                std::apply(real, std::tuple<Arguments...>{kept()...});
-                if (sizeof...(Arguments) == 1)
-                {
-                    g_open.pop_back();
-                }
-            });
+                g_open.pop_back();
+            }
+        });
     }
     return real(arguments...);
 }
@@ -172,8 +173,7 @@ public:
 template <class Page>
 void MeasurePage(const std::string& name, HWND parent)
 {
-    const auto open = [parent]
-    {
+    const auto open = [parent] {
         auto page = std::make_shared<HiddenPage<Page>>(parent);
         page->OnApply();  // a load finds all values
         return page;
@@ -215,8 +215,7 @@ Call SavePorts(UINT count)
 Call LoadPorts(UINT count)
 {
     SavePorts(count);
-    return []
-    {
+    return [] {
         PortTable table;
         LoadPortTable(table, TableName);
     };

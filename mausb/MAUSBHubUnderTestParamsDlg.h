@@ -22,9 +22,10 @@ protected:
     afx_msg void OnSendsGetPortBWReq() { CheckModified(m_nSendsGetPortBWReq); }
 
 private:
+    using Number = int CMAUSBHubUnderTestParamsDlg::*;
     struct RetrySetting
     {
-        int CMAUSBHubUnderTestParamsDlg::*member;
+        Number member;
         WideString name;
         int id;
         LPCTSTR toolTip;

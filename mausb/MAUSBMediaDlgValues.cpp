@@ -86,8 +86,8 @@ void CMAUSBMediaDlg::SaveSettings()
     // From the edits and not by the exchange, which leaves a member alone that it fails on.
     m_nSnapIdOUI = static_cast<UINT>(m_edSnapIdOUI.GetNumber());
     m_nSnapIdPID = static_cast<UINT>(m_edSnapIdPID.GetNumber());
-    ForEachSetting([this](const WideString& name, const auto& member)
-                   { WriteValue(ToolKey(), name, member); });
+    ForEachSetting(
+        [this](const WideString& name, const auto& member) { WriteValue(ToolKey(), name, member); });
     SaveAdvancedTCPSettings();
     SavePortTable(m_portsClient, TableClient);
     SavePortTable(m_portsServer, TableServer);
@@ -95,12 +95,12 @@ void CMAUSBMediaDlg::SaveSettings()
 
 void CMAUSBMediaDlg::LoadAdvancedTCPSettings()
 {
-    ForEachAdvancedSetting([this](const WideString& name, auto& member)
-                           { ReadValue(ToolKey(), name, member); });
+    ForEachAdvancedSetting(
+        [this](const WideString& name, auto& member) { ReadValue(ToolKey(), name, member); });
 }
 
 void CMAUSBMediaDlg::SaveAdvancedTCPSettings()
 {
-    ForEachAdvancedSetting([this](const WideString& name, const auto& member)
-                           { WriteValue(ToolKey(), name, member); });
+    ForEachAdvancedSetting(
+        [this](const WideString& name, const auto& member) { WriteValue(ToolKey(), name, member); });
 }

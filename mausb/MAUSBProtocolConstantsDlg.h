@@ -30,9 +30,10 @@ private:
         Delays,
         Retries
     };
+    using Number = int CMAUSBProtocolConstantsDlg::*;
     struct Setting
     {
-        int CMAUSBProtocolConstantsDlg::*member;
+        Number member;
         WideString name;
         int id;
         int value;  // the default, and what its group's button puts back

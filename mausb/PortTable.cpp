@@ -73,9 +73,9 @@ bool LoadPortTable(PortTable& table, const WideString& name)
         ReadPacketType(portKey.Get(), entry.PacketType);
         table.push_back(entry);
     }
-    std::stable_sort(table.begin(), table.end(),
-                     [](const PortEntry& left, const PortEntry& right)
-                     { return left.PacketType < right.PacketType; });
+    std::stable_sort(table.begin(), table.end(), [](const PortEntry& left, const PortEntry& right) {
+        return left.PacketType < right.PacketType;
+    });
     return status == ERROR_NO_MORE_ITEMS;
 }
 
@@ -93,7 +93,7 @@ bool SavePortTable(const PortTable& table, const WideString& name)
     {
         return false;
     }
-    return std::all_of(table.begin(), table.end(),
-                       [&key](const PortEntry& entry)
-                       { return entry.PortNumber == 0 || WritePort(key.Get(), entry); });
+    return std::all_of(table.begin(), table.end(), [&key](const PortEntry& entry) {
+        return entry.PortNumber == 0 || WritePort(key.Get(), entry);
+    });
 }

@@ -6,8 +6,7 @@
 // "SOFTWARE\Halvane\KauriQB"
 inline const WideString& ToolKey()
 {
-    static const WideString key = []
-    {
+    static const WideString key = [] {
         WideString path;
         MakeProductKeyPath(path, KauriQB);
         return path;

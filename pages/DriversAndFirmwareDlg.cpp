@@ -29,15 +29,18 @@ const WideString NameDeviceDriver = _T("HSComplianceDeviceDriverPath");
 // What the four driver stacks differ in, in the order in which they are read and written.
 struct CDriversAndFirmwareDlg::Stack
 {
+    using Switch = int Self::*;
+    using Path = CString Self::*;
+
     bool (*isNeeded)();  // by some installed tool; else the stack's values are not touched
     int group;
     int enableSwitcher;
     int label;
     int path;
     int browse;
-    int Self::*enabled;
+    Switch enabled;
     WideString enabledName;
-    CString Self::*folder;
+    Path folder;
     WideString folderKey;
 };
 

@@ -112,17 +112,15 @@ TEST_F(FormsTest, FormsSayWhatTheyAreToSay)
     VirtualProtect(setHwndPropStr, sizeof(void*), PAGE_READWRITE, &protection);
     void* before = std::exchange(*setHwndPropStr, reinterpret_cast<void*>(KeepName));
     std::string said;
-    ForEachForm(
-        [&said](const Form& form, const Text& name)
+    ForEachForm([&said](const Form& form, const Text& name) {
+        said +=
+            Printable(name) + "\n  says" + NamesSaid(form.Page()) + "\n  asks" + AskedInExchange(form) + '\n';
+        for (const int id : TipsOf(form.Page()))
         {
-            said += Printable(name) + "\n  says" + NamesSaid(form.Page()) + "\n  asks" +
-                    AskedInExchange(form) + '\n';
-            for (const int id : TipsOf(form.Page()))
-            {
-                const Text tip = TipText(form.Page(), id);
-                said += "  tips " + std::to_string(id) + ' ' + std::string(tip.begin(), tip.end()) + '\n';
-            }
-        });
+            const Text tip = TipText(form.Page(), id);
+            said += "  tips " + std::to_string(id) + ' ' + std::string(tip.begin(), tip.end()) + '\n';
+        }
+    });
     *setHwndPropStr = before;
     service->Release();
     CoUninitialize();
@@ -135,45 +133,40 @@ TEST_F(FormsTest, FormsSayWhatTheyAreToSay)
 TEST_F(FormsTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm)
 {
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
-    const auto press = [](HWND window)
-    {
+    const auto press = [](HWND window) {
         helpCommands = 0;
         HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
         SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
         EXPECT_GE(helpCommands, 1);
     };
-    ForEachForm(
-        [&press](const Form& form, const Text& name)
+    ForEachForm([&press](const Form& form, const Text& name) {
+        press(GetWindow(form.Page(), GW_CHILD));
+        press(form.Window());
+        if (name == tabs::General)
         {
-            press(GetWindow(form.Page(), GW_CHILD));
-            press(form.Window());
-            if (name == tabs::General)
-            {
-                WithDialog(
-                    _T("Box"), [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
-                    [&press](const Form& box) { press(box.Control(IDOK)); });
-            }
-        });
+            WithDialog(
+                _T("Box"), [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
+                [&press](const Form& box) { press(box.Control(IDOK)); });
+        }
+    });
     UnhookWindowsHookEx(hook);
 }
 
 TEST_F(FormsTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl)
 {
-    ForEachForm(
-        [](const Form& form, const Text& name)
+    ForEachForm([](const Form& form, const Text& name) {
+        if (form.Window() == form.Page())
         {
-            if (form.Window() == form.Page())
-            {
-                EXPECT_EQ(GetDlgCtrlID(GetFocus()), name == titles::AdvancedTCP ? 1061 : 1188);
-                const HWND owner = GetWindow(form.Window(), GW_OWNER);
-                EXPECT_FALSE(IsWindowEnabled(owner));
-                RECT inner = {};
-                RECT outer = {};
-                GetWindowRect(form.Window(), &inner);
-                GetWindowRect(owner, &outer);
-                EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
-                EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
-                EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);
-            }
-        });
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()), name == titles::AdvancedTCP ? 1061 : 1188);
+            const HWND owner = GetWindow(form.Window(), GW_OWNER);
+            EXPECT_FALSE(IsWindowEnabled(owner));
+            RECT inner = {};
+            RECT outer = {};
+            GetWindowRect(form.Window(), &inner);
+            GetWindowRect(owner, &outer);
+            EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
+            EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
+            EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);
+        }
+    });
 }

@@ -130,6 +130,6 @@ TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
         {tabs::Waivers, 131},       {tabs::Xhci, 102},         {tabs::Identity, 136},
         {tabs::Media, 133},         {tabs::Protocol, 135},     {tabs::HostUnderTest, 137},
         {titles::AdvancedTCP, 104}, {titles::ClientPorts, 143}};
-    ForEachForm([&templates](const Form& form, const Text& name)
-                { CheckLayout(form.Page(), templates.at(name)); });
+    ForEachForm(
+        [&templates](const Form& form, const Text& name) { CheckLayout(form.Page(), templates.at(name)); });
 }

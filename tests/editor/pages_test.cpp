@@ -49,16 +49,14 @@ const Text Folder = _T("C:\\windows\\inf\\");
 void Browse(const Sheet& sheet, int browse, const Text& file, int answer)
 {
     const bool isHex = browse == 1049;
-    WithDialog(_T("Open"), sheet, browse,
-               [&](const Form& dialog)
-               {
-                   EXPECT_EQ(dialog.TextOf(edt1), isHex ? _T("*.hex") : _T("*.inf"));
-                   const Text type = isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)");
-                   EXPECT_EQ(dialog.ItemsOf(cmb1), (std::vector<Text>{type, _T("All Files (*.*)")}));
-                   EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
-                   dialog.SetText(edt1, file);
-                   dialog.Click(answer);
-               });
+    WithDialog(_T("Open"), sheet, browse, [&](const Form& dialog) {
+        EXPECT_EQ(dialog.TextOf(edt1), isHex ? _T("*.hex") : _T("*.inf"));
+        const Text type = isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)");
+        EXPECT_EQ(dialog.ItemsOf(cmb1), (std::vector<Text>{type, _T("All Files (*.*)")}));
+        EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), sheet.Window());
+        dialog.SetText(edt1, file);
+        dialog.Click(answer);
+    });
 }
 
 using DriversTest = SettingsTest;
@@ -78,15 +76,13 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
         Store(keys::Bench, _T("QBLogVerbosity"), Dword(stored));
         levels.resize(items);
         // The variable is asked when the page is made, which is at start.
-        RunEditor(
-            [&levels, level = shown, wasSix = items == 6](const Sheet& sheet)
-            {
-                AllowDiagnostic(wasSix ? "" : "1");
-                EXPECT_EQ(sheet.ItemsOf(IdVerbosity), levels);
-                EXPECT_EQ(sheet.SelectionOf(IdVerbosity), level);
-                EXPECT_FALSE(sheet.CanApply());
-                sheet.Ok();
-            });
+        RunEditor([&levels, level = shown, wasSix = items == 6](const Sheet& sheet) {
+            AllowDiagnostic(wasSix ? "" : "1");
+            EXPECT_EQ(sheet.ItemsOf(IdVerbosity), levels);
+            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), level);
+            EXPECT_FALSE(sheet.CanApply());
+            sheet.Ok();
+        });
         EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(static_cast<DWORD>(shown)));
     }
     AllowDiagnostic("");
@@ -94,18 +90,16 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
 
 TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater)
 {
-    RunEditor(
-        [](const Sheet& sheet)
-        {
-            EXPECT_EQ(sheet.Title(), SheetTitle);
-            EXPECT_EQ(GetFocus(), sheet.Control(IdMode));
-            sheet.Click(IdMode);
-            EXPECT_FALSE(KeyExists(keys::Bench));
-            SetFocus(sheet.ApplyButton());
-            sheet.Apply();
-            EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
-            sheet.Click(IdMode);
-        });
+    RunEditor([](const Sheet& sheet) {
+        EXPECT_EQ(sheet.Title(), SheetTitle);
+        EXPECT_EQ(GetFocus(), sheet.Control(IdMode));
+        sheet.Click(IdMode);
+        EXPECT_FALSE(KeyExists(keys::Bench));
+        SetFocus(sheet.ApplyButton());
+        sheet.Apply();
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "the button that was clicked takes no keys now";
+        sheet.Click(IdMode);
+    });
     EXPECT_EQ(Stored(keys::Bench, _T("CertificationMode")), Dword(1));
 }
 
@@ -118,60 +112,50 @@ TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn)
         ClearSettings();
         InstallTools({tool});
         Store(keys::EhciDriver, _T("Path"), Sz(longPath));
-        RunOnTab(tabs::Drivers,
-                 [&tool](const Sheet& sheet)
-                 {
-                     for (const Stack& stack : Stacks)
-                     {
-                         const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
-                         for (const bool on : {true, false, true})
-                         {
-                             EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
-                             EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
-                             ExpectPathEnabled(sheet, stack, needed && on);
-                             sheet.Click(stack.enableSwitcher);
-                         }
-                     }
-                     for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
-                     {
-                         EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
-                     }
-                     sheet.Ok();
-                 });
+        RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
+            for (const Stack& stack : Stacks)
+            {
+                const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
+                for (const bool on : {true, false, true})
+                {
+                    EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
+                    EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
+                    ExpectPathEnabled(sheet, stack, needed && on);
+                    sheet.Click(stack.enableSwitcher);
+                }
+            }
+            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
+            {
+                EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
+            }
+            sheet.Ok();
+        });
         EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
-        RunOnTab(tabs::Drivers,
-                 [](const Sheet& sheet)
-                 {
-                     for (const Stack& stack : Stacks)
-                     {
-                         ExpectPathEnabled(sheet, stack, false);
-                     }
-                 });
+        RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+            for (const Stack& stack : Stacks)
+            {
+                ExpectPathEnabled(sheet, stack, false);
+            }
+        });
     }
 }
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
 {
-    RunOnTab(tabs::Drivers,
-             [](const Sheet& sheet)
-             {
-                 Browse(sheet, 1035, Folder + _T("input.inf"), IDCANCEL);
-                 EXPECT_EQ(sheet.TextOf(1034), Text());
-                 for (const auto& [browse, edit] : {std::pair{1035, 1034},
-                                                    {1039, 1038},
-                                                    {1054, 1053},
-                                                    {1203, 1202},
-                                                    {1052, 1051},
-                                                    {1049, 1048}})
-                 {
-                     // The ending of a driver's file may be left out.
-                     Browse(sheet, browse, Folder + (browse == 1049 ? _T("input.inf") : _T("input")), IDOK);
-                     EXPECT_EQ(sheet.TextOf(edit), Folder);
-                     sheet.SetText(edit, edit == 1034 ? Folder : Text());
-                 }
-                 EXPECT_FALSE(sheet.CanApply());
-                 EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
-                 sheet.Ok();
-             });
+    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+        Browse(sheet, 1035, Folder + _T("input.inf"), IDCANCEL);
+        EXPECT_EQ(sheet.TextOf(1034), Text());
+        for (const auto& [browse, edit] :
+             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}})
+        {
+            // The ending of a driver's file may be left out.
+            Browse(sheet, browse, Folder + (browse == 1049 ? _T("input.inf") : _T("input")), IDOK);
+            EXPECT_EQ(sheet.TextOf(edit), Folder);
+            sheet.SetText(edit, edit == 1034 ? Folder : Text());
+        }
+        EXPECT_FALSE(sheet.CanApply());
+        EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
+        sheet.Ok();
+    });
     EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(Folder));
 }

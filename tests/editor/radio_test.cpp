@@ -59,32 +59,29 @@ TEST_F(RadioTest, TabGoesThroughThePageWithoutChangingAGroup)
              {std::pair{radio.initial, radio.changed}, {radio.changed, radio.initial}})
         {
             Store(radio.key, radio.name, stored);
-            RunOnTab(radio.tab,
-                     [&, &was = stored, &is = other](const Sheet& sheet)
-                     {
-                         // The checked one of the two is the tab stop.
-                         const auto expectShown = [&](const StoredValue& value)
-                         {
-                             radio.ExpectShown(sheet, value);
-                             for (const int id : {radio.control, radio.control + 1})
-                             {
-                                 EXPECT_EQ((StyleOf(sheet.Control(id)) & WS_TABSTOP) != 0,
-                                           sheet.CheckOf(id) == BST_CHECKED);
-                             }
-                         };
-                         expectShown(was);
-                         const bool marked = sheet.CanApply();
-                         for (int steps = 0; steps < 30; ++steps)
-                         {
-                             SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
-                         }
-                         EXPECT_EQ(sheet.CanApply(), marked);
-                         radio.Enter(sheet, is);
-                         expectShown(is);
-                         radio.Enter(sheet, was);
-                         expectShown(was);
-                         sheet.Ok();
-                     });
+            RunOnTab(radio.tab, [&, &was = stored, &is = other](const Sheet& sheet) {
+                // The checked one of the two is the tab stop.
+                const auto expectShown = [&](const StoredValue& value) {
+                    radio.ExpectShown(sheet, value);
+                    for (const int id : {radio.control, radio.control + 1})
+                    {
+                        EXPECT_EQ((StyleOf(sheet.Control(id)) & WS_TABSTOP) != 0,
+                                  sheet.CheckOf(id) == BST_CHECKED);
+                    }
+                };
+                expectShown(was);
+                const bool marked = sheet.CanApply();
+                for (int steps = 0; steps < 30; ++steps)
+                {
+                    SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
+                }
+                EXPECT_EQ(sheet.CanApply(), marked);
+                radio.Enter(sheet, is);
+                expectShown(is);
+                radio.Enter(sheet, was);
+                expectShown(was);
+                sheet.Ok();
+            });
             EXPECT_EQ(Stored(radio.key, radio.name), stored);
         }
     }

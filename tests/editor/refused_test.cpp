@@ -43,15 +43,13 @@ TEST_F(RefusedTest, AnyReadOfAPage)
         {
             SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
             StoreTree(TreeOf(SettingsOf(tab), &Setting::changed));
-            RunEditor(
-                [&](const Sheet& sheet)
-                {
-                    calls::Refuse(calls::AnyOfTheRegistry, call);
-                    EXPECT_TRUE(sheet.Select(tab));
-                    struck = calls::HasStruck() && tab != tabs::General;
-                    calls::Reset();
-                    sheet.Ok();
-                });
+            RunEditor([&](const Sheet& sheet) {
+                calls::Refuse(calls::AnyOfTheRegistry, call);
+                EXPECT_TRUE(sheet.Select(tab));
+                struck = calls::HasStruck() && tab != tabs::General;
+                calls::Reset();
+                sheet.Ok();
+            });
             EXPECT_LE(CountLost(tab), struck ? 2U : 0U);
         }
     }
@@ -61,39 +59,36 @@ TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
 {
     for (const Text& tab : AllTabs)
     {
-        RunOnTab(tab,
-                 [&tab](const Sheet& sheet)
-                 {
-                     // What Apply leaves while something is refused it, from the initial values on; whether
-                     // that came to pass.
-                     const auto apply = [&sheet, &tab](const char* function, unsigned call, bool andLater)
-                     {
-                         StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
-                         calls::Refuse(function, call, ERROR_ACCESS_DENIED, andLater);
-                         SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
-                         const bool struck = calls::HasStruck();
-                         calls::Reset();
-                         return struck;
-                     };
-                     bool struck = true;
-                     for (unsigned call = 1; struck; ++call)
-                     {
-                         SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
-                         struck = apply(calls::AnyOfTheRegistry, call, false);
-                         EXPECT_LE(CountLost(tab), struck ? 1U : 0U);
-                     }
-                     for (const char* function : {"RegCreateKeyExW", "RegSetValueExW"})
-                     {
-                         apply(function, 1, true);
-                         for (const Setting& setting : SettingsOf(tab))
-                         {
-                             // A table of ports is emptied before its first port is refused.
-                             const bool isGone = setting.name == _T("PacketType") &&
-                                                 function == std::string("RegSetValueExW");
-                             EXPECT_EQ(Stored(setting.key, setting.name), isGone ? Absent : setting.initial);
-                         }
-                     }
-                 });
+        RunOnTab(tab, [&tab](const Sheet& sheet) {
+            // What Apply leaves while something is refused it, from the initial values on; whether
+            // that came to pass.
+            const auto apply = [&sheet, &tab](const char* function, unsigned call, bool andLater) {
+                StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
+                calls::Refuse(function, call, ERROR_ACCESS_DENIED, andLater);
+                SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
+                const bool struck = calls::HasStruck();
+                calls::Reset();
+                return struck;
+            };
+            bool struck = true;
+            for (unsigned call = 1; struck; ++call)
+            {
+                SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
+                struck = apply(calls::AnyOfTheRegistry, call, false);
+                EXPECT_LE(CountLost(tab), struck ? 1U : 0U);
+            }
+            for (const char* function : {"RegCreateKeyExW", "RegSetValueExW"})
+            {
+                apply(function, 1, true);
+                for (const Setting& setting : SettingsOf(tab))
+                {
+                    // A table of ports is emptied before its first port is refused.
+                    const bool isGone =
+                        setting.name == _T("PacketType") && function == std::string("RegSetValueExW");
+                    EXPECT_EQ(Stored(setting.key, setting.name), isGone ? Absent : setting.initial);
+                }
+            }
+        });
     }
 }
 
@@ -115,28 +110,24 @@ TEST_F(RefusedTest, TooltipsAndTheFileDialog)
     Store(keys::Kauri, _T("NetworkType"), Sz(_T("TCP/IP")));
     calls::Refuse(std::string("CreateWindowExW ") + Printable(TOOLTIPS_CLASSW), 1, ERROR_NOT_ENOUGH_MEMORY,
                   true);
-    ForEachForm(
-        [](const Form& form, const Text&)
+    ForEachForm([](const Form& form, const Text&) {
+        // The window has its eye on the mouse all the same.
+        MSG move = {};
+        move.hwnd = form.Page();
+        move.message = WM_MOUSEMOVE;
+        CWnd::FromHandlePermanent(form.Page())->PreTranslateMessage(&move);
+        EXPECT_TRUE(calls::HasStruck());
+        EXPECT_TRUE(TipsOf(form.Page()).empty());
+        if (form.Page() == form.Window())
         {
-            // The window has its eye on the mouse all the same.
-            MSG move = {};
-            move.hwnd = form.Page();
-            move.message = WM_MOUSEMOVE;
-            CWnd::FromHandlePermanent(form.Page())->PreTranslateMessage(&move);
-            EXPECT_TRUE(calls::HasStruck());
-            EXPECT_TRUE(TipsOf(form.Page()).empty());
-            if (form.Page() == form.Window())
-            {
-                form.Click(IDOK);
-            }
-        });
+            form.Click(IDOK);
+        }
+    });
     calls::Refuse("CoCreateInstance", 1, E_FAIL, true);
-    RunOnTab(tabs::Drivers,
-             [](const Sheet& sheet)
-             {
-                 // As if it was cancelled.
-                 sheet.Click(1049);
-                 EXPECT_TRUE(calls::HasStruck());
-                 EXPECT_EQ(sheet.TextOf(1048), _T("F:\\fw\\"));
-             });
+    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
+        // As if it was cancelled.
+        sheet.Click(1049);
+        EXPECT_TRUE(calls::HasStruck());
+        EXPECT_EQ(sheet.TextOf(1048), _T("F:\\fw\\"));
+    });
 }

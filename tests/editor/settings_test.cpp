@@ -40,22 +40,20 @@ protected:
     // Finds all pages at one value, and turns everything to the other.
     static void ChangeAll(Value from, Value to, void (Sheet::*leave)() const)
     {
-        RunEditor(
-            [&](const Sheet& sheet)
+        RunEditor([&](const Sheet& sheet) {
+            for (const Text& tab : AllTabs)
             {
-                for (const Text& tab : AllTabs)
+                SCOPED_TRACE(Printable(tab));
+                ASSERT_TRUE(sheet.Select(tab));
+                ExpectShown(sheet, tab, from);
+                for (const Setting& setting : SettingsOf(tab))
                 {
-                    SCOPED_TRACE(Printable(tab));
-                    ASSERT_TRUE(sheet.Select(tab));
-                    ExpectShown(sheet, tab, from);
-                    for (const Setting& setting : SettingsOf(tab))
-                    {
-                        setting.Enter(sheet, setting.*to);
-                    }
+                    setting.Enter(sheet, setting.*to);
                 }
-                (sheet.*leave)();
-                EXPECT_FALSE(sheet.IsOpen());
-            });
+            }
+            (sheet.*leave)();
+            EXPECT_FALSE(sheet.IsOpen());
+        });
     }
 };
 
@@ -157,13 +155,11 @@ TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
         {
             StoreIdentifier();
         }
-        RunOnTab(tab,
-                 [&](const Sheet& sheet)
-                 {
-                     ExpectShown(sheet, tab, &Setting::initial);
-                     EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
-                     sheet.Ok();
-                 });
+        RunOnTab(tab, [&](const Sheet& sheet) {
+            ExpectShown(sheet, tab, &Setting::initial);
+            EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
+            sheet.Ok();
+        });
         EXPECT_EQ(StoredSettings(), TreeOf(StoredWith(tab), &Setting::initial));
     }
 }
@@ -172,50 +168,48 @@ TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
 {
     for (const Text& tab : AllTabs)
     {
-        RunOnTab(tab,
-                 [&tab](const Sheet& sheet)
-                 {
-                     sheet.Apply();
-                     for (const Setting& setting : SettingsOf(tab))
-                     {
-                         if (!setting.IsChangeable())
-                         {
-                             continue;
-                         }
-                         SCOPED_TRACE(Printable(setting.name));
-                         setting.Enter(sheet, setting.changed);
-                         EXPECT_EQ(sheet.CanApply(), setting.kind != Kind::Path);
-                         sheet.Apply();
-                         EXPECT_FALSE(sheet.CanApply());
-                         if (setting.kind != Kind::Path)
-                         {
-                             EXPECT_EQ(Stored(setting.key, setting.name), setting.changed);
-                             setting.Enter(sheet, setting.initial);
-                             EXPECT_TRUE(sheet.CanApply());
-                         }
-                         if (setting.kind == Kind::Check)
-                         {
-                             sheet.Click(setting.control);
-                             sheet.Click(setting.control);
-                             EXPECT_TRUE(sheet.CanApply()) << "each click changed it";
-                         }
-                         else if (setting.kind == Kind::Number || setting.kind == Kind::Hex)
-                         {
-                             sheet.TypeInFront(setting.control, _T("0"));
-                             EXPECT_FALSE(sheet.CanApply()) << "the same number";
-                         }
-                         else if (setting.kind == Kind::Radio || setting.kind == Kind::List)
-                         {
-                             setting.Enter(sheet, setting.initial);
-                             EXPECT_FALSE(sheet.CanApply()) << "selected again";
-                         }
-                         sheet.Apply();
-                         if (setting.kind == Kind::Number && sheet.IsEnabled(setting.control))
-                         {
-                             ExpectEmptyHolds(sheet, setting);
-                         }
-                     }
-                 });
+        RunOnTab(tab, [&tab](const Sheet& sheet) {
+            sheet.Apply();
+            for (const Setting& setting : SettingsOf(tab))
+            {
+                if (!setting.IsChangeable())
+                {
+                    continue;
+                }
+                SCOPED_TRACE(Printable(setting.name));
+                setting.Enter(sheet, setting.changed);
+                EXPECT_EQ(sheet.CanApply(), setting.kind != Kind::Path);
+                sheet.Apply();
+                EXPECT_FALSE(sheet.CanApply());
+                if (setting.kind != Kind::Path)
+                {
+                    EXPECT_EQ(Stored(setting.key, setting.name), setting.changed);
+                    setting.Enter(sheet, setting.initial);
+                    EXPECT_TRUE(sheet.CanApply());
+                }
+                if (setting.kind == Kind::Check)
+                {
+                    sheet.Click(setting.control);
+                    sheet.Click(setting.control);
+                    EXPECT_TRUE(sheet.CanApply()) << "each click changed it";
+                }
+                else if (setting.kind == Kind::Number || setting.kind == Kind::Hex)
+                {
+                    sheet.TypeInFront(setting.control, _T("0"));
+                    EXPECT_FALSE(sheet.CanApply()) << "the same number";
+                }
+                else if (setting.kind == Kind::Radio || setting.kind == Kind::List)
+                {
+                    setting.Enter(sheet, setting.initial);
+                    EXPECT_FALSE(sheet.CanApply()) << "selected again";
+                }
+                sheet.Apply();
+                if (setting.kind == Kind::Number && sheet.IsEnabled(setting.control))
+                {
+                    ExpectEmptyHolds(sheet, setting);
+                }
+            }
+        });
     }
 }
 
@@ -243,25 +237,23 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
                 expectedTabs.push_back(setting.tab);
             }
         }
-        RunEditor(
-            [&](const Sheet& sheet)
+        RunEditor([&](const Sheet& sheet) {
+            EXPECT_EQ(sheet.Tabs(), expectedTabs);
+            EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
+            for (const Text& tab : sheet.Tabs())
             {
-                EXPECT_EQ(sheet.Tabs(), expectedTabs);
-                EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
-                for (const Text& tab : sheet.Tabs())
+                ASSERT_TRUE(sheet.Select(tab));
+                for (const Setting& setting : SettingsOf(tab))
                 {
-                    ASSERT_TRUE(sheet.Select(tab));
-                    for (const Setting& setting : SettingsOf(tab))
-                    {
-                        const bool live = setting.IsLiveFor(tools);
-                        const StoredValue blank = setting.kind == Kind::Path ? Sz({}) : Dword(0);
-                        setting.ExpectShown(sheet, live ? setting.changed : blank);
-                        EXPECT_TRUE(setting.kind != Kind::Check || sheet.IsEnabled(setting.control) == live)
-                            << Printable(setting.name);
-                    }
+                    const bool live = setting.IsLiveFor(tools);
+                    const StoredValue blank = setting.kind == Kind::Path ? Sz({}) : Dword(0);
+                    setting.ExpectShown(sheet, live ? setting.changed : blank);
+                    EXPECT_TRUE(setting.kind != Kind::Check || sheet.IsEnabled(setting.control) == live)
+                        << Printable(setting.name);
                 }
-                sheet.Ok();
-            });
+            }
+            sheet.Ok();
+        });
         EXPECT_EQ(StoredSettings(), expected);
     }
 }
@@ -279,22 +271,20 @@ TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedI
         {
             std::rotate(read.end() - 6, read.end() - 2, read.end());
         }
-        RunEditor(
-            [&](const Sheet& sheet)
-            {
-                calls::Reset();
-                ASSERT_TRUE(sheet.Select(tab));
-                EXPECT_EQ(PlacesCalled("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
-                EXPECT_EQ(PlacesCalled("RegSetValueExW"), Places());
-                calls::Reset();
-                sheet.Ok();
-                EXPECT_EQ(PlacesCalled("RegQueryValueExW"), Places());
-                EXPECT_EQ(PlacesCalled("RegSetValueExW"), PlacesOf(StoredWith(tab)));
-                // Each key is opened for one value.
-                EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
-                          calls::Made("RegCreateKeyExW").size());
-                EXPECT_EQ(calls::OpenKeys(), 0U);
-            });
+        RunEditor([&](const Sheet& sheet) {
+            calls::Reset();
+            ASSERT_TRUE(sheet.Select(tab));
+            EXPECT_EQ(PlacesCalled("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
+            EXPECT_EQ(PlacesCalled("RegSetValueExW"), Places());
+            calls::Reset();
+            sheet.Ok();
+            EXPECT_EQ(PlacesCalled("RegQueryValueExW"), Places());
+            EXPECT_EQ(PlacesCalled("RegSetValueExW"), PlacesOf(StoredWith(tab)));
+            // Each key is opened for one value.
+            EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
+                      calls::Made("RegCreateKeyExW").size());
+            EXPECT_EQ(calls::OpenKeys(), 0U);
+        });
     }
 }
 

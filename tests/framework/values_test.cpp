@@ -79,8 +79,7 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
 
 TEST_F(ValuesTest, WriteCreatesKeyAndValue)
 {
-    const auto written = [this](const auto& member)
-    {
+    const auto written = [this](const auto& member) {
         page.WriteValue(Key, Name, member);
         return Stored(Key, Name);
     };

@@ -28,12 +28,10 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
     const auto open = [&] { result = static_cast<int>(dialog.DoModal()); };
-    WithDialog(_T("Some Ports"), open,
-               [&](const Form& form)
-               {
-                   script(form);
-                   form.Click(button);
-               });
+    WithDialog(_T("Some Ports"), open, [&](const Form& form) {
+        script(form);
+        form.Click(button);
+    });
     EXPECT_EQ(result, button);
     Ports ports;
     for (const PortEntry& entry : table)
@@ -95,8 +93,7 @@ TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
 TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
 {
     const PortTable six = {{5, -1}, {0, 2}, {7, 1}, {8, 2}, {9, 2}, {10, 2}};
-    const auto look = [](const Form& form)
-    {
+    const auto look = [](const Form& form) {
         EXPECT_EQ(RowsOf(form),
                   (std::vector<Row>{{_T("5"), 0, true}, EmptyRow, {_T("7"), 2, true}, {_T("8"), 3, true}}));
         EXPECT_EQ(form.ItemsOf(Types[3]),
@@ -111,33 +108,30 @@ TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
 TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
 {
     const Ports left =
-        RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK,
-                  [](const Form& form)
-                  {
-                      // At each key one usable port follows another.
-                      form.Retype(Edits[0], _T("65535"));
-                      EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
-                      form.Type(Edits[0], _T("0"));
-                      EXPECT_EQ(RowOf(form, 0), (Row{_T("655350"), 0, false}));
-                      form.Type(Edits[0], _T("\b"));
-                      EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 0, true}));
-                      form.Pick(Types[0], 2);
-                      form.Retype(Edits[1], {});
-                      form.Type(Edits[1], _T("x-0"));
-                      EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
-                      form.SetText(Edits[2], _T("70x"));
-                      EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
-                      EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
-                      form.Retype(Edits[3], _T("70"));
-                  });
+        RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK, [](const Form& form) {
+            // At each key one usable port follows another.
+            form.Retype(Edits[0], _T("65535"));
+            EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
+            form.Type(Edits[0], _T("0"));
+            EXPECT_EQ(RowOf(form, 0), (Row{_T("655350"), 0, false}));
+            form.Type(Edits[0], _T("\b"));
+            EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 0, true}));
+            form.Pick(Types[0], 2);
+            form.Retype(Edits[1], {});
+            form.Type(Edits[1], _T("x-0"));
+            EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
+            form.SetText(Edits[2], _T("70x"));
+            EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
+            EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
+            form.Retype(Edits[3], _T("70"));
+        });
     EXPECT_EQ(left, (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
 TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
 {
     EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
-                        [](const Form& form)
-                        {
+                        [](const Form& form) {
                             EXPECT_EQ(RowsOf(form), (std::vector<Row>{{_T("70000"), 3, true},
                                                                       {_T("4294967295"), 2, true},
                                                                       {_T("65536"), 1, true},
@@ -148,8 +142,7 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
     for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)})
     {
         EXPECT_EQ(RunDialog({{80, type}, {81, type}}, IDOK,
-                            [](const Form& form)
-                            {
+                            [](const Form& form) {
                                 EXPECT_EQ(RowOf(form, 0), (Row{_T("80"), -1, true})) << "no such item";
                                 form.Pick(Types[1], 3);
                             }),
@@ -161,67 +154,56 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
 {
     // A size of 0 in use, and flags that are none of a check box: shown, and stored so only once confirmed.
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
-    RunOnTab(tabs::Media,
-             [](const Sheet& sheet)
-             {
-                 sheet.Apply();
-                 EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-                 WithDialog(titles::AdvancedTCP, sheet, 1139,
-                            [](const Form& form)
-                            {
-                                EXPECT_EQ(form.TextOf(Delay), _T("1"));
-                                EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
-                                EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
-                                ExpectSizes(form, true, true);
-                                form.Retype(Delay, _T("5"));
-                            });
-                 EXPECT_FALSE(sheet.CanApply()) << "cancelled";
-                 WithDialog(titles::AdvancedTCP, sheet, 1139,
-                            [](const Form& form)
-                            {
-                                EXPECT_EQ(form.TextOf(Delay), _T("1"));
-                                form.Retype(Delay, _T("x-4294967295"));
-                                form.Retype(SndBuf, _T("2147483647"));
-                                form.Retype(RcvBuf, _T("8192"));
-                                form.Click(DefaultSnd);
-                                ExpectSizes(form, false, true);
-                                form.Click(DefaultRcv);
-                                ExpectSizes(form, false, false);
-                                form.Click(DefaultSnd);
-                                ExpectSizes(form, true, false);
-                                form.Click(IDOK);
-                            });
-                 EXPECT_TRUE(sheet.CanApply());
-                 WithDialog(titles::AdvancedTCP, sheet, 1139,
-                            [](const Form& form)
-                            { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
-                 sheet.Ok();
-             });
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        sheet.Apply();
+        EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(Delay), _T("1"));
+            EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
+            EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
+            ExpectSizes(form, true, true);
+            form.Retype(Delay, _T("5"));
+        });
+        EXPECT_FALSE(sheet.CanApply()) << "cancelled";
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(Delay), _T("1"));
+            form.Retype(Delay, _T("x-4294967295"));
+            form.Retype(SndBuf, _T("2147483647"));
+            form.Retype(RcvBuf, _T("8192"));
+            form.Click(DefaultSnd);
+            ExpectSizes(form, false, true);
+            form.Click(DefaultRcv);
+            ExpectSizes(form, false, false);
+            form.Click(DefaultSnd);
+            ExpectSizes(form, true, false);
+            form.Click(IDOK);
+        });
+        EXPECT_TRUE(sheet.CanApply());
+        WithDialog(titles::AdvancedTCP, sheet, 1139,
+                   [](const Form& form) { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
+        sheet.Ok();
+    });
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
 }
 
 TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
 {
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
-    RunOnTab(tabs::Media,
-             [](const Sheet& sheet)
-             {
-                 sheet.Apply();
-                 WithDialog(titles::AdvancedTCP, sheet, 1139,
-                            [](const Form& form)
-                            {
-                                form.Retype(Delay, _T("7"));
-                                form.Retype(RcvBuf, _T("9"));
-                                form.Click(NoDelay);
-                                form.Retype(SndBuf, {});
-                                EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
-                                ExpectSizes(form, true, true);
-                                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
-                                EXPECT_TRUE(IsWindowVisible(form.Window()));
-                                EXPECT_EQ(GetFocus(), form.Control(SndBuf));
-                            });
-                 EXPECT_FALSE(sheet.CanApply());
-                 sheet.Ok();
-             });
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        sheet.Apply();
+        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
+            form.Retype(Delay, _T("7"));
+            form.Retype(RcvBuf, _T("9"));
+            form.Click(NoDelay);
+            form.Retype(SndBuf, {});
+            EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
+            ExpectSizes(form, true, true);
+            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
+            EXPECT_TRUE(IsWindowVisible(form.Window()));
+            EXPECT_EQ(GetFocus(), form.Control(SndBuf));
+        });
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Ok();
+    });
     EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
 }

@@ -27,12 +27,10 @@ protected:
     static Text Shown()
     {
         Text shown;
-        RunOnTab(tabs::Identity,
-                 [&shown](const Sheet& sheet)
-                 {
-                     shown = sheet.TextOf(IdContainer);
-                     EXPECT_FALSE(sheet.CanApply());
-                 });
+        RunOnTab(tabs::Identity, [&shown](const Sheet& sheet) {
+            shown = sheet.TextOf(IdContainer);
+            EXPECT_FALSE(sheet.CanApply());
+        });
         return shown;
     }
 };
@@ -75,49 +73,41 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLengthIsShownAndStoredWhole)
 TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
 {
     StoreIdentifier(Binary(SomeBytes));
-    RunOnTab(tabs::Identity,
-             [](const Sheet& sheet)
-             {
-                 EXPECT_TRUE(sheet.IsShown(IdContainer) && !sheet.IsEnabled(IdContainer));
-                 EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
-                           (Events{"1132 clicked", "1130 changed", "marked"}));
-                 EXPECT_NE(sheet.TextOf(IdContainer), SomeText);
-                 EXPECT_EQ(Identifier(), Binary(SomeBytes));
-                 sheet.Apply();
-                 EXPECT_NE(Identifier(), Binary(SomeBytes));
-             });
+    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
+        EXPECT_TRUE(sheet.IsShown(IdContainer) && !sheet.IsEnabled(IdContainer));
+        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
+                  (Events{"1132 clicked", "1130 changed", "marked"}));
+        EXPECT_NE(sheet.TextOf(IdContainer), SomeText);
+        EXPECT_EQ(Identifier(), Binary(SomeBytes));
+        sheet.Apply();
+        EXPECT_NE(Identifier(), Binary(SomeBytes));
+    });
 }
 
 TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater)
 {
     calls::Refuse("UuidCreate", 1, RPC_S_UUID_NO_ADDRESS, true);
-    RunOnTab(
-        tabs::Identity,
-        [](const Sheet& sheet)
-        {
-            EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
-            EXPECT_EQ(StoredSettings(), (Tree{{keys::Kauri, {{_T("RootHubUUID"), Binary(Bytes(16, 0))}}}}));
-            // Saving leaves it alone.
-            StoreIdentifier(Binary({1}));
-            sheet.Ok();
-        });
+    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
+        EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
+        EXPECT_EQ(StoredSettings(), (Tree{{keys::Kauri, {{_T("RootHubUUID"), Binary(Bytes(16, 0))}}}}));
+        // Saving leaves it alone.
+        StoreIdentifier(Binary({1}));
+        sheet.Ok();
+    });
     EXPECT_EQ(Identifier(), Binary({1}));
     StoreIdentifier(Binary(SomeBytes));
-    RunOnTab(
-        tabs::Identity,
-        [](const Sheet& sheet)
-        {
-            EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), Events{"1132 clicked"});
-            EXPECT_EQ(sheet.TextOf(IdContainer), SomeText);
-            // Any other status counts as an identifier: what came of it here is nil, which is not saved.
-            calls::Refuse("UuidCreate", 1, RPC_S_UUID_LOCAL_ONLY, true);
-            EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
-                      (Events{"1132 clicked", "1130 changed", "marked"}));
-            EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
-            EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), (Events{"1132 clicked", "1130 changed"}))
-                << "no change";
-            sheet.Ok();
-        });
+    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
+        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), Events{"1132 clicked"});
+        EXPECT_EQ(sheet.TextOf(IdContainer), SomeText);
+        // Any other status counts as an identifier: what came of it here is nil, which is not saved.
+        calls::Refuse("UuidCreate", 1, RPC_S_UUID_LOCAL_ONLY, true);
+        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
+                  (Events{"1132 clicked", "1130 changed", "marked"}));
+        EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
+        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), (Events{"1132 clicked", "1130 changed"}))
+            << "no change";
+        sheet.Ok();
+    });
     EXPECT_EQ(Identifier(), Binary(SomeBytes));
 }
 
@@ -129,17 +119,15 @@ TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
     {
         StoreTree({{keys::Kauri,
                     {{_T("IsochPayloadAlignment"), alignment}, {_T("MAUSBProtocolVersion"), Sz(version)}}}});
-        RunOnTab(tabs::Identity,
-                 [isByte = saved == 1](const Sheet& sheet)
-                 {
-                     EXPECT_EQ(sheet.CheckOf(1123), isByte ? BST_CHECKED : BST_UNCHECKED);
-                     EXPECT_EQ(sheet.ItemsOf(1138), std::vector<Text>{_T("MAUSB 1.0a")});
-                     EXPECT_EQ(sheet.SelectionOf(1138), 0);
-                     sheet.Click(1133);
-                     sheet.Pick(1138, 0);
-                     EXPECT_FALSE(sheet.CanApply()) << "the only entry, picked again";
-                     sheet.Ok();
-                 });
+        RunOnTab(tabs::Identity, [isByte = saved == 1](const Sheet& sheet) {
+            EXPECT_EQ(sheet.CheckOf(1123), isByte ? BST_CHECKED : BST_UNCHECKED);
+            EXPECT_EQ(sheet.ItemsOf(1138), std::vector<Text>{_T("MAUSB 1.0a")});
+            EXPECT_EQ(sheet.SelectionOf(1138), 0);
+            sheet.Click(1133);
+            sheet.Pick(1138, 0);
+            EXPECT_FALSE(sheet.CanApply()) << "the only entry, picked again";
+            sheet.Ok();
+        });
         EXPECT_EQ(Stored(keys::Kauri, _T("IsochPayloadAlignment")), Dword(saved));
         EXPECT_EQ(Stored(keys::Kauri, _T("MAUSBProtocolVersion")), Sz(_T("MAUSB 1.0a")));
     }
@@ -154,29 +142,26 @@ TEST_F(IdentityTest, TransferSizeFollowsItsSwitchAndIsNeverShown)
         StoreTree({{keys::Kauri,
                     {{_T("MaxUSBTransferSize"), Dword(0xFFFFFFFE)},
                      {_T("UseDefaultMaxUSBTransferSize"), Dword(stored)}}}});
-        RunOnTab(tabs::Identity,
-                 [marked = stored == 2, was = held](const Sheet& sheet)
-                 {
-                     EXPECT_EQ(sheet.CanApply(), marked);
-                     EXPECT_EQ(sheet.TextOf(IdSize), _T("-2"));
-                     for (const int id : {IdSizeLabel, IdSize, IdUseDefaultSize})
-                     {
-                         EXPECT_FALSE(sheet.IsShown(id)) << id;
-                         EXPECT_EQ(sheet.IsEnabled(id), was == 0 && id != IdUseDefaultSize) << id;
-                     }
-                     // What nobody sees works all the same.
-                     SendMessageW(sheet.Control(IdUseDefaultSize), BM_SETCHECK, 1 - was, 0);
-                     SendMessageW(sheet.Page(), WM_COMMAND, MAKEWPARAM(IdUseDefaultSize, BN_CLICKED),
-                                  reinterpret_cast<LPARAM>(sheet.Control(IdUseDefaultSize)));
-                     EXPECT_TRUE(sheet.IsEnabled(IdSize) == (was != 0) &&
-                                 sheet.IsEnabled(IdSizeLabel) == (was != 0));
-                     EXPECT_TRUE(sheet.CanApply());
-                     sheet.SetText(IdSize, _T("4096"));
-                     EXPECT_TRUE(sheet.CanApply());
-                     sheet.SetText(IdSize, _T("04096"));
-                     EXPECT_FALSE(sheet.CanApply());
-                     sheet.Ok();
-                 });
+        RunOnTab(tabs::Identity, [marked = stored == 2, was = held](const Sheet& sheet) {
+            EXPECT_EQ(sheet.CanApply(), marked);
+            EXPECT_EQ(sheet.TextOf(IdSize), _T("-2"));
+            for (const int id : {IdSizeLabel, IdSize, IdUseDefaultSize})
+            {
+                EXPECT_FALSE(sheet.IsShown(id)) << id;
+                EXPECT_EQ(sheet.IsEnabled(id), was == 0 && id != IdUseDefaultSize) << id;
+            }
+            // What nobody sees works all the same.
+            SendMessageW(sheet.Control(IdUseDefaultSize), BM_SETCHECK, 1 - was, 0);
+            SendMessageW(sheet.Page(), WM_COMMAND, MAKEWPARAM(IdUseDefaultSize, BN_CLICKED),
+                         reinterpret_cast<LPARAM>(sheet.Control(IdUseDefaultSize)));
+            EXPECT_TRUE(sheet.IsEnabled(IdSize) == (was != 0) && sheet.IsEnabled(IdSizeLabel) == (was != 0));
+            EXPECT_TRUE(sheet.CanApply());
+            sheet.SetText(IdSize, _T("4096"));
+            EXPECT_TRUE(sheet.CanApply());
+            sheet.SetText(IdSize, _T("04096"));
+            EXPECT_FALSE(sheet.CanApply());
+            sheet.Ok();
+        });
         EXPECT_EQ(Stored(keys::Kauri, _T("MaxUSBTransferSize")), Dword(4096));
         EXPECT_EQ(Stored(keys::Kauri, _T("UseDefaultMaxUSBTransferSize")), Dword(1 - held));
     }

@@ -50,20 +50,18 @@ TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreLive)
     {
         StoreValue(_T("NetworkType"), type);
         StoreValue(_T("NetworkLevelLog"), Dword(log));
-        RunOnTab(tabs::Media,
-                 [udp = isUDP, logs = logSaved != 0](const Sheet& sheet)
-                 {
-                     for (const bool turned : {false, true, false})
-                     {
-                         ExpectNetwork(sheet, udp != turned);
-                         ExpectEnabled(sheet, {1073, 1074}, logs != turned);
-                         sheet.Click(udp == turned ? IdUDP : IdTCP);
-                         sheet.Click(IdLog);
-                     }
-                     sheet.Click(udp ? IdUDP : IdTCP);
-                     sheet.Click(IdLog);
-                     sheet.Ok();
-                 });
+        RunOnTab(tabs::Media, [udp = isUDP, logs = logSaved != 0](const Sheet& sheet) {
+            for (const bool turned : {false, true, false})
+            {
+                ExpectNetwork(sheet, udp != turned);
+                ExpectEnabled(sheet, {1073, 1074}, logs != turned);
+                sheet.Click(udp == turned ? IdUDP : IdTCP);
+                sheet.Click(IdLog);
+            }
+            sheet.Click(udp ? IdUDP : IdTCP);
+            sheet.Click(IdLog);
+            sheet.Ok();
+        });
         EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(isUDP ? _T("UDP/IP") : _T("TCP/IP")));
         EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(logSaved));
     }
@@ -79,27 +77,24 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
     {
         StoreValue(_T("SnapIdOUI"), Dword(first.first));
         StoreValue(_T("SnapIdPID"), Dword(second.first));
-        RunEditor(
-            [&oui = first, &pid = second](const Sheet& sheet)
+        RunEditor([&oui = first, &pid = second](const Sheet& sheet) {
+            // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0"
+            // in the PID's; then what was loaded, in each; and the mark told again once the page is
+            // known.
+            Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
+            events.resize(4);
+            const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
+            EXPECT_EQ(events, (Events{markOf(oui.first), "unmarked", markOf(oui.first), markOf(pid.first)}));
+            EXPECT_EQ(sheet.CanApply(), pid.first != 0);
+            // The members are back at the loaded numbers: the same text again changes nothing.
+            for (const auto& [id, text] : {std::pair{IdOUI, oui.second}, {IdPID, pid.second}})
             {
-                // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0"
-                // in the PID's; then what was loaded, in each; and the mark told again once the page is
-                // known.
-                Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
-                events.resize(4);
-                const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
-                EXPECT_EQ(events,
-                          (Events{markOf(oui.first), "unmarked", markOf(oui.first), markOf(pid.first)}));
-                EXPECT_EQ(sheet.CanApply(), pid.first != 0);
-                // The members are back at the loaded numbers: the same text again changes nothing.
-                for (const auto& [id, text] : {std::pair{IdOUI, oui.second}, {IdPID, pid.second}})
-                {
-                    EXPECT_EQ(sheet.TextOf(id), text);
-                    sheet.SetText(id, text);
-                    EXPECT_FALSE(sheet.CanApply());
-                }
-                sheet.Ok();
-            });
+                EXPECT_EQ(sheet.TextOf(id), text);
+                sheet.SetText(id, text);
+                EXPECT_FALSE(sheet.CanApply());
+            }
+            sheet.Ok();
+        });
         EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(first.first));
         EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(second.first));
     }
@@ -107,48 +102,43 @@ TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
 
 TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
 {
-    RunOnTab(tabs::Media,
-             [](const Sheet& sheet)
-             {
-                 const auto expectStored = [&sheet](int id, DWORD number)
-                 {
-                     sheet.Click(IdLog);
-                     sheet.Apply();
-                     EXPECT_EQ(StoredUnder(id == IdOUI ? _T("SnapIdOUI") : _T("SnapIdPID")), Dword(number));
-                 };
-                 for (const int id : {IdOUI, IdPID})
-                 {
-                     sheet.Retype(id, _T("g1 -fZ0x"));
-                     EXPECT_EQ(sheet.TextOf(id), _T("1f0"));
-                     expectStored(id, 0x1F0);
-                     sheet.Retype(id, _T("FFFFFFFF80000001"));
-                     expectStored(id, 0x80000001);
-                     sheet.Retype(id, {});
-                     expectStored(id, 0);
-                     // The prefix counts as a digit of 33 here; more than the page's exchange looks at is
-                     // stored all the same.
-                     sheet.SetText(id, _T("0x1F"));
-                     expectStored(id, 33 * 256 + 0x1F);
-                     sheet.SetText(id, Text(63, _T('0')) + _T("1"));
-                     expectStored(id, 1);
-                 }
-                 // What is no number holds the page, without a prompt. What the exchange reaches before it is
-                 // taken, what lies behind it is not.
-                 EXPECT_EQ(CountPrompts(
-                               [&sheet]
-                               {
-                                   sheet.SetText(IdOUI, _T("zz"));
-                                   EXPECT_FALSE(sheet.CanApply());
-                                   sheet.Ok();
-                                   EXPECT_TRUE(sheet.IsOpen());
-                                   EXPECT_EQ(GetFocus(), sheet.Control(IdOUI));
-                                   sheet.Retype(1072, _T("a"));
-                                   EXPECT_TRUE(sheet.CanApply());
-                                   sheet.Retype(1123, _T("7"));
-                                   EXPECT_FALSE(sheet.CanApply());
-                               }),
-                           0);
-             });
+    RunOnTab(tabs::Media, [](const Sheet& sheet) {
+        const auto expectStored = [&sheet](int id, DWORD number) {
+            sheet.Click(IdLog);
+            sheet.Apply();
+            EXPECT_EQ(StoredUnder(id == IdOUI ? _T("SnapIdOUI") : _T("SnapIdPID")), Dword(number));
+        };
+        for (const int id : {IdOUI, IdPID})
+        {
+            sheet.Retype(id, _T("g1 -fZ0x"));
+            EXPECT_EQ(sheet.TextOf(id), _T("1f0"));
+            expectStored(id, 0x1F0);
+            sheet.Retype(id, _T("FFFFFFFF80000001"));
+            expectStored(id, 0x80000001);
+            sheet.Retype(id, {});
+            expectStored(id, 0);
+            // The prefix counts as a digit of 33 here; more than the page's exchange looks at is
+            // stored all the same.
+            sheet.SetText(id, _T("0x1F"));
+            expectStored(id, 33 * 256 + 0x1F);
+            sheet.SetText(id, Text(63, _T('0')) + _T("1"));
+            expectStored(id, 1);
+        }
+        // What is no number holds the page, without a prompt. What the exchange reaches before it is
+        // taken, what lies behind it is not.
+        EXPECT_EQ(CountPrompts([&sheet] {
+                      sheet.SetText(IdOUI, _T("zz"));
+                      EXPECT_FALSE(sheet.CanApply());
+                      sheet.Ok();
+                      EXPECT_TRUE(sheet.IsOpen());
+                      EXPECT_EQ(GetFocus(), sheet.Control(IdOUI));
+                      sheet.Retype(1072, _T("a"));
+                      EXPECT_TRUE(sheet.CanApply());
+                      sheet.Retype(1123, _T("7"));
+                      EXPECT_FALSE(sheet.CanApply());
+                  }),
+                  0);
+    });
 }
 
 TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
@@ -162,31 +152,27 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
             Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0));
         }
         const auto ports = [&table = table] { return StoredTree(table).size() - 1; };
-        RunOnTab(
-            tabs::Media,
-            [&, id = button, &name = title](const Sheet& sheet)
-            {
-                const auto open = [&](const std::function<void(const Form&)>& script)
-                { WithDialog(name, sheet, id, script); };
-                sheet.Apply();
-                open([](const Form& form) { form.Retype(1188, _T("81")); });
-                EXPECT_FALSE(sheet.CanApply());
-                EXPECT_EQ(ports(), 5U) << "cancelled: all as they were";
-                // Confirmed with nothing changed: marked, and cut to what the dialog shows.
-                open([](const Form& form) { form.Click(IDOK); });
-                EXPECT_TRUE(sheet.CanApply());
-                EXPECT_EQ(ports(), 5U) << "in memory only";
-                sheet.Apply();
-                EXPECT_EQ(ports(), 4U);
-                open(
-                    [](const Form& form)
-                    {
-                        form.Retype(1191, {});
-                        form.Click(IDOK);
-                    });
-                open([](const Form& form) { EXPECT_EQ(form.TextOf(1191), Text()) << "keeps its place"; });
-                sheet.Ok();
+        RunOnTab(tabs::Media, [&, id = button, &name = title](const Sheet& sheet) {
+            const auto open = [&](const std::function<void(const Form&)>& script) {
+                WithDialog(name, sheet, id, script);
+            };
+            sheet.Apply();
+            open([](const Form& form) { form.Retype(1188, _T("81")); });
+            EXPECT_FALSE(sheet.CanApply());
+            EXPECT_EQ(ports(), 5U) << "cancelled: all as they were";
+            // Confirmed with nothing changed: marked, and cut to what the dialog shows.
+            open([](const Form& form) { form.Click(IDOK); });
+            EXPECT_TRUE(sheet.CanApply());
+            EXPECT_EQ(ports(), 5U) << "in memory only";
+            sheet.Apply();
+            EXPECT_EQ(ports(), 4U);
+            open([](const Form& form) {
+                form.Retype(1191, {});
+                form.Click(IDOK);
             });
+            open([](const Form& form) { EXPECT_EQ(form.TextOf(1191), Text()) << "keeps its place"; });
+            sheet.Ok();
+        });
         EXPECT_EQ(ports(), 3U);
         EXPECT_FALSE(KeyExists(table + _T("\\2")));
     }

@@ -74,11 +74,9 @@ TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
     }
     const Ports loaded = Load();
     EXPECT_EQ(loaded.size(), 32U);
-    EXPECT_TRUE(
-        std::is_sorted(loaded.begin(), loaded.end(),
-                       [](const auto& left, const auto& right) {
-                           return std::pair{left.second, left.first} < std::pair{right.second, right.first};
-                       }));
+    EXPECT_TRUE(std::is_sorted(loaded.begin(), loaded.end(), [](const auto& left, const auto& right) {
+        return std::pair{left.second, left.first} < std::pair{right.second, right.first};
+    }));
 }
 
 TEST_F(PortTableTest, LoadTakesAnyNameForItsLeadingNumberAndTheBytesOfATypeThatFit)

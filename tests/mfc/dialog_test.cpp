@@ -77,13 +77,11 @@ TEST(SheetTest, MarksNoPageWithoutAWindow)
     CPropertyPage second(IDD_CHAPTER9);
     first.SetModified(TRUE);
     second.SetModified(TRUE);
-    RunSheet(sheet, first, second,
-             [](const Sheet& shown)
-             {
-                 EXPECT_FALSE(shown.CanApply());
-                 SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
-                 EXPECT_FALSE(shown.CanApply());
-             });
+    RunSheet(sheet, first, second, [](const Sheet& shown) {
+        EXPECT_FALSE(shown.CanApply());
+        SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
+        EXPECT_FALSE(shown.CanApply());
+    });
 }
 
 TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
@@ -95,15 +93,13 @@ TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
     CPropertyPage bad(IDD_WAIVERS);
     bad.GetPSP().dwFlags |= PSP_DLGINDIRECT;
     bad.GetPSP().pResource = reinterpret_cast<LPCDLGTEMPLATEW>(noSuchClass);
-    RunSheet(sheet, good, bad,
-             [&bad](const Sheet& shown)
-             {
-                 SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
-                 EXPECT_EQ(bad.m_hWnd, nullptr);
-                 WithDialog(
-                     _T("Box"), [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
-                     [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
-             });
+    RunSheet(sheet, good, bad, [&bad](const Sheet& shown) {
+        SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
+        EXPECT_EQ(bad.m_hWnd, nullptr);
+        WithDialog(
+            _T("Box"), [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
+            [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
+    });
 }
 
 TEST(FileDialogTest, KeepsItsInitialNameWhereTheStructureHasItAsFarAsItFits)

@@ -56,44 +56,39 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
     {
         cases.emplace_back(none, 1LL << 40);
     }
-    RunOnTab(
-        tabs::Xhci,
-        [&cases](const Sheet& sheet)
+    RunOnTab(tabs::Xhci, [&cases](const Sheet& sheet) {
+        for (const auto& [text, number] : cases)
         {
-            for (const auto& [text, number] : cases)
+            SCOPED_TRACE(Printable(text));
+            const bool isInt = number == static_cast<int>(number);
+            EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
+            if (isInt)
             {
-                SCOPED_TRACE(Printable(text));
-                const bool isInt = number == static_cast<int>(number);
-                EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
-                if (isInt)
-                {
-                    sheet.Apply();
-                    EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
-                              Dword(static_cast<DWORD>(number)));
-                }
-                else
-                {
-                    EXPECT_EQ(GetFocus(), sheet.Control(1012));
-                    EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
-                }
-                EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
-            }
-            sheet.Select(tabs::Media);
-            for (const auto& [text, number] : cases)
-            {
-                SCOPED_TRACE(Printable(text));
-                const bool isUnsigned = number == static_cast<UINT>(number);
-                WithDialog(titles::AdvancedTCP, sheet, 1139,
-                           [&, &typed = text](const Form& form)
-                           {
-                               form.SetText(1061, typed);
-                               EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
-                           });
                 sheet.Apply();
-                const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
-                EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
+                EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
+                          Dword(static_cast<DWORD>(number)));
             }
-        });
+            else
+            {
+                EXPECT_EQ(GetFocus(), sheet.Control(1012));
+                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
+            }
+            EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
+        }
+        sheet.Select(tabs::Media);
+        for (const auto& [text, number] : cases)
+        {
+            SCOPED_TRACE(Printable(text));
+            const bool isUnsigned = number == static_cast<UINT>(number);
+            WithDialog(titles::AdvancedTCP, sheet, 1139, [&, &typed = text](const Form& form) {
+                form.SetText(1061, typed);
+                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
+            });
+            sheet.Apply();
+            const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
+            EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
+        }
+    });
 }
 
 TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)
@@ -146,8 +141,7 @@ TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
     std::vector<const CWnd*> seen;
     for (Panel* each : {&outer, &panel})
     {
-        each->onMessage = [&seen, &panel, each](const MSG* message)
-        {
+        each->onMessage = [&seen, &panel, each](const MSG* message) {
             if (message->message == WM_CHAR)
             {
                 seen.push_back(each);

@@ -43,8 +43,9 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     {
         return;
     }
-    const auto has = [](const auto& all, const auto& one)
-    { return std::find(all.begin(), all.end(), one) != all.end(); };
+    const auto has = [](const auto& all, const auto& one) {
+        return std::find(all.begin(), all.end(), one) != all.end();
+    };
     for (const HWND window : WindowsOf(GetCurrentThreadId()))
     {
         if (!has(wait.before, window) && has(wait.titles, Form(window).Title()))
@@ -115,8 +116,7 @@ bool TryRunEditor(const std::function<void(Sheet&)>& script)
     g_dwInstanceMutexError = ERROR_SUCCESS;
     bool shown = false;
     const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
-    const auto act = [&](const Form& form)
-    {
+    const auto act = [&](const Form& form) {
         shown = form.Title() == SheetTitle;
         Sheet sheet(form.Window());
         if (shown)
@@ -139,19 +139,16 @@ void RunEditor(const std::function<void(Sheet&)>& script)
 
 void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script)
 {
-    RunEditor(
-        [&](Sheet& sheet)
-        {
-            ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
-            script(sheet);
-        });
+    RunEditor([&](Sheet& sheet) {
+        ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
+        script(sheet);
+    });
 }
 
 void WithDialog(const Text& title, const std::function<void()>& open,
                 const std::function<void(const Form&)>& script)
 {
-    const auto act = [&script](const Form& form)
-    {
+    const auto act = [&script](const Form& form) {
         script(form);
         // Comes to nothing if the script has ended the dialog, which is gone by then.
         PostMessageW(form.Window(), WM_COMMAND, IDCANCEL, 0);
@@ -168,8 +165,7 @@ void WithDialog(const Text& title, const Form& opener, int button,
 
 int CountPrompts(const std::function<void()>& steps)
 {
-    const auto confirm = [](const Form& box)
-    {
+    const auto confirm = [](const Form& box) {
         for (const HWND window : WindowsOf(GetCurrentThreadId()))
         {
             EXPECT_EQ(IsWindowEnabled(window) != 0, window == box.Window()) << "no other window takes input";
@@ -197,23 +193,21 @@ Events EventsOf(const Sheet& sheet, const std::function<void()>& steps)
 
 void ForEachForm(const std::function<void(const Form&, const Text& name)>& check)
 {
-    RunEditor(
-        [&check](const Sheet& sheet)
+    RunEditor([&check](const Sheet& sheet) {
+        for (const Text& tab : AllTabs)
         {
-            for (const Text& tab : AllTabs)
-            {
-                SCOPED_TRACE(Printable(tab));
-                ASSERT_TRUE(sheet.Select(tab));
-                check(sheet, tab);
-            }
-            sheet.Select(tabs::Media);
-            for (const auto& [button, title] :
-                 {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}})
-            {
-                WithDialog(title, sheet, button,
-                           [&check, &name = title](const Form& dialog) { check(dialog, name); });
-            }
-        });
+            SCOPED_TRACE(Printable(tab));
+            ASSERT_TRUE(sheet.Select(tab));
+            check(sheet, tab);
+        }
+        sheet.Select(tabs::Media);
+        for (const auto& [button, title] :
+             {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}})
+        {
+            WithDialog(title, sheet, button,
+                       [&check, &name = title](const Form& dialog) { check(dialog, name); });
+        }
+    });
 }
 
 HWND TipControlOf(HWND dialog)

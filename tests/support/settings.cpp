@@ -213,7 +213,7 @@ std::vector<Setting> SettingsOf(const Text& tab)
     return settings;
 }
 
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value)
+Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value)
 {
     Tree tree;
     for (const Setting& setting : settings)

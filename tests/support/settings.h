@@ -39,6 +39,7 @@ struct Setting
 const std::vector<Setting>& AllSettings();
 std::vector<Setting> SettingsOf(const Text& tab);
 // What stands in the registry when these settings are at a value each.
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value);
+using ValueOfSetting = StoredValue Setting::*;
+Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value);
 
 extern const std::vector<Text> AllTabs;

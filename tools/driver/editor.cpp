@@ -74,14 +74,12 @@ std::vector<Text> EditorProcess::Windows() const
 HWND EditorProcess::WaitForWindowThat(const std::function<bool(HWND)>& isWanted) const
 {
     HWND found = nullptr;
-    WaitUntil(
-        [&]
-        {
-            const std::vector<HWND> windows = WindowsOf(m_process.dwThreadId);
-            const auto window = std::find_if(windows.begin(), windows.end(), isWanted);
-            found = window != windows.end() ? *window : nullptr;
-            return found != nullptr || !Runs();
-        });
+    WaitUntil([&] {
+        const std::vector<HWND> windows = WindowsOf(m_process.dwThreadId);
+        const auto window = std::find_if(windows.begin(), windows.end(), isWanted);
+        found = window != windows.end() ? *window : nullptr;
+        return found != nullptr || !Runs();
+    });
     return found;
 }
 
