@@ -4,13 +4,10 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Werror)
 add_library(win32 INTERFACE)
 target_compile_definitions(win32 INTERFACE UNICODE _UNICODE WINVER=0x0A00 _WIN32_WINNT=0x0A00 STRICT NOMINMAX
   WIN32_LEAN_AND_MEAN)
+# The headers then declare functions of the common controls as not imported: mfc/ has its own, which load the library.
+target_compile_definitions(win32 INTERFACE _COMCTL32_)
 
 if(WIN32)
-  # Loaded when they are first called, which is after the program has said where to look for libraries: they load others.
-  set(delayed ${CMAKE_BINARY_DIR}/libcomctl32_delayed.a)
-  execute_process(COMMAND ${CMAKE_DLLTOOL} -m i386:x86-64 -d ${CMAKE_CURRENT_SOURCE_DIR}/cmake/comctl32.def -y ${delayed}
-    COMMAND_ERROR_IS_FATAL ANY)
-  target_link_libraries(win32 INTERFACE ${delayed})
   # GCC 12 sees overlapping copies in std::string where there are none.
   add_compile_options(-Wno-restrict)
   # One file that runs on a bare machine, hardened, and the same bytes from the same sources.

@@ -14,8 +14,9 @@ else()
   set(res ${CMAKE_BINARY_DIR}/QBSettings.res)
   list(TRANSFORM rc_version PREPEND -D)
   add_custom_command(OUTPUT ${res}
-    COMMAND wrc ${rc_version} -I/usr/include/wine/wine/windows -I${CMAKE_CURRENT_SOURCE_DIR}/resources
-      -o ${res} ${rc}
+    # Debian's wrc does not find the code pages by itself.
+    COMMAND wrc --nls-dir=/usr/share/wine/nls ${rc_version} -I/usr/include/wine/wine/windows
+      -I${CMAKE_CURRENT_SOURCE_DIR}/resources -o ${res} ${rc}
     DEPENDS ${resource_files} VERBATIM)
   add_custom_target(compiled_resources DEPENDS ${res})
   add_library(resources INTERFACE)

@@ -2,7 +2,7 @@
 # that there are only off Windows. What comes of it is a Wine program, NAME.exe.so.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(CMAKE_CXX_COMPILER clang++-14)
+set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_LINK_EXECUTABLE "winegcc -b x86_64-linux-gnu -mconsole <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES>")
 set(CMAKE_EXECUTABLE_SUFFIX_CXX .exe.so)
 # CTest runs the tests through this.

@@ -5,8 +5,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 BUILD_PACKAGES=(g++ cmake ninja-build googletest)
-# For the sanitizers and the fuzzer.
-SANITIZED_PACKAGES=(clang-14 libclang-rt-14-dev llvm-14 libwine-dev wine64-tools)
+# For the sanitizers and the fuzzer; llvm names the lines in their reports.
+SANITIZED_PACKAGES=(clang libclang-rt-dev llvm libwine-dev wine64-tools)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix)
 # The fonts hold the metrics of Tahoma, by which dialogs are laid out.
 WINE_PACKAGES=(wine wine64 fonts-wine libxrender1 xvfb)
@@ -32,7 +32,7 @@ need()
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     command -v apt-get >/dev/null ||
-        die "This needs Debian's apt-get to install ${missing[*]}; use a Debian 12 machine."
+        die "This needs Debian's apt-get to install ${missing[*]}; use a Debian 12 or 13 machine."
     [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
         die "Packages are missing, and only root can install them: apt-get install --no-install-recommends ${missing[*]}"
     say "Installing ${missing[*]}"
@@ -128,7 +128,7 @@ run_watched()
         *.so)
             wine explorer /desktop=quiet,1600x1200 >/dev/null 2>&1 &
             wine cmd /c exit
-            LD_PRELOAD=$(clang++-14 -print-file-name=libclang_rt.asan-x86_64.so) \
+            LD_PRELOAD=$(clang++ -print-file-name=libclang_rt.asan-x86_64.so) \
                 ASAN_OPTIONS=use_sigaltstack=0:verify_asan_link_order=0:detect_leaks=1${ASAN_OPTIONS:+:$ASAN_OPTIONS} \
                 LSAN_OPTIONS=suppressions=$root/cmake/sanitized/leaks.supp:print_suppressions=0 \
                 UBSAN_OPTIONS=print_stacktrace=1 /usr/lib/wine/wine64 "$@"

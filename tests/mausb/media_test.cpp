@@ -151,7 +151,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
         {
             Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0));
         }
-        const auto ports = [&table = table] { return StoredTree(table).size() - 1; };
+        const auto ports = [&key = table] { return StoredTree(key).size() - 1; };
         RunOnTab(tabs::Media, [&, id = button, &name = title](const Sheet& sheet) {
             const auto open = [&](const std::function<void(const Form&)>& script) {
                 WithDialog(name, sheet, id, script);
