@@ -6,7 +6,6 @@
 #include <afxwin.h>
 #include <commctrl.h>
 
-#include <fstream>
 
 namespace
 {
@@ -125,8 +124,7 @@ TEST_F(FormsTest, FormsSayWhatTheyAreToSay)
     service->Release();
     CoUninitialize();
     givenNames.clear();
-    std::ifstream file(QB_FORMS);
-    EXPECT_EQ(said, std::string(std::istreambuf_iterator<char>(file), {}));
+    EXPECT_EQ(said, FileBeside(_T("forms.txt")));
 }
 
 // F1 as the system tells of it: taken by the application, which has no help, and by nobody in a message box.

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <set>
 #include <sstream>
 
@@ -297,7 +296,7 @@ TEST(SettingsReferenceTest, ListsEachSetting)
                         CellsOf(setting.initial) + CellsOf(setting.tools));
     }
     std::string key;
-    std::ifstream file(QB_REFERENCE);
+    std::istringstream file(FileBeside(_T("settings.md")));
     for (std::string line; std::getline(file, line);)
     {
         // What stands before a row; name, type, default, meaning, control, tools; before the name the key,

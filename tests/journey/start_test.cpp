@@ -118,33 +118,52 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
     EXPECT_FALSE(KeyExists(keys::Bench));
 }
 
-// Copies of the system's own, which do no harm: it shows in their paths where they were found.
+// What is planted are copies of the system's own libraries: their paths show where they were found.
 TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
 {
     const std::filesystem::path folder = EditorProcess::Path(L"planted");
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     std::filesystem::copy_file(EditorProcess::Path(), folder / L"QBSettings.exe");
-    for (const wchar_t* library :
-         {L"version.dll", L"shell32.dll", L"uxtheme.dll", L"msvcrt.dll", L"comctl32.dll", L"comdlg32.dll",
-          L"oleacc.dll", L"propsys.dll", L"dwmapi.dll", L"winspool.drv"})
+    wchar_t system[MAX_PATH] = {};
+    GetSystemDirectoryW(system, MAX_PATH);
+    // Wine or Windows loads these by name for the start, the pages, the dialogs or Browse.
+    for (const wchar_t* library : {
+             L"bcrypt.dll",   L"bcryptprimitives.dll", L"comctl32.dll",    L"comdlg32.dll",
+             L"compstui.dll", L"crypt32.dll",          L"cryptbase.dll",   L"cryptsp.dll",
+             L"dwmapi.dll",   L"explorerframe.dll",    L"oleacc.dll",      L"oleaut32.dll",
+             L"propsys.dll",  L"rsaenh.dll",           L"shcore.dll",      L"shell32.dll",
+             L"shlwapi.dll",  L"uxtheme.dll",          L"textshaping.dll", L"windowscodecs.dll",
+             L"winspool.drv", L"version.dll",          L"msimg32.dll",
+         })
     {
-        std::filesystem::copy_file(std::filesystem::path(L"C:\\windows\\system32") / library,
-                                   folder / library);
+        std::error_code notThere;
+        std::filesystem::copy_file(std::filesystem::path(system) / library, folder / library, notThere);
     }
     {
         const EditorProcess editor(L"", L"planted\\QBSettings.exe");
         const Sheet sheet = editor.WaitForSheet();
         sheet.OpenAll();
-        ASSERT_TRUE(sheet.SelectIndex(1));
-        sheet.ClickToOpen(IDC_EHCI_BROWSE);
-        ASSERT_NE(editor.WaitForWindowBeside(sheet.Window()), nullptr);
-        std::set<std::wstring> planted = LoadedFrom(folder, editor.Handle());
-        EXPECT_TRUE(planted.erase(L"qbsettings.exe"));
-        // Wine knows no libraries as Windows does, and its own user32 needs version.dll.
-        planted.erase(L"msvcrt.dll");
-        planted.erase(L"version.dll");
-        EXPECT_EQ(planted, std::set<std::wstring>());
+        for (const auto& [page, button] :
+             {std::pair{6, IDC_ADVANCED_TCP}, {6, IDC_TCP_CLIENT_PORTS}, {1, IDC_EHCI_BROWSE}})
+        {
+            ASSERT_TRUE(sheet.SelectIndex(page));
+            sheet.ClickToOpen(button);
+            const Form dialog(editor.WaitForWindowBeside(sheet.Window()));
+            ASSERT_NE(dialog.Window(), nullptr);
+            std::set<std::wstring> planted = LoadedFrom(folder, editor.Handle());
+            EXPECT_TRUE(planted.erase(L"qbsettings.exe"));
+            if (IsWine())
+            {
+                // Other libraries import these, msimg32 with a delay, and Wine looks for imports beside the
+                // program first.
+                planted.erase(L"version.dll");
+                planted.erase(L"msimg32.dll");
+            }
+            EXPECT_EQ(planted, std::set<std::wstring>());
+            dialog.ClickToOpen(IDCANCEL);
+            ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog.Window()); }));
+        }
     }
     std::filesystem::remove_all(folder);
 }

@@ -20,6 +20,7 @@ struct State
     std::vector<Call> made;
     std::map<HKEY, Text> keys;
     int pauses = 0;
+    bool usesMachineSettings = false;
     bool twoScreens = false;
 };
 
@@ -100,6 +101,39 @@ Function* SystemsOwn(const char* library, const char* name)
 {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(library), name)));
 }
+
+// Stands for HKEY_LOCAL_MACHINE, so that no setting of the machine is read or written.
+class ScratchKey
+{
+public:
+    ScratchKey()
+    {
+        Delete();
+        SystemsOwn<decltype(RegCreateKeyExW)>("advapi32", "RegCreateKeyExW")(
+            HKEY_CURRENT_USER, Path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key, nullptr);
+    }
+    ~ScratchKey() { Delete(); }
+    ScratchKey(const ScratchKey&) = delete;
+    ScratchKey& operator=(const ScratchKey&) = delete;
+
+    HKEY Get() const { return m_key; }
+
+private:
+    static constexpr LPCWSTR Path = _T("Software\\Quorvex Bench Settings scratch");
+
+    static void Delete()
+    {
+        SystemsOwn<decltype(RegDeleteTreeW)>("advapi32", "RegDeleteTreeW")(HKEY_CURRENT_USER, Path);
+    }
+
+    HKEY m_key = nullptr;
+};
+
+HKEY Redirected(HKEY key)
+{
+    static const ScratchKey scratch;
+    return key == HKEY_LOCAL_MACHINE && !TheState().usesMachineSettings ? scratch.Get() : key;
+}
 }  // namespace
 
 void calls::Reset()
@@ -108,6 +142,11 @@ void calls::Reset()
     TheState().struck = false;
     TheState().twoScreens = false;
     TheState().made.clear();
+}
+
+void calls::UseMachineSettings()
+{
+    TheState().usesMachineSettings = true;
 }
 
 void calls::AddScreen()
@@ -172,11 +211,11 @@ calls::Pause::~Pause()
 
 REFUSABLE("advapi32", LSTATUS, RegOpenKeyExW, (HKEY key, LPCWSTR path, DWORD options, REGSAM access, HKEY* opened),
     ("RegOpenKeyExW", PathOf(key, path)), refused,
-    Opened(own(key, path, options, access, opened), opened, PathOf(key, path)))
+    Opened(own(Redirected(key), path, options, access, opened), opened, PathOf(key, path)))
 REFUSABLE("advapi32", LSTATUS, RegCreateKeyExW, (HKEY key, LPCWSTR path, DWORD reserved, LPWSTR kind, DWORD options,
     REGSAM access, LPSECURITY_ATTRIBUTES security, HKEY* opened, DWORD* disposition),
-    ("RegCreateKeyExW", PathOf(key, path)), refused, Opened(own(key, path, reserved, kind, options, access, security,
-    opened, disposition), opened, PathOf(key, path)))
+    ("RegCreateKeyExW", PathOf(key, path)), refused, Opened(own(Redirected(key), path, reserved, kind, options, access,
+    security, opened, disposition), opened, PathOf(key, path)))
 REFUSABLE("advapi32", LSTATUS, RegCloseKey, (HKEY key), ("RegCloseKey", PathOf(key)), refused,
     (TheState().keys.erase(key), own(key)))
 REFUSABLE("advapi32", LSTATUS, RegQueryValueExW, (HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data,
@@ -190,7 +229,7 @@ REGISTRY(RegEnumValueW, (HKEY key, DWORD index, LPWSTR name, DWORD* length, DWOR
     (key, index, name, length, a, b, data, c), PathOf(key), nullptr)
 REGISTRY(RegEnumKeyExW, (HKEY key, DWORD index, LPWSTR name, DWORD* length, DWORD* a, LPWSTR kind, DWORD* b,
     FILETIME* time), (key, index, name, length, a, kind, b, time), PathOf(key), nullptr)
-REGISTRY(RegDeleteTreeW, (HKEY key, LPCWSTR path), (key, path), PathOf(key, path), nullptr)
+REGISTRY(RegDeleteTreeW, (HKEY key, LPCWSTR path), (Redirected(key), path), PathOf(key, path), nullptr)
 REFUSABLE("rpcrt4", RPC_STATUS, UuidCreate, (UUID* id), ("UuidCreate"), refused, own(id))
 REFUSABLE("kernel32", HANDLE, CreateMutexW, (LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name),
     ("CreateMutexW", {}, name), nullptr, own(security, owned, name))

@@ -1,5 +1,6 @@
-// The system's calls that a test can have refused, and the list of those that this program makes: its own
-// definitions of these functions stand before the system's, and call them.
+// The system's calls that a test can have refused, and the list of those that this program makes: it defines
+// these functions itself, and its definitions call the system's. Below HKEY_LOCAL_MACHINE the program reads and
+// writes a scratch key of the current user instead, which it deletes as it ends.
 #pragma once
 
 #include "driver/form.h"
@@ -18,6 +19,8 @@ namespace calls
 // Any registry call but RegCloseKey, from which nothing follows.
 inline constexpr const char* AnyOfTheRegistry = "Reg";
 
+// From now on HKEY_LOCAL_MACHINE is the machine's own.
+void UseMachineSettings();
 // Starts a new list, with nothing refused.
 void Reset();
 // From now on the n-th call of the function, from 1, and all later ones if so wanted, fail with the status,

@@ -1,7 +1,9 @@
 #include "support/registry.h"
 
+#include "driver/editor.h"
 #include "support/calls.h"
 
+#include <algorithm>
 #include <iomanip>
 
 const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
@@ -10,7 +12,7 @@ const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
 namespace
 {
 // All that the editor touches lies below these; the last is the port driver's own.
-const Text Roots[] = {keys::Halvane, keys::Ostrel, _T("System\\CurrentControlSet\\SERVICES\\xHCIPort")};
+const Text Roots[] = {keys::Halvane, keys::Ostrel, keys::PortDriver};
 constexpr DWORD NameRoom = 16384;
 constexpr DWORD DataRoom = 65536;  // more than what tests look for in a tree
 
@@ -34,6 +36,23 @@ StoredValue Sz(const Text& text)
 StoredValue Binary(std::vector<BYTE> data)
 {
     return {REG_BINARY, std::move(data)};
+}
+
+bool IsWine()
+{
+    return GetProcAddress(GetModuleHandleW(_T("ntdll.dll")), "wine_get_version") != nullptr;
+}
+
+std::string FileBeside(const Text& name)
+{
+    const HANDLE file = CreateFileW(EditorProcess::Path(name).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    EXPECT_NE(file, INVALID_HANDLE_VALUE) << Printable(name);
+    std::string content(GetFileSize(file, nullptr), '\0');
+    DWORD size = 0;
+    EXPECT_TRUE(ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &size, nullptr));
+    CloseHandle(file);
+    return content;
 }
 
 std::string Printable(const Text& text)
@@ -149,6 +168,11 @@ Tree StoredSettings()
     settings.erase(keys::Installed);
     std::erase_if(settings, [](const auto& key) { return key.second.empty(); });
     return settings;
+}
+
+bool HasSettingsKeys()
+{
+    return std::any_of(std::begin(Roots), std::end(Roots), KeyExists);
 }
 
 void StoreTree(const Tree& tree)

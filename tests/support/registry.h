@@ -76,6 +76,12 @@ StoredValue Binary(std::vector<BYTE> data);
 // What stands for a value that is not there.
 inline const StoredValue Absent = {};
 
+// Whether the system is Wine. A test that would not be right on Windows asks, and says why.
+bool IsWine();
+
+// The whole file of that name beside the test program; fails the test if there is none.
+std::string FileBeside(const Text& name);
+
 std::string Printable(const Text& text);
 Text Decimal(long long number);
 void PrintTo(const StoredValue& value, std::ostream* out);
@@ -99,6 +105,8 @@ using Tree = std::map<Text, Values>;
 Tree StoredTree(const Text& key);
 // All keys with values that the editor writes.
 Tree StoredSettings();
+// Whether a key that ClearSettings would delete is there.
+bool HasSettingsKeys();
 void StoreTree(const Tree& tree);
 
 // A test that starts with all tools installed and nothing else stored, and ends with nothing stored; no call
