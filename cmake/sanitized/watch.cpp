@@ -1,8 +1,13 @@
 // Makes the sanitizers watch a test program wholly: its stack, which Wine made, and what it leaves allocated.
 #include <gtest/gtest.h>
+#include <windows.h>
+
+// The sanitizers' library is the machine's own, with its calling convention, and not one of Windows.
+#pragma push_macro("_WIN32")
+#undef _WIN32
 #include <sanitizer/common_interface_defs.h>
 #include <sanitizer/lsan_interface.h>
-#include <windows.h>
+#pragma pop_macro("_WIN32")
 
 #include <cstdlib>
 
