@@ -23,6 +23,19 @@ as_root()
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
+# Runs apt-get, waiting for another that holds its locks: a fresh machine updates itself when it starts.
+apt()
+{
+    local try output
+    for try in {1..60}; do
+        output=$(as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q -o DPkg::Lock::Timeout=300 "$@" 2>&1) && return
+        grep -qE 'Could not get lock|Unable to (acquire|lock)' <<< "$output" || break
+        sleep 5
+    done
+    printf '%s\n' "$output" >&2
+    return 1
+}
+
 # Installs those of the packages that are missing.
 need()
 {
@@ -36,8 +49,8 @@ need()
     [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
         die "Packages are missing, and only root can install them: apt-get install --no-install-recommends ${missing[*]}"
     say "Installing ${missing[*]}"
-    as_root apt-get update -q || true
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}" ||
+    apt update || true
+    apt install -y --no-install-recommends "${missing[@]}" ||
         die "The packages ${missing[*]} could not be installed; see the messages above."
 }
 
@@ -69,7 +82,7 @@ end_wine()
 # that go to and fro between Wine's programs and its server, and tests take five times as long.
 stay_awake()
 {
-    nice -n 19 bash -c 'while :; do :; done' &
+    nice -n 19 bash -c 'while kill -0 "$1" 2>/dev/null; do for ((i = 0; i < 100000; i++)); do :; done; done' - $$ &
     awake_pid=$!
 }
 
@@ -84,12 +97,20 @@ virtual_display()
     export DISPLAY=:$number
 }
 
+# Runs one of Wine's own programs; the first argument says what for.
+wine_step()
+{
+    local purpose=$1 output
+    shift
+    output=$(wine "$@" 2>&1) || die "Wine could not $purpose ($1 says: ${output:-nothing}). Remove $WINEPREFIX and try again."
+}
+
 # Sets Wine up in a prefix of our own. To be ended by end_wine.
 wine_prefix()
 {
     export WINEPREFIX=$root/build/wine/$1
-    # Nothing of .NET or HTML is used; without this Wine offers to download both.
-    export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree,mshtml='
+    # Nothing of .NET or HTML is used, and Wine would offer to download both. Its debugger would hold up what crashes.
+    export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree,mshtml,winedbg.exe='
     mkdir -p "$root/build/wine"
     wine_used=1
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
@@ -97,14 +118,13 @@ wine_prefix()
         # Debian's Wine does not look for its own fonts where the package of them puts them.
         mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
         cp /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts"
-        wine wineboot --init >/dev/null 2>&1 ||
-            die "Wine could not set up $WINEPREFIX; remove that folder and try again."
+        wine_step "set up its folder" wineboot --init
     fi
     # Nobody manages windows on a virtual display: Wine draws their frames itself, and waits for no answers.
     local managed=Y
     [ -z "$xvfb_pid" ] || managed=N
     if ! grep -qsx $managed "$WINEPREFIX/managed"; then
-        wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d $managed /f >/dev/null
+        wine_step "set how windows are managed" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d $managed /f
         echo $managed > "$WINEPREFIX/managed"
     fi
 }
@@ -115,8 +135,8 @@ set_dpi()
     local dpi
     dpi=$(cat "$WINEPREFIX/dpi" 2>/dev/null || echo 96)
     [ "$dpi" != "$1" ] || return 0
-    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null
-    wineserver -k
+    wine_step "set the dots per inch" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
+    wineserver -k || true
     echo "$1" > "$WINEPREFIX/dpi"
 }
 
@@ -149,7 +169,7 @@ list_tools()
         printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\r\n'
         for tool in ${1//,/ }; do printf '"%s"=dword:00000001\r\n' "$tool"; done
     } > "$file"
-    wine regedit /S "$file"
+    wine_step "list the tools as installed" regedit /S "$file"
 }
 
 # Puts the inputs of the corpus, one in each line, into files of a new folder.
