@@ -1,57 +1,44 @@
-// What pages and dialogs say to a screen reader and in tooltips, and the order of their controls for the Tab
-// key and for the exchange.
-#include "framework/ControlNames.h"
+// What pages and dialogs say to a screen reader and in tooltips, the order of their controls, F1, and where
+// dialogs open.
+#include "resource.h"
 #include "support/scripts.h"
 
 #include <afxwin.h>
 #include <commctrl.h>
 
-
 namespace
 {
-std::map<HWND, Text> givenNames;
+// A checksum of what a form says (FormSays), which changes with any letter of it.
+const std::map<Text, uint32_t> Checksums = {
+    {tabs::General, 0x8DFDCB4D},       {tabs::Drivers, 0xD20DDB08},       {tabs::Chapter9, 0x5DC83323},
+    {tabs::Waivers, 0x3C770B81},       {tabs::Xhci, 0x54C660AB},          {tabs::Identity, 0xF68BE003},
+    {tabs::Media, 0xB9F46518},         {tabs::Protocol, 0xC77C7203},      {tabs::HostUnderTest, 0x590215ED},
+    {titles::AdvancedTCP, 0x67B6330E}, {titles::ClientPorts, 0xB7D68B35},
+};
 
-HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name)
-{
-    givenNames[window] = name;
-    return S_OK;
-}
-
-// A given name, its own text, or the label directly before it.
-Text NameSaid(HWND window)
-{
-    if (givenNames.count(window) != 0)
-    {
-        return givenNames[window];
-    }
-    const HWND label = IsOf(window, _T("Button")) ? window : GetWindow(window, GW_HWNDPREV);
-    EXPECT_TRUE(label == window || IsOf(label, _T("Static")));
-    return Form(label).Title();
-}
-
-// Of the controls that can take the focus, in their order, which is the order of reading.
-std::string NamesSaid(HWND dialog)
+// The names of the controls that can take the focus, in their order, which is the order of reading.
+std::string NamesOf(const Form& form)
 {
     std::string names;
     std::vector<RECT> passed;
-    for (const HWND window : ControlsOf(dialog))
+    for (const HWND control : ControlsOf(form.Page()))
     {
-        const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-        const bool isGroup = IsOf(window, _T("Button")) && (style & BS_TYPEMASK) == BS_GROUPBOX;
-        const int id = GetDlgCtrlID(window);
-        // The Container ID is shown by an edit that is never enabled.
-        if ((style & WS_VISIBLE) == 0 || isGroup || IsOf(window, _T("Static")) || id == 1130)
+        const int id = GetDlgCtrlID(control);
+        // The edit of the Container ID is always disabled.
+        if (!form.IsShown(id) || ButtonTypeOf(control) == BS_GROUPBOX || IsOf(control, _T("Static")) ||
+            id == IDC_CONTAINER_ID)
         {
             continue;
         }
-        names += " | " + Printable(NameSaid(window));
-        // What comes before it lies above or to the left; but the buttons of the two port tables come last.
+        EXPECT_NE(NameOf(control), Text()) << id << " needs a text, a label directly before it, or AddName";
+        names += " | " + Printable(NameOf(control));
+        // The control before it is above it or to its left; but the buttons of the two port tables come last.
         RECT place = {};
-        GetWindowRect(window, &place);
+        GetWindowRect(control, &place);
         for (const RECT& earlier : passed)
         {
             EXPECT_TRUE(earlier.bottom <= place.top || earlier.right <= place.left ||
-                        NameSaid(window).find(_T("Port Numbers")) != Text::npos)
+                        NameOf(control).find(_T("Port Numbers")) != Text::npos)
                 << names;
         }
         passed.push_back(place);
@@ -70,8 +57,8 @@ LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM
     return DefSubclassProc(control, message, wParam, lParam);
 }
 
-// The controls that an exchange asks for what they hold.
-std::string AskedInExchange(const Form& form)
+// The ids of the controls that an exchange reads.
+std::string ReadInExchange(const Form& form)
 {
     asked.clear();
     const std::vector<HWND> controls = ControlsOf(form.Page());
@@ -87,6 +74,31 @@ std::string AskedInExchange(const Form& form)
     return asked;
 }
 
+std::string FormSays(const Form& form)
+{
+    std::string says = "names" + NamesOf(form) + "\nexchange" + ReadInExchange(form) + '\n';
+    for (const int id : TipsOf(form.Page()))
+    {
+        says += "tip " + std::to_string(id) + ' ';
+        for (const TCHAR character : TipText(form.Page(), id))
+        {
+            says += static_cast<char>(character);
+        }
+        says += '\n';
+    }
+    return says;
+}
+
+uint32_t ChecksumOf(const std::string& text)
+{
+    uint32_t sum = 0;
+    for (const char character : text)
+    {
+        sum = sum * 31 + static_cast<unsigned char>(character);
+    }
+    return sum;
+}
+
 int helpCommands;
 
 LRESULT CALLBACK CountHelp(int code, WPARAM wParam, LPARAM lParam)
@@ -96,66 +108,55 @@ LRESULT CALLBACK CountHelp(int code, WPARAM wParam, LPARAM lParam)
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+void ExpectHelpTaken(HWND window)
+{
+    helpCommands = 0;
+    HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
+    SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+    EXPECT_GE(helpCommands, 1);
+}
+
 using FormsTest = SettingsTest;
 }  // namespace
 
-TEST_F(FormsTest, FormsSayWhatTheyAreToSay)
+TEST_F(FormsTest, NamesTipsAndTheExchangeAreAsTheyWereLastLookedAt)
 {
-    CoInitialize(nullptr);
-    IAccPropServices* service = nullptr;
-    CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
-                     reinterpret_cast<void**>(&service));
-    // Wine 8 has the service, but it takes no names; ours keeps them.
-    void** setHwndPropStr = *reinterpret_cast<void***>(service) + 7;
-    DWORD protection = 0;
-    VirtualProtect(setHwndPropStr, sizeof(void*), PAGE_READWRITE, &protection);
-    void* before = std::exchange(*setHwndPropStr, reinterpret_cast<void*>(KeepName));
-    std::string said;
-    ForEachForm([&said](const Form& form, const Text& name) {
-        said +=
-            Printable(name) + "\n  says" + NamesSaid(form.Page()) + "\n  asks" + AskedInExchange(form) + '\n';
-        for (const int id : TipsOf(form.Page()))
+    ForEachForm([](const Form& form, const Text& title) {
+        const std::string says = FormSays(form);
+        const auto checksum = Checksums.find(title);
+        if (checksum == Checksums.end() || checksum->second != ChecksumOf(says))
         {
-            const Text tip = TipText(form.Page(), id);
-            said += "  tips " + std::to_string(id) + ' ' + std::string(tip.begin(), tip.end()) + '\n';
+            ADD_FAILURE() << Printable(title)
+                          << " has other names, tips or exchange than its checksum in forms_test.cpp; "
+                          << "if all of this is right, put 0x" << std::hex << ChecksumOf(says) << " there:\n"
+                          << says;
         }
     });
-    *setHwndPropStr = before;
-    service->Release();
-    CoUninitialize();
-    givenNames.clear();
-    EXPECT_EQ(said, FileBeside(_T("forms.txt")));
 }
 
-// F1 as the system tells of it: taken by the application, which has no help, and by nobody in a message box.
+// F1 is a command of the application, which has no help, and of nobody in a message box.
 TEST_F(FormsTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm)
 {
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
-    const auto press = [](HWND window) {
-        helpCommands = 0;
-        HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
-        SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
-        EXPECT_GE(helpCommands, 1);
-    };
-    ForEachForm([&press](const Form& form, const Text& name) {
-        press(GetWindow(form.Page(), GW_CHILD));
-        press(form.Window());
-        if (name == tabs::General)
+    ForEachForm([](const Form& form, const Text& title) {
+        ExpectHelpTaken(GetWindow(form.Page(), GW_CHILD));
+        ExpectHelpTaken(form.Window());
+        if (title == tabs::General)
         {
-            WithDialog(
-                _T("Box"), [&form] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
-                [&press](const Form& box) { press(box.Control(IDOK)); });
+            const auto open = [&] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); };
+            WithDialog(_T("Box"), open, [](const Form& box) { ExpectHelpTaken(box.Control(IDOK)); });
         }
     });
     UnhookWindowsHookEx(hook);
 }
 
-TEST_F(FormsTest, DialogsComeUpOverTheirOwnerWithTheFocusOnTheirFirstControl)
+TEST_F(FormsTest, DialogsOpenOverTheirOwnerWithTheFocusOnTheirFirstControl)
 {
-    ForEachForm([](const Form& form, const Text& name) {
+    ForEachForm([](const Form& form, const Text& title) {
         if (form.Window() == form.Page())
         {
-            EXPECT_EQ(GetDlgCtrlID(GetFocus()), name == titles::AdvancedTCP ? 1061 : 1188);
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()),
+                      title == titles::AdvancedTCP ? IDC_TCP_SEND_DELAY : IDC_PORT_EDIT_0);
             const HWND owner = GetWindow(form.Window(), GW_OWNER);
             EXPECT_FALSE(IsWindowEnabled(owner));
             RECT inner = {};

@@ -1,5 +1,6 @@
-// General Settings: the levels of the log that are offered, and Apply. Drivers & Firmware: which groups live,
+// General Settings: the log levels that are offered, and Apply. Drivers & Firmware: which groups are enabled,
 // what a switch does to its path, and Browse.
+#include "resource.h"
 #include "support/scripts.h"
 
 #include <dlgs.h>
@@ -8,10 +9,7 @@
 
 namespace
 {
-constexpr int IdMode = 1006;
-constexpr int IdVerbosity = 1053;
-
-// The program asks its C library, which has its own list.
+// The program asks its C library, which has a list of its own.
 void AllowDiagnostic(const char* value)
 {
     static std::string variable;
@@ -19,37 +17,36 @@ void AllowDiagnostic(const char* value)
     putenv(variable.data());
 }
 
-using GeneralTest = SettingsTest;
-
 struct Stack
 {
     int group;
     int enableSwitcher;
-    std::vector<int> pathControls;  // label, edit, button
-    ProductId tool;                 // needs this one and, but for CedarQB, no other
+    std::vector<int> path;  // label, edit, button
+    ProductId tool;         // that needs this stack and, but for CedarQB, no other
 };
 
-const std::vector<Stack> Stacks = {{1041, 1032, {1033, 1034, 1035}, HazelQB},
-                                   {1040, 1036, {1037, 1038, 1039}, KauriQB},
-                                   {1044, 1045, {1046, 1053, 1054}, CedarQB},
-                                   {1199, 1200, {1201, 1202, 1203}, CedarQB}};
+const std::vector<Stack> Stacks = {
+    {IDC_EHCI_GROUP, IDC_EHCI_SWITCH, {IDC_EHCI_LABEL, IDC_EHCI_PATH, IDC_EHCI_BROWSE}, HazelQB},
+    {IDC_XHCI_GROUP, IDC_XHCI_SWITCH, {IDC_XHCI_LABEL, IDC_XHCI_PATH, IDC_XHCI_BROWSE}, KauriQB},
+    {IDC_USB4HI_GROUP, IDC_USB4HI_SWITCH, {IDC_USB4HI_LABEL, IDC_USB4HI_PATH, IDC_USB4HI_BROWSE}, CedarQB},
+    {IDC_RVSK_GROUP, IDC_RVSK_SWITCH, {IDC_RVSK_LABEL, IDC_RVSK_PATH, IDC_RVSK_BROWSE}, CedarQB}};
 
-void ExpectPathEnabled(const Sheet& sheet, const Stack& stack, bool enabled)
+void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled)
 {
-    for (const int control : stack.pathControls)
+    for (const int id : ids)
     {
-        EXPECT_EQ(sheet.IsEnabled(control), enabled) << control;
+        EXPECT_EQ(sheet.IsEnabled(id), enabled) << id;
     }
 }
 
-// With files that are there on any system.
+// On every system, with files in it.
 const Text Folder = _T("C:\\windows\\inf\\");
 
-// Opens the system's dialog by a Browse button, looks at what it comes up with, and answers it.
-void Browse(const Sheet& sheet, int browse, const Text& file, int answer)
+// Opens the system's dialog, looks at its initial state, and answers it.
+void Browse(const Sheet& sheet, int button, const Text& file, int answer)
 {
-    const bool isHex = browse == 1049;
-    WithDialog(_T("Open"), sheet, browse, [&](const Form& dialog) {
+    const bool isHex = button == IDC_FIRMWARE_BROWSE;
+    WithDialog(_T("Open"), sheet, button, [&](const Form& dialog) {
         EXPECT_EQ(dialog.TextOf(edt1), isHex ? _T("*.hex") : _T("*.inf"));
         const Text type = isHex ? _T("HEX Files (*.hex)") : _T("INF Files (*.inf)");
         EXPECT_EQ(dialog.ItemsOf(cmb1), (std::vector<Text>{type, _T("All Files (*.*)")}));
@@ -59,6 +56,7 @@ void Browse(const Sheet& sheet, int browse, const Text& file, int answer)
     });
 }
 
+using GeneralTest = SettingsTest;
 using DriversTest = SettingsTest;
 }  // namespace
 
@@ -66,7 +64,7 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
 {
     std::vector<Text> levels = {_T("Quiet"),  _T("Minimal"), _T("Low"),
                                 _T("Normal"), _T("Verbose"), _T("Diagnostic")};
-    // What is shown, -1 for none, is saved.
+    // The level that is shown, -1 for none, is saved.
     const std::tuple<const char*, size_t, DWORD, int> cases[] = {
         {"1", 6, 5, 5}, {"no", 6, 0x7FFFFFFF, 5}, {"false", 6, 0xFFFFFFFF, -1},
         {"", 5, 5, 4},  {"0123", 5, 6, 4},        {"", 5, 0x80000001, -1}};
@@ -75,36 +73,32 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
         AllowDiagnostic(variable);
         Store(keys::Bench, _T("QBLogVerbosity"), Dword(stored));
         levels.resize(items);
-        // The variable is asked when the page is made, which is at start.
-        RunEditor([&levels, level = shown, wasSix = items == 6](const Sheet& sheet) {
-            AllowDiagnostic(wasSix ? "" : "1");
-            EXPECT_EQ(sheet.ItemsOf(IdVerbosity), levels);
-            EXPECT_EQ(sheet.SelectionOf(IdVerbosity), level);
-            EXPECT_FALSE(sheet.CanApply());
-            sheet.Ok();
-        });
+        const Editor sheet;
+        EXPECT_EQ(sheet.ItemsOf(IDC_LOG_VERBOSITY), levels);
+        EXPECT_EQ(sheet.SelectionOf(IDC_LOG_VERBOSITY), shown);
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Ok();
         EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(static_cast<DWORD>(shown)));
     }
     AllowDiagnostic("");
 }
 
-TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsWhatComesLater)
+TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsLaterChanges)
 {
-    RunEditor([](const Sheet& sheet) {
-        EXPECT_EQ(sheet.Title(), SheetTitle);
-        EXPECT_EQ(GetFocus(), sheet.Control(IdMode));
-        sheet.Click(IdMode);
-        EXPECT_FALSE(KeyExists(keys::Bench));
-        SetFocus(sheet.ApplyButton());
-        sheet.Apply();
-        EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsWindowVisible(GetFocus()))
-            << "where keys have an effect";
-        sheet.Click(IdMode);
-    });
+    const Editor sheet;
+    EXPECT_EQ(sheet.Title(), SheetTitle);
+    EXPECT_EQ(GetFocus(), sheet.Control(IDC_CERTIFICATION_MODE));
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    EXPECT_FALSE(KeyExists(keys::Bench));
+    SetFocus(sheet.ApplyButton());
+    sheet.Apply();
+    EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsWindowVisible(GetFocus())) << "where keys have an effect";
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    sheet.Cancel();
     EXPECT_EQ(Stored(keys::Bench, _T("CertificationMode")), Dword(1));
 }
 
-TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn)
+TEST_F(DriversTest, StackIsEnabledForItsToolsAndItsPathByItsSwitch)
 {
     const Text longPath = _T("\\\\server\\") + Text(1000, _T('x'));
     for (const ProductId& tool : {HazelQB, KauriQB, CedarQB})
@@ -113,50 +107,50 @@ TEST_F(DriversTest, StackIsLiveForItsToolsAndItsPathWhileItsSwitchIsOn)
         ClearSettings();
         InstallTools({tool});
         Store(keys::EhciDriver, _T("Path"), Sz(longPath));
-        RunOnTab(tabs::Drivers, [&tool](const Sheet& sheet) {
+        for (const bool isStored : {false, true})
+        {
+            const Editor sheet(tabs::Drivers);
             for (const Stack& stack : Stacks)
             {
                 const bool needed = stack.tool == tool || (tool == CedarQB && stack.tool == KauriQB);
-                for (const bool on : {true, false, true})
-                {
-                    EXPECT_EQ(sheet.IsEnabled(stack.group), needed) << stack.group;
-                    EXPECT_EQ(sheet.IsEnabled(stack.enableSwitcher), needed);
-                    ExpectPathEnabled(sheet, stack, needed && on);
-                    sheet.Click(stack.enableSwitcher);
-                }
+                ExpectEnabled(sheet, {stack.group, stack.enableSwitcher}, needed);
+                ExpectEnabled(sheet, stack.path, needed && !isStored);
+                sheet.Click(stack.enableSwitcher);
+                ExpectEnabled(sheet, stack.path, needed && isStored);
+                sheet.Click(stack.enableSwitcher);
+                ExpectEnabled(sheet, stack.path, needed && !isStored);
+                sheet.Click(stack.enableSwitcher);
             }
-            for (const int deviceControl : {1042, 1047, 1048, 1049, 1043, 1050, 1051, 1052})
-            {
-                EXPECT_TRUE(sheet.IsEnabled(deviceControl)) << deviceControl;
-            }
+            ExpectEnabled(sheet,
+                          {IDC_FIRMWARE_GROUP, IDC_FIRMWARE_LABEL, IDC_FIRMWARE_PATH, IDC_FIRMWARE_BROWSE,
+                           IDC_DEVICE_DRIVER_GROUP, IDC_DEVICE_DRIVER_LABEL, IDC_DEVICE_DRIVER_PATH,
+                           IDC_DEVICE_DRIVER_BROWSE},
+                          true);
             sheet.Ok();
-        });
-        EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
-        RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-            for (const Stack& stack : Stacks)
-            {
-                ExpectPathEnabled(sheet, stack, false);
-            }
-        });
+            EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
+        }
     }
 }
 
 TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
 {
-    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        Browse(sheet, 1035, Folder + _T("input.inf"), IDCANCEL);
-        EXPECT_EQ(sheet.TextOf(1034), Text());
-        for (const auto& [browse, edit] :
-             {std::pair{1035, 1034}, {1039, 1038}, {1054, 1053}, {1203, 1202}, {1052, 1051}, {1049, 1048}})
-        {
-            // The ending of a driver's file may be left out.
-            Browse(sheet, browse, Folder + (browse == 1049 ? _T("input.inf") : _T("input")), IDOK);
-            EXPECT_EQ(sheet.TextOf(edit), Folder);
-            sheet.SetText(edit, edit == 1034 ? Folder : Text());
-        }
-        EXPECT_FALSE(sheet.CanApply());
-        EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
-        sheet.Ok();
-    });
+    const Editor sheet(tabs::Drivers);
+    Browse(sheet, IDC_EHCI_BROWSE, Folder + _T("input.inf"), IDCANCEL);
+    EXPECT_EQ(sheet.TextOf(IDC_EHCI_PATH), Text());
+    for (const auto& [browse, path] : {std::pair{IDC_EHCI_BROWSE, IDC_EHCI_PATH},
+                                       {IDC_XHCI_BROWSE, IDC_XHCI_PATH},
+                                       {IDC_USB4HI_BROWSE, IDC_USB4HI_PATH},
+                                       {IDC_RVSK_BROWSE, IDC_RVSK_PATH},
+                                       {IDC_DEVICE_DRIVER_BROWSE, IDC_DEVICE_DRIVER_PATH},
+                                       {IDC_FIRMWARE_BROWSE, IDC_FIRMWARE_PATH}})
+    {
+        // The extension of a driver's file may be left out.
+        Browse(sheet, browse, Folder + (browse == IDC_FIRMWARE_BROWSE ? _T("input.inf") : _T("input")), IDOK);
+        EXPECT_EQ(sheet.TextOf(path), Folder);
+        sheet.SetText(path, path == IDC_EHCI_PATH ? Folder : Text());
+    }
+    EXPECT_FALSE(sheet.CanApply());
+    EXPECT_TRUE(IsWindowEnabled(sheet.Window()));
+    sheet.Ok();
     EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(Folder));
 }

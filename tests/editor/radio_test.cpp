@@ -1,4 +1,4 @@
-// Radio buttons as Windows has them, which check themselves on getting the focus.
+// Radio buttons as on Windows, where they check themselves when they get the focus.
 #include "support/scripts.h"
 
 #include <utility>
@@ -7,17 +7,12 @@ namespace
 {
 WNDCLASSW systemButton;
 
-LONG StyleOf(HWND window)
-{
-    return GetWindowLongW(window, GWL_STYLE);
-}
-
-// As Windows' buttons: a program that checks one touches no other, and an unchecked radio button that gets
-// the focus otherwise than by a click clicks itself. That the tab stop follows is documented nowhere.
+// As a button on Windows: a program that checks one changes no other, and an unchecked radio button that gets
+// the focus otherwise than by a click clicks itself. No document says that the tab stop follows.
 LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
 {
     static bool clicking = false;
-    const LONG style = StyleOf(button);
+    const LONG style = GetWindowLongW(button, GWL_STYLE);
     const bool isRadio = (style & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
     const bool outer = std::exchange(clicking, clicking || message == BM_CLICK);
     if (isRadio && message == BM_SETCHECK && !clicking)
@@ -38,6 +33,17 @@ LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM 
     return result;
 }
 
+// The checked one of the two is the tab stop.
+void ExpectShown(const Sheet& sheet, const Setting& radio, const StoredValue& value)
+{
+    radio.ExpectShown(sheet, value);
+    for (const int id : {radio.id, radio.secondId})
+    {
+        EXPECT_EQ((GetWindowLongW(sheet.Control(id), GWL_STYLE) & WS_TABSTOP) != 0,
+                  sheet.CheckOf(id) == BST_CHECKED);
+    }
+}
+
 using RadioTest = SettingsTest;
 }  // namespace
 
@@ -51,37 +57,30 @@ TEST_F(RadioTest, TabGoesThroughThePageWithoutChangingAGroup)
     ours.hInstance = GetModuleHandleW(nullptr);
     ours.lpszClassName = _T("Button");
     ASSERT_NE(RegisterClassW(&ours), 0);
-    std::vector<Setting> radios = AllSettings();
-    std::erase_if(radios, [](const Setting& setting) { return setting.kind != Setting::Kind::Radio; });
-    for (const Setting& radio : radios)
+    for (const Setting& radio : AllSettings())
     {
-        for (const auto& [stored, other] :
-             {std::pair{radio.initial, radio.changed}, {radio.changed, radio.initial}})
+        for (const bool isFirst : {true, false})
         {
+            if (radio.kind != Setting::Kind::Radio)
+            {
+                continue;
+            }
+            const StoredValue& stored = isFirst ? radio.initial : radio.changed;
             Store(radio.key, radio.name, stored);
-            RunOnTab(radio.tab, [&, &was = stored, &is = other](const Sheet& sheet) {
-                // The checked one of the two is the tab stop.
-                const auto expectShown = [&](const StoredValue& value) {
-                    radio.ExpectShown(sheet, value);
-                    for (const int id : {radio.control, radio.control + 1})
-                    {
-                        EXPECT_EQ((StyleOf(sheet.Control(id)) & WS_TABSTOP) != 0,
-                                  sheet.CheckOf(id) == BST_CHECKED);
-                    }
-                };
-                expectShown(was);
-                const bool marked = sheet.CanApply();
-                for (int steps = 0; steps < 30; ++steps)
-                {
-                    SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
-                }
-                EXPECT_EQ(sheet.CanApply(), marked);
-                radio.Enter(sheet, is);
-                expectShown(is);
-                radio.Enter(sheet, was);
-                expectShown(was);
-                sheet.Ok();
-            });
+            const Editor sheet(radio.tab);
+            ExpectShown(sheet, radio, stored);
+            const bool marked = sheet.CanApply();
+            for (int steps = 0; steps < 30; ++steps)
+            {
+                SetFocus(GetNextDlgTabItem(sheet.Page(), GetFocus(), FALSE));
+            }
+            EXPECT_EQ(sheet.CanApply(), marked);
+            for (const StoredValue& value : {isFirst ? radio.changed : radio.initial, stored})
+            {
+                radio.Enter(sheet, value);
+                ExpectShown(sheet, radio, value);
+            }
+            sheet.Ok();
             EXPECT_EQ(Stored(radio.key, radio.name), stored);
         }
     }

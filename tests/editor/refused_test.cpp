@@ -1,5 +1,6 @@
-// The editor while the system refuses it something: nothing crashes, no key stays open, and what can be
-// stored is.
+// The editor while the system refuses a call: nothing crashes, no key stays open, and all that can be stored
+// is stored.
+#include "resource.h"
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -19,7 +20,7 @@ protected:
         StoreTree(TreeOf(AllSettings(), &Setting::changed));
     }
 
-    // How many of the page's settings the registry has otherwise.
+    // The page's settings that the registry has otherwise.
     static size_t CountLost(const Text& tab)
     {
         size_t lost = 0;
@@ -30,26 +31,37 @@ protected:
         EXPECT_EQ(calls::OpenKeys(), 0U);
         return lost;
     }
+
+    // Applies the initial values' page while a call is refused. Whether one was.
+    static bool ApplyRefused(const Sheet& sheet, const Text& tab, const char* function, unsigned call,
+                             bool andLater = false)
+    {
+        StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
+        calls::Refuse(function, call, ERROR_ACCESS_DENIED, andLater);
+        SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
+        const bool struck = calls::HasStruck();
+        calls::Reset();
+        return struck;
+    }
 };
 }  // namespace
 
-// A page that could not read a value stores its default: at most one value is lost, or one with its copy.
+// A page that cannot read a value stores its default: at most one value is lost, or one with its copy.
 TEST_F(RefusedTest, AnyReadOfAPage)
 {
-    for (const Text& tab : AllTabs)
+    for (const Text& tab : AllTabs())
     {
         bool struck = true;
         for (unsigned call = 1; struck; ++call)
         {
             SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
             StoreTree(TreeOf(SettingsOf(tab), &Setting::changed));
-            RunEditor([&](const Sheet& sheet) {
-                calls::Refuse(calls::AnyOfTheRegistry, call);
-                EXPECT_TRUE(sheet.Select(tab));
-                struck = calls::HasStruck() && tab != tabs::General;
-                calls::Reset();
-                sheet.Ok();
-            });
+            const Editor sheet;
+            calls::Refuse(calls::AnyOfTheRegistry, call);
+            EXPECT_TRUE(sheet.Select(tab));
+            struck = calls::HasStruck() && tab != tabs::General;
+            calls::Reset();
+            sheet.Ok();
             EXPECT_LE(CountLost(tab), struck ? 2U : 0U);
         }
     }
@@ -57,38 +69,27 @@ TEST_F(RefusedTest, AnyReadOfAPage)
 
 TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
 {
-    for (const Text& tab : AllTabs)
+    for (const Text& tab : AllTabs())
     {
-        RunOnTab(tab, [&tab](const Sheet& sheet) {
-            // What Apply leaves while something is refused it, from the initial values on; whether
-            // that came to pass.
-            const auto apply = [&sheet, &tab](const char* function, unsigned call, bool andLater) {
-                StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
-                calls::Refuse(function, call, ERROR_ACCESS_DENIED, andLater);
-                SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
-                const bool struck = calls::HasStruck();
-                calls::Reset();
-                return struck;
-            };
-            bool struck = true;
-            for (unsigned call = 1; struck; ++call)
+        const Editor sheet(tab);
+        bool struck = true;
+        for (unsigned call = 1; struck; ++call)
+        {
+            SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
+            struck = ApplyRefused(sheet, tab, calls::AnyOfTheRegistry, call);
+            EXPECT_LE(CountLost(tab), struck ? 1U : 0U);
+        }
+        for (const char* function : {"RegCreateKeyExW", "RegSetValueExW"})
+        {
+            ApplyRefused(sheet, tab, function, 1, true);
+            for (const Setting& setting : SettingsOf(tab))
             {
-                SCOPED_TRACE(Printable(tab) + ' ' + std::to_string(call));
-                struck = apply(calls::AnyOfTheRegistry, call, false);
-                EXPECT_LE(CountLost(tab), struck ? 1U : 0U);
+                // A port table is emptied before its first port is refused.
+                const bool isGone =
+                    setting.name == _T("PacketType") && function == std::string("RegSetValueExW");
+                EXPECT_EQ(Stored(setting.key, setting.name), isGone ? Absent : setting.initial);
             }
-            for (const char* function : {"RegCreateKeyExW", "RegSetValueExW"})
-            {
-                apply(function, 1, true);
-                for (const Setting& setting : SettingsOf(tab))
-                {
-                    // A table of ports is emptied before its first port is refused.
-                    const bool isGone =
-                        setting.name == _T("PacketType") && function == std::string("RegSetValueExW");
-                    EXPECT_EQ(Stored(setting.key, setting.name), isGone ? Absent : setting.initial);
-                }
-            }
-        });
+        }
     }
 }
 
@@ -99,7 +100,7 @@ TEST_F(RefusedTest, AnyReadOfTheInstalledTools)
     do
     {
         calls::Refuse(calls::AnyOfTheRegistry, ++call);
-    } while (!TryRunEditor([](Sheet&) {}));
+    } while (!Editor().HasSheet());
     // To open, to count, two names and two values: without any of them there is no sheet.
     EXPECT_EQ(call, 7U);
     EXPECT_EQ(calls::OpenKeys(), 0U);
@@ -111,23 +112,18 @@ TEST_F(RefusedTest, TooltipsAndTheFileDialog)
     calls::Refuse(std::string("CreateWindowExW ") + Printable(TOOLTIPS_CLASSW), 1, ERROR_NOT_ENOUGH_MEMORY,
                   true);
     ForEachForm([](const Form& form, const Text&) {
-        // The window has its eye on the mouse all the same.
+        // The window relays mouse moves all the same.
         MSG move = {};
         move.hwnd = form.Page();
         move.message = WM_MOUSEMOVE;
         CWnd::FromHandlePermanent(form.Page())->PreTranslateMessage(&move);
         EXPECT_TRUE(calls::HasStruck());
         EXPECT_TRUE(TipsOf(form.Page()).empty());
-        if (form.Page() == form.Window())
-        {
-            form.Click(IDOK);
-        }
     });
+    const Editor sheet(tabs::Drivers);
+    const Text before = sheet.TextOf(IDC_FIRMWARE_PATH);
     calls::Refuse("CoCreateInstance", 1, E_FAIL, true);
-    RunOnTab(tabs::Drivers, [](const Sheet& sheet) {
-        // As if it was cancelled.
-        sheet.Click(1049);
-        EXPECT_TRUE(calls::HasStruck());
-        EXPECT_EQ(sheet.TextOf(1048), _T("F:\\fw\\"));
-    });
+    sheet.Click(IDC_FIRMWARE_BROWSE);
+    EXPECT_TRUE(calls::HasStruck());
+    EXPECT_EQ(sheet.TextOf(IDC_FIRMWARE_PATH), before) << "as if it was cancelled";
 }

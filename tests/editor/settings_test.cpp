@@ -1,12 +1,9 @@
-// All settings of all pages: what each shows, takes, stores and leaves alone, and what docs/settings.md says
-// of it.
+// All settings of all pages: what a control shows and takes, and when and in which order values are read and
+// stored.
 #include "support/calls.h"
 #include "support/scripts.h"
 
 #include <algorithm>
-#include <array>
-#include <set>
-#include <sstream>
 
 namespace
 {
@@ -16,59 +13,46 @@ using Value = StoredValue Setting::*;
 class AllSettingsTest : public SettingsTest
 {
 protected:
-    // With the identifier that would be made up otherwise.
     void SetUp() override
     {
         SettingsTest::SetUp();
         StoreIdentifier();
     }
 
+    // MAUSB Settings makes a new one otherwise.
     static void StoreIdentifier()
     {
         Store(keys::Kauri, _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
     }
 
-    static void ExpectShown(const Form& page, const Text& tab, Value value)
+    static void ExpectShown(const Sheet& sheet, Value value)
     {
-        for (const Setting& setting : SettingsOf(tab))
+        for (const Setting& setting : SettingsOf(Form(sheet.Page()).Title()))
         {
-            setting.ExpectShown(page, setting.*value);
+            setting.ExpectShown(sheet, setting.*value);
         }
     }
 
-    // Finds all pages at one value, and turns everything to the other.
     static void ChangeAll(Value from, Value to, void (Sheet::*leave)() const)
     {
-        RunEditor([&](const Sheet& sheet) {
-            for (const Text& tab : AllTabs)
+        const Editor sheet;
+        for (const Text& tab : AllTabs())
+        {
+            SCOPED_TRACE(Printable(tab));
+            ASSERT_TRUE(sheet.Select(tab));
+            ExpectShown(sheet, from);
+            for (const Setting& setting : SettingsOf(tab))
             {
-                SCOPED_TRACE(Printable(tab));
-                ASSERT_TRUE(sheet.Select(tab));
-                ExpectShown(sheet, tab, from);
-                for (const Setting& setting : SettingsOf(tab))
-                {
-                    setting.Enter(sheet, setting.*to);
-                }
+                setting.Enter(sheet, setting.*to);
             }
-            (sheet.*leave)();
-            EXPECT_FALSE(sheet.IsOpen());
-        });
+        }
+        (sheet.*leave)();
+        EXPECT_FALSE(sheet.IsOpen());
     }
 };
 
-// The calls by which values are read or written, each value once.
+// Keys and names.
 using Places = std::vector<std::pair<Text, Text>>;
-
-Places PlacesCalled(const char* function)
-{
-    Places places;
-    for (const Call& call : calls::Made(function))
-    {
-        places.emplace_back(call.key, call.name);
-    }
-    places.erase(std::unique(places.begin(), places.end()), places.end());
-    return places;
-}
 
 Places PlacesOf(const std::vector<Setting>& settings)
 {
@@ -80,57 +64,78 @@ Places PlacesOf(const std::vector<Setting>& settings)
     return places;
 }
 
-// General Settings comes up first and so is always stored.
+// Of the calls, with each value once.
+Places PlacesOf(const char* function)
+{
+    Places places;
+    for (const Call& call : calls::Made(function))
+    {
+        places.emplace_back(call.key, call.name);
+    }
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
+// General Settings opens first, so it is always stored too.
 std::vector<Setting> StoredWith(const Text& tab)
 {
     std::vector<Setting> settings = AllSettings();
     std::erase_if(settings,
-                  [&tab](const Setting& each) { return each.tab != tabs::General && each.tab != tab; });
+                  [&](const Setting& each) { return each.tab != tabs::General && each.tab != tab; });
     return settings;
 }
 
-// An emptied number prompts whenever it is to be taken, and holds the page.
+// An edit without a number prompts at each exchange and keeps the user on the page.
 void ExpectEmptyHolds(const Sheet& sheet, const Setting& number)
 {
-    const Text before = sheet.TextOf(number.control);
-    EXPECT_EQ(CountPrompts([&] { sheet.Retype(number.control, {}); }), 1);
+    const Text before = sheet.TextOf(number.id);
+    EXPECT_EQ(CountPrompts([&] { sheet.Retype(number.id, {}); }), 1);
     EXPECT_FALSE(sheet.CanApply()) << "the member has not changed";
     EXPECT_EQ(CountPrompts([&] { sheet.Ok(); }), 1);
     EXPECT_TRUE(sheet.IsOpen());
     EXPECT_EQ(CountPrompts([&] { sheet.SelectIndex(number.tab == tabs::General ? 1 : 0); }), 1);
     EXPECT_EQ(Form(sheet.Page()).Title(), number.tab);
-    EXPECT_EQ(GetFocus(), sheet.Control(number.control));
-    sheet.SetText(number.control, before);
+    EXPECT_EQ(GetFocus(), sheet.Control(number.id));
+    sheet.SetText(number.id, before);
     EXPECT_FALSE(sheet.CanApply()) << "the member has kept that number";
 }
-
-// The cells of a row that hold the type and the default.
-std::string CellsOf(const StoredValue& value)
+// A change marks the page, and an event that leaves the value takes the mark away.
+void ExpectMarks(const Sheet& sheet, const Setting& setting)
 {
-    if (value.type == REG_DWORD)
+    SCOPED_TRACE(Printable(setting.name));
+    // The paths of Drivers & Firmware are only taken along.
+    const bool marks = setting.tab != tabs::Drivers || setting.kind != Kind::Line;
+    setting.Enter(sheet, setting.changed);
+    EXPECT_EQ(sheet.CanApply(), marks);
+    sheet.Apply();
+    EXPECT_FALSE(sheet.CanApply());
+    if (marks)
     {
-        return " REG_DWORD  " + std::to_string(*reinterpret_cast<const int*>(value.data.data())) + ' ';
+        EXPECT_EQ(Stored(setting.key, setting.name), setting.changed);
+        setting.Enter(sheet, setting.initial);
+        EXPECT_TRUE(sheet.CanApply());
     }
-    if (value.type == REG_SZ)
+    if (setting.kind == Kind::Check)
     {
-        return " REG_SZ  \"" + Printable(reinterpret_cast<LPCTSTR>(value.data.data())) + "\" ";
+        sheet.Click(setting.id);
+        sheet.Click(setting.id);
+        EXPECT_TRUE(sheet.CanApply()) << "each click changed it";
     }
-    return " REG_BINARY  " + std::to_string(value.data.size()) + " bytes ";
-}
-
-std::string CellsOf(Tools tools)
-{
-    if (tools.empty())
+    else if (setting.kind == Kind::Number || setting.kind == Kind::Hex)
     {
-        return " any ";
+        sheet.TypeInFront(setting.id, _T("0"));
+        EXPECT_FALSE(sheet.CanApply()) << "the same number";
     }
-    std::sort(tools.begin(), tools.end());
-    std::string cell;
-    for (const ProductId& tool : tools)
+    else if (setting.kind != Kind::Line)
     {
-        cell += (cell.empty() ? " " : ", ") + Printable(tool);
+        setting.Enter(sheet, setting.initial);
+        EXPECT_FALSE(sheet.CanApply()) << "selected again";
     }
-    return cell + ' ';
+    sheet.Apply();
+    if (setting.kind == Kind::Number && sheet.IsEnabled(setting.id))
+    {
+        ExpectEmptyHolds(sheet, setting);
+    }
 }
 }  // namespace
 
@@ -146,7 +151,7 @@ TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
 
 TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
 {
-    for (const Text& tab : AllTabs)
+    for (const Text& tab : AllTabs())
     {
         SCOPED_TRACE(Printable(tab));
         SettingsTest::SetUp();
@@ -154,69 +159,38 @@ TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
         {
             StoreIdentifier();
         }
-        RunOnTab(tab, [&](const Sheet& sheet) {
-            ExpectShown(sheet, tab, &Setting::initial);
-            EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
-            sheet.Ok();
-        });
+        const Editor sheet(tab);
+        ExpectShown(sheet, &Setting::initial);
+        EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
+        sheet.Ok();
         EXPECT_EQ(StoredSettings(), TreeOf(StoredWith(tab), &Setting::initial));
     }
 }
 
 TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
 {
-    for (const Text& tab : AllTabs)
+    for (const Text& tab : AllTabs())
     {
-        RunOnTab(tab, [&tab](const Sheet& sheet) {
-            sheet.Apply();
-            for (const Setting& setting : SettingsOf(tab))
+        const Editor sheet(tab);
+        sheet.Apply();
+        for (const Setting& setting : SettingsOf(tab))
+        {
+            if (setting.kind != Kind::Fixed)
             {
-                if (!setting.IsChangeable())
-                {
-                    continue;
-                }
-                SCOPED_TRACE(Printable(setting.name));
-                setting.Enter(sheet, setting.changed);
-                EXPECT_EQ(sheet.CanApply(), setting.kind != Kind::Path);
-                sheet.Apply();
-                EXPECT_FALSE(sheet.CanApply());
-                if (setting.kind != Kind::Path)
-                {
-                    EXPECT_EQ(Stored(setting.key, setting.name), setting.changed);
-                    setting.Enter(sheet, setting.initial);
-                    EXPECT_TRUE(sheet.CanApply());
-                }
-                if (setting.kind == Kind::Check)
-                {
-                    sheet.Click(setting.control);
-                    sheet.Click(setting.control);
-                    EXPECT_TRUE(sheet.CanApply()) << "each click changed it";
-                }
-                else if (setting.kind == Kind::Number || setting.kind == Kind::Hex)
-                {
-                    sheet.TypeInFront(setting.control, _T("0"));
-                    EXPECT_FALSE(sheet.CanApply()) << "the same number";
-                }
-                else if (setting.kind == Kind::Radio || setting.kind == Kind::List)
-                {
-                    setting.Enter(sheet, setting.initial);
-                    EXPECT_FALSE(sheet.CanApply()) << "selected again";
-                }
-                sheet.Apply();
-                if (setting.kind == Kind::Number && sheet.IsEnabled(setting.control))
-                {
-                    ExpectEmptyHolds(sheet, setting);
-                }
+                ExpectMarks(sheet, setting);
             }
-        });
+        }
     }
 }
 
 TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
 {
     std::vector<Tools> sets = {{KauriQB, HazelQB}, {AlderQB, FirQB}, {_T("OtherQB")}, {}};
-    std::transform(AllTools.begin(), AllTools.end(), std::back_inserter(sets),
-                   [](const ProductId& tool) { return Tools{tool}; });
+    for (const ProductId& tool : AllTools)
+    {
+        sets.push_back({tool});
+    }
+    const StoredValue foreign = Binary({1, 2, 3});  // a page could only spoil it
     for (const Tools& tools : sets)
     {
         SCOPED_TRACE(tools.empty() ? "none" : Printable(tools.front()));
@@ -227,32 +201,29 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
         for (const Setting& setting : AllSettings())
         {
             const bool live = setting.IsLiveFor(tools);
-            // What nobody's page would store, and a page could only spoil.
-            Store(setting.key, setting.name,
-                  live && setting.kind != Kind::Copy ? setting.changed : Binary({1, 2, 3}));
-            expected[setting.key][setting.name] = live ? setting.changed : Binary({1, 2, 3});
+            Store(setting.key, setting.name, live && setting.IsRead() ? setting.changed : foreign);
+            expected[setting.key][setting.name] = live ? setting.changed : foreign;
             if (live && (expectedTabs.empty() || expectedTabs.back() != setting.tab))
             {
                 expectedTabs.push_back(setting.tab);
             }
         }
-        RunEditor([&](const Sheet& sheet) {
-            EXPECT_EQ(sheet.Tabs(), expectedTabs);
-            EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
-            for (const Text& tab : sheet.Tabs())
+        const Editor sheet;
+        EXPECT_EQ(sheet.Tabs(), expectedTabs);
+        EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
+        for (const Text& tab : expectedTabs)
+        {
+            ASSERT_TRUE(sheet.Select(tab));
+            for (const Setting& setting : SettingsOf(tab))
             {
-                ASSERT_TRUE(sheet.Select(tab));
-                for (const Setting& setting : SettingsOf(tab))
-                {
-                    const bool live = setting.IsLiveFor(tools);
-                    const StoredValue blank = setting.kind == Kind::Path ? Sz({}) : Dword(0);
-                    setting.ExpectShown(sheet, live ? setting.changed : blank);
-                    EXPECT_TRUE(setting.kind != Kind::Check || sheet.IsEnabled(setting.control) == live)
-                        << Printable(setting.name);
-                }
+                const bool live = setting.IsLiveFor(tools);
+                const StoredValue blank = setting.kind == Kind::Line ? Sz({}) : Dword(0);
+                setting.ExpectShown(sheet, live ? setting.changed : blank);
+                EXPECT_TRUE(setting.kind != Kind::Check || sheet.IsEnabled(setting.id) == live)
+                    << Printable(setting.name);
             }
-            sheet.Ok();
-        });
+        }
+        sheet.Ok();
         EXPECT_EQ(StoredSettings(), expected);
     }
 }
@@ -260,66 +231,28 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
 TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedInOrder)
 {
     StoreTree(TreeOf(AllSettings(), &Setting::initial));
-    for (const Text& tab : AllTabs)
+    for (const Text& tab : AllTabs())
     {
         SCOPED_TRACE(Printable(tab));
         std::vector<Setting> read = SettingsOf(tab);
-        std::erase_if(read, [](const Setting& setting) { return setting.kind == Kind::Copy; });
-        // Here the last two come before the four that skip parts of the interrupt test.
+        std::erase_if(read, [](const Setting& setting) { return !setting.IsRead(); });
+        // This page reads its last two values before the four that skip parts of the interrupt test.
         if (tab == tabs::Xhci)
         {
             std::rotate(read.end() - 6, read.end() - 2, read.end());
         }
-        RunEditor([&](const Sheet& sheet) {
-            calls::Reset();
-            ASSERT_TRUE(sheet.Select(tab));
-            EXPECT_EQ(PlacesCalled("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
-            EXPECT_EQ(PlacesCalled("RegSetValueExW"), Places());
-            calls::Reset();
-            sheet.Ok();
-            EXPECT_EQ(PlacesCalled("RegQueryValueExW"), Places());
-            EXPECT_EQ(PlacesCalled("RegSetValueExW"), PlacesOf(StoredWith(tab)));
-            // Each key is opened for one value.
-            EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
-                      calls::Made("RegCreateKeyExW").size());
-            EXPECT_EQ(calls::OpenKeys(), 0U);
-        });
+        const Editor sheet;
+        calls::Reset();
+        ASSERT_TRUE(sheet.Select(tab));
+        EXPECT_EQ(PlacesOf("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
+        EXPECT_EQ(PlacesOf("RegSetValueExW"), Places());
+        calls::Reset();
+        sheet.Ok();
+        EXPECT_EQ(PlacesOf("RegQueryValueExW"), Places());
+        EXPECT_EQ(PlacesOf("RegSetValueExW"), PlacesOf(StoredWith(tab)));
+        // Each key is opened for one value; the keys of the two port tables hold none.
+        EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
+                  calls::Made("RegCreateKeyExW").size());
+        EXPECT_EQ(calls::OpenKeys(), 0U);
     }
-}
-
-TEST(SettingsReferenceTest, ListsEachSetting)
-{
-    std::set<std::string> settings;
-    for (const Setting& setting : AllSettings())
-    {
-        settings.insert(Printable(setting.key) + " `" + Printable(setting.name) + "` " +
-                        CellsOf(setting.initial) + CellsOf(setting.tools));
-    }
-    std::string key;
-    std::istringstream file(FileBeside(_T("settings.md")));
-    for (std::string line; std::getline(file, line);)
-    {
-        // What stands before a row; name, type, default, meaning, control, tools; before the name the key,
-        // where the page has several.
-        std::array<std::string, 8> cells;
-        std::istringstream text(line);
-        for (std::string& cell : cells)
-        {
-            std::getline(text, cell, '|');
-        }
-        if (const size_t start = line.find("Key `"); start != std::string::npos)
-        {
-            key = line.substr(start + 5, line.size() - start - 6);
-        }
-        else if (cells[1].rfind(" `", 0) == 0)
-        {
-            if (cells[2].rfind(" `", 0) == 0)
-            {
-                key = cells[1].substr(2, cells[1].size() - 4);
-                std::copy(cells.begin() + 2, cells.end(), cells.begin() + 1);
-            }
-            EXPECT_EQ(settings.erase(key + cells[1] + cells[2] + cells[3] + cells[6]), 1U) << line;
-        }
-    }
-    EXPECT_EQ(settings, std::set<std::string>());
 }

@@ -6,11 +6,11 @@
 
 namespace
 {
-// Under a part of SOFTWARE\Halvane that no page uses.
-const Text Key = _T("SOFTWARE\\Halvane\\Scratch\\Below");
+// Below SOFTWARE\Halvane, where no page has a key.
+const Text Key = keys::Halvane + _T("\\Scratch\\Below");
 const Text Name = _T("Value");
 
-// A page for its registry operations alone; it is never displayed.
+// A page for its registry operations alone, without a window.
 class ValuePage : public CSettingsPage
 {
 public:
@@ -37,24 +37,28 @@ protected:
         return member;
     }
     Text ReadText() { return Text(Read(CString(_T("default")))); }
-    // What stands in a buffer of six bytes once four have been asked for.
+    // A buffer of six bytes after a read of four.
     std::vector<BYTE> ReadFour()
     {
         std::vector<BYTE> buffer(6, 0xDD);
         page.ReadBinaryValue(Key, Name, 4, buffer.data());
         return buffer;
     }
+    void ExpectNoString()
+    {
+        WideString text = _T("kept");
+        EXPECT_FALSE(ReadRegistryString(Key, Name, text));
+        EXPECT_EQ(text, _T("kept"));
+    }
     void ExpectNothingRead()
     {
         EXPECT_EQ(Read(-7), -7);
         EXPECT_EQ(Read(0x80000007U), 0x80000007U);
         EXPECT_FALSE(Read(true));
-        EXPECT_EQ(ReadText(), Text()) << "a text's default does not survive";
+        EXPECT_EQ(ReadText(), Text()) << "a text loses its default";
         EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
         page.ReadBinaryValue(Key, Name, 2, nullptr);
-        WideString text = _T("kept");
-        EXPECT_FALSE(ReadRegistryString(Key, Name, text));
-        EXPECT_EQ(text, _T("kept"));
+        ExpectNoString();
     }
 
     ValuePage page;
@@ -64,15 +68,13 @@ protected:
 TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
 {
     ExpectNothingRead();
-    EXPECT_FALSE(KeyExists(_T("SOFTWARE\\Halvane\\Scratch")));
+    EXPECT_FALSE(KeyExists(keys::Halvane + _T("\\Scratch")));
     Store(Key, Name, Dword(1));
     calls::Refuse("RegQueryValueExW", 1, ERROR_MORE_DATA, true);
     ExpectNothingRead();
     // Refused at the second question, for the data.
-    WideString text = _T("kept");
     calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
-    EXPECT_FALSE(ReadRegistryString(Key, Name, text));
-    EXPECT_EQ(text, _T("kept"));
+    ExpectNoString();
     calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
     EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
 }
@@ -87,7 +89,7 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
     EXPECT_EQ(written(0x80000000U), Dword(0x80000000));
     EXPECT_EQ(written(true), Dword(1));
     EXPECT_EQ(written(false), Dword(0));
-    // n characters take 2n + 2 bytes, none take 2.
+    // With a terminator, which an empty text has too.
     EXPECT_EQ(written(CString(_T("ab"))), (StoredValue{REG_SZ, {'a', 0, 'b', 0, 0, 0}}));
     EXPECT_EQ(written(CString()), (StoredValue{REG_SZ, {0, 0}}));
     page.WriteBinaryValue(Key, Name, 3, "\1\2\3");
@@ -97,7 +99,7 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
     calls::Refuse("RegSetValueExW", 1, ERROR_ACCESS_DENIED, true);
     EXPECT_FALSE(WriteRegistryString(Key, Name, _T("x")));
     EXPECT_FALSE(WriteRegistryDword(Key, Name, 1));
-    const Text other = _T("SOFTWARE\\Halvane\\Other");
+    const Text other = keys::Halvane + _T("\\Other");
     page.WriteBinaryValue(other, Name, 0, "x");
     page.WriteBinaryValue(other, Name, 1, nullptr);
     EXPECT_FALSE(KeyExists(other));
@@ -105,28 +107,28 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
 
 TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType)
 {
-    Store(Key, Name, Binary({0xCD, 0xAB}));
-    EXPECT_EQ(Read(0x12345678), 0x1234ABCD);
-    EXPECT_EQ(Read(0x12345678U), 0x1234ABCDU);
+    // The value, the number that -1 becomes, and the text.
+    const std::tuple<StoredValue, int, Text> cases[] = {
+        {Binary({0xCD, 0xAB}), static_cast<int>(0xFFFFABCD), Text(1, TCHAR{0xABCD})},
+        {Binary({}), -1, {}},
+        {Sz(_T("A")), 'A', _T("A")},
+        {Dword(5), 5, Text(1, 5)},
+        {{REG_SZ, {'a', 0, 'b', 0}}, 'b' << 16 | 'a', _T("ab")},          // no terminator
+        {{REG_SZ, {'a', 0, 0, 0, 'b', 0}}, -1, _T("a")},                  // too long for a number
+        {Binary({'a', 0, 'b'}), -0x1000000 | 'b' << 16 | 'a', _T("ab")},  // half a character is the low half
+        {Sz(Text(500000, _T('x'))), -1, Text(500000, _T('x'))}};
+    for (const auto& [value, number, text] : cases)
+    {
+        Store(Key, Name, value);
+        EXPECT_EQ(Read(-1), number) << Printable(text.substr(0, 9));
+        EXPECT_EQ(Read(UINT_MAX), static_cast<UINT>(number));
+        EXPECT_TRUE(ReadText() == text) << Printable(text.substr(0, 9));
+    }
+    EXPECT_FALSE(Read(true)) << "too long";
+    Store(Key, Name, Dword(2));
     EXPECT_TRUE(Read(false));
-    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{0xCD, 0xAB, 0xDD, 0xDD, 0xDD, 0xDD}));
+    Store(Key, Name, Binary({1, 2}));
+    EXPECT_EQ(ReadFour(), (std::vector<BYTE>{1, 2, 0xDD, 0xDD, 0xDD, 0xDD}));
     Store(Key, Name, Binary({5, 6, 7, 8, 9}));
-    EXPECT_EQ(Read(42), 42) << "does not fit";
     EXPECT_EQ(ReadFour(), (std::vector<BYTE>{5, 6, 7, 8, 0xDD, 0xDD}));
-    Store(Key, Name, Binary({}));
-    EXPECT_EQ(Read(42), 42);
-    EXPECT_EQ(ReadText(), Text());
-    Store(Key, Name, Sz(_T("A")));
-    EXPECT_EQ(Read(-1), 'A');
-    Store(Key, Name, Dword(5));
-    EXPECT_EQ(ReadText(), Text(1, 5));
-    Store(Key, Name, {REG_SZ, {'a', 0, 'b', 0}});
-    EXPECT_EQ(ReadText(), _T("ab")) << "no terminator";
-    Store(Key, Name, {REG_SZ, {'a', 0, 0, 0, 'b', 0}});
-    EXPECT_EQ(ReadText(), _T("a"));
-    Store(Key, Name, Binary({'a', 0, 'b'}));
-    EXPECT_EQ(ReadText(), _T("ab")) << "half a character has 0 for the other half";
-    const Text text(500000, _T('x'));
-    Store(Key, Name, Sz(text));
-    EXPECT_EQ(ReadText(), text);
 }

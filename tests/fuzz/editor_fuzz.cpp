@@ -1,6 +1,6 @@
-// Any registry under the editor: values of any types and lengths at the places that one page reads; then that
-// page is opened, applied twice and closed. Now and then any list of installed tools instead.
-#include "shell/QBSettingsApp.h"
+// The editor over any registry. An input begins with the title of a page and a line feed; the rest becomes
+// values of any types and lengths where that page reads. The page is then opened, applied twice and closed.
+// With any other first line the rest becomes the list of installed tools.
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -27,11 +27,9 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-Text g_tab;  // the one to open; the last that there is if empty
-
 struct Place
 {
-    Text key;  // stands for its subkeys if it ends in a backslash
+    Text key;  // any subkey of it if it ends in a backslash
     Text name;
     bool isText;
 };
@@ -43,6 +41,12 @@ class Input
 public:
     Input(const uint8_t* data, size_t size) : m_bytes(data, data + size) {}
 
+    Text Line()
+    {
+        const auto end = std::find(m_bytes.begin(), m_bytes.end(), '\n');
+        m_at = std::min(m_bytes.size(), static_cast<size_t>(end - m_bytes.begin()) + 1);
+        return {m_bytes.begin(), end};
+    }
     BYTE Byte() { return m_at < m_bytes.size() ? m_bytes[m_at++] : BYTE{0}; }
     void StoreAll(const Places& places)
     {
@@ -97,52 +101,7 @@ private:
     size_t m_at = 0;
 };
 
-// Of each tab; the last are for any list of tools: which pages there are shows then.
-std::vector<Places> g_places;
-
-bool g_closed;  // whether a window came and was closed again
-Tree g_first;   // what the first Apply has left
-
-LRESULT CALLBACK UseEditor(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message != WM_APP)
-    {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    if (AfxGetMainWnd() == nullptr)
-    {
-        Check(g_tab.empty(), "the list of all tools is read");
-        SendMessageW(FindWindowW(nullptr, titles::Error.c_str()), WM_COMMAND, IDOK, 0);
-        g_closed = true;
-        return 0;
-    }
-    const Sheet sheet(AfxGetMainWnd()->m_hWnd);
-    Check(sheet.Select(g_tab.empty() ? sheet.Tabs().back() : g_tab), "every page opens");
-    SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
-    g_first = StoredSettings();
-    SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
-    sheet.Cancel();
-    g_closed = true;
-    return 0;
-}
-
-void RunEditor()
-{
-    static const HWND user =
-        CreateWindowExW(0, _T("Static"), nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(user, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(UseEditor));
-    // Reached by the first modal loop, whose ever it is.
-    PostMessageW(user, WM_APP, 0, 0);
-    g_dwInstanceMutexError = ERROR_SUCCESS;
-    g_closed = false;
-    g_first.clear();
-    AfxGetApp()->InitInstance();
-    Check(g_closed, "the editor shows itself and closes");
-    Check(g_first.empty() || g_first == StoredSettings(), "a second Apply, and Cancel, change nothing");
-    Check(calls::OpenKeys() == 0, "no key stays open");
-}
-
-// Where a page looks for settings. Ports are keys of any names below their table's.
+// The values that a page reads. Ports are keys of any names below their table's.
 Places PlacesOf(const Text& tab)
 {
     Places places;
@@ -154,6 +113,32 @@ Places PlacesOf(const Text& tab)
     }
     return places;
 }
+
+Places InstalledTools()
+{
+    Places places;
+    for (const ProductId& tool : AllTools)
+    {
+        places.push_back({keys::Installed, tool, false});
+    }
+    return places;
+}
+
+// Gives the settings after the first Apply; none if the list of tools cannot be read.
+Tree UsePage(const Text& tab)
+{
+    const Editor editor;
+    if (!editor.HasSheet())
+    {
+        Check(tab.empty(), "the list of all tools is read");
+        return {};
+    }
+    Check(editor.Select(tab.empty() ? editor.Tabs().back() : tab), "every page opens");
+    SendMessageW(editor.Window(), PSM_APPLY, 0, 0);
+    Tree applied = StoredSettings();
+    SendMessageW(editor.Window(), PSM_APPLY, 0, 0);
+    return applied;
+}
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -161,26 +146,22 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     // Wine would end the program before the fuzzer has kept the input.
     std::signal(SIGABRT, SIG_DFL);
     AddVectoredExceptionHandler(1, OnException);
-    std::transform(AllTabs.begin(), AllTabs.end(), std::back_inserter(g_places), PlacesOf);
-    g_places.emplace_back();
-    for (const ProductId& tool : AllTools)
-    {
-        g_places.back().push_back({keys::Installed, tool, false});
-    }
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     Input input(data, size);
-    const size_t choice = input.Byte() % g_places.size();
-    g_tab = choice < AllTabs.size() ? AllTabs[choice] : Text();
+    const Text line = input.Line();
+    const bool isPage = !SettingsOf(line).empty();
     ClearSettings();
-    if (!g_tab.empty())
+    if (isPage)
     {
         InstallTools(AllTools);
     }
-    input.StoreAll(g_places[choice]);
-    RunEditor();
+    input.StoreAll(isPage ? PlacesOf(line) : InstalledTools());
+    const Tree applied = UsePage(isPage ? line : Text());
+    Check(applied.empty() || applied == StoredSettings(), "a second Apply, and Cancel, change nothing");
+    Check(calls::OpenKeys() == 0, "no key stays open");
     return 0;
 }

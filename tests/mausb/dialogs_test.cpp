@@ -1,15 +1,16 @@
 // The two dialogs of MAUSB Media Settings.
 #include "mausb/PortNumbersDialog.h"
+#include "resource.h"
 #include "support/scripts.h"
 
 namespace
 {
 using Ports = std::vector<std::pair<UINT, int>>;
 
-// Of a row of Port Numbers.
-constexpr int Edits[] = {1188, 1191, 1194, 1197};
-constexpr int Types[] = {1189, 1192, 1195, 1198};
-using Row = std::tuple<Text, LRESULT, bool>;  // text, selected type, whether that can be chosen
+// The controls of each row of Port Numbers.
+constexpr int Edits[] = {IDC_PORT_EDIT_0, IDC_PORT_EDIT_1, IDC_PORT_EDIT_2, IDC_PORT_EDIT_3};
+constexpr int Types[] = {IDC_PORT_TYPE_0, IDC_PORT_TYPE_1, IDC_PORT_TYPE_2, IDC_PORT_TYPE_3};
+using Row = std::tuple<Text, LRESULT, bool>;  // text, selected type, whether the type is enabled
 const Row EmptyRow = {{}, 0, false};
 
 Row RowOf(const Form& form, int row)
@@ -22,7 +23,7 @@ std::vector<Row> RowsOf(const Form& form)
     return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)};
 }
 
-// What the dialog leaves of a table.
+// Runs the dialog until the button; gives the table after that.
 Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
 {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
@@ -44,16 +45,6 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
 class AdvancedTCPTest : public SettingsTest
 {
 protected:
-    enum
-    {
-        Delay = 1061,
-        SndBuf = 1142,
-        RcvBuf = 1144,
-        NoDelay = 1145,
-        DefaultSnd = 1146,
-        DefaultRcv = 1147
-    };
-
     static Values Six(DWORD delay, DWORD sndBuf, DWORD rcvBuf, DWORD noDelay, DWORD defaultSnd,
                       DWORD defaultRcv)
     {
@@ -72,13 +63,19 @@ protected:
     }
     static void ExpectSizes(const Form& form, bool send, bool receive)
     {
-        EXPECT_TRUE(form.IsEnabled(SndBuf) == send && form.IsEnabled(1141) == send);
-        EXPECT_TRUE(form.IsEnabled(RcvBuf) == receive && form.IsEnabled(1143) == receive);
+        EXPECT_EQ(form.IsEnabled(IDC_TCP_SNDBUF), send);
+        EXPECT_EQ(form.IsEnabled(IDC_TCP_SNDBUF_LABEL), send);
+        EXPECT_EQ(form.IsEnabled(IDC_TCP_RCVBUF), receive);
+        EXPECT_EQ(form.IsEnabled(IDC_TCP_RCVBUF_LABEL), receive);
+    }
+    static void WithAdvanced(const Sheet& sheet, const std::function<void(const Form&)>& script)
+    {
+        WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, script);
     }
 };
 }  // namespace
 
-TEST(PortNumbersTest, PortIsWhatATextBeginsWith)
+TEST(PortNumbersTest, PortIsTheNumberAtTheStartOfAText)
 {
     const std::pair<Text, UINT> cases[] = {
         {_T(""), 0},     {_T("00000"), 0}, {_T("1"), 1},   {_T("65535"), 65535},  {_T("65536"), 0},
@@ -105,7 +102,7 @@ TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
               (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
 }
 
-TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
+TEST(PortNumbersTest, TypeIsEnabledWhileThePortIsUsable)
 {
     const Ports left =
         RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK, [](const Form& form) {
@@ -128,7 +125,7 @@ TEST(PortNumbersTest, TypeIsLiveWhileThePortIsUsable)
     EXPECT_EQ(left, (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
-TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
+TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTyped)
 {
     EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
                         [](const Form& form) {
@@ -152,58 +149,57 @@ TEST(PortNumbersTest, OddEntriesKeepTheirTypeUntilTyped)
 
 TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
 {
-    // A size of 0 in use, and flags that are none of a check box: shown, and stored so only once confirmed.
+    // A size of 0 in use, and flags that no check box has: shown, and stored otherwise only after OK.
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
-    RunOnTab(tabs::Media, [](const Sheet& sheet) {
-        sheet.Apply();
-        EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            EXPECT_EQ(form.TextOf(Delay), _T("1"));
-            EXPECT_EQ(form.CheckOf(NoDelay), BST_CHECKED);
-            EXPECT_EQ(form.TextOf(RcvBuf), _T("-2147483648"));
-            ExpectSizes(form, true, true);
-            form.Retype(Delay, _T("5"));
-        });
-        EXPECT_FALSE(sheet.CanApply()) << "cancelled";
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            EXPECT_EQ(form.TextOf(Delay), _T("1"));
-            form.Retype(Delay, _T("x-4294967295"));
-            form.Retype(SndBuf, _T("2147483647"));
-            form.Retype(RcvBuf, _T("8192"));
-            form.Click(DefaultSnd);
-            ExpectSizes(form, false, true);
-            form.Click(DefaultRcv);
-            ExpectSizes(form, false, false);
-            form.Click(DefaultSnd);
-            ExpectSizes(form, true, false);
-            form.Click(IDOK);
-        });
-        EXPECT_TRUE(sheet.CanApply());
-        WithDialog(titles::AdvancedTCP, sheet, 1139,
-                   [](const Form& form) { EXPECT_EQ(form.TextOf(RcvBuf), _T("8192")) << "kept out of use"; });
-        sheet.Ok();
+    const Editor sheet(tabs::Media);
+    sheet.Apply();
+    EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
+    WithAdvanced(sheet, [](const Form& form) {
+        EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
+        EXPECT_EQ(form.CheckOf(IDC_TCP_NODELAY), BST_CHECKED);
+        EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("-2147483648"));
+        ExpectSizes(form, true, true);
+        form.Retype(IDC_TCP_SEND_DELAY, _T("5"));
     });
+    EXPECT_FALSE(sheet.CanApply()) << "cancelled";
+    WithAdvanced(sheet, [](const Form& form) {
+        EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
+        form.Retype(IDC_TCP_SEND_DELAY, _T("x-4294967295"));
+        form.Retype(IDC_TCP_SNDBUF, _T("2147483647"));
+        form.Retype(IDC_TCP_RCVBUF, _T("8192"));
+        form.Click(IDC_TCP_USE_DEFAULT_SNDBUF);
+        ExpectSizes(form, false, true);
+        form.Click(IDC_TCP_USE_DEFAULT_RCVBUF);
+        ExpectSizes(form, false, false);
+        form.Click(IDC_TCP_USE_DEFAULT_SNDBUF);
+        ExpectSizes(form, true, false);
+        form.Click(IDOK);
+    });
+    EXPECT_TRUE(sheet.CanApply());
+    WithAdvanced(sheet, [](const Form& form) {
+        EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192")) << "kept while it is not used";
+    });
+    sheet.Ok();
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
 }
 
-TEST_F(AdvancedTCPTest, NumberThatIsNoneKeepsTheDialogOpenAndTheRecordTakesWhatCameBefore)
+TEST_F(AdvancedTCPTest, EmptyNumberKeepsTheDialogOpenAndTheRecordTakesTheControlsBeforeIt)
 {
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
-    RunOnTab(tabs::Media, [](const Sheet& sheet) {
-        sheet.Apply();
-        WithDialog(titles::AdvancedTCP, sheet, 1139, [](const Form& form) {
-            form.Retype(Delay, _T("7"));
-            form.Retype(RcvBuf, _T("9"));
-            form.Click(NoDelay);
-            form.Retype(SndBuf, {});
-            EXPECT_EQ(CountPrompts([&form] { form.Click(DefaultRcv); }), 1);
-            ExpectSizes(form, true, true);
-            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), 1);
-            EXPECT_TRUE(IsWindowVisible(form.Window()));
-            EXPECT_EQ(GetFocus(), form.Control(SndBuf));
-        });
-        EXPECT_FALSE(sheet.CanApply());
-        sheet.Ok();
+    const Editor sheet(tabs::Media);
+    sheet.Apply();
+    WithAdvanced(sheet, [](const Form& form) {
+        form.Retype(IDC_TCP_SEND_DELAY, _T("7"));
+        form.Retype(IDC_TCP_RCVBUF, _T("9"));
+        form.Click(IDC_TCP_NODELAY);
+        form.Retype(IDC_TCP_SNDBUF, {});
+        EXPECT_EQ(CountPrompts([&] { form.Click(IDC_TCP_USE_DEFAULT_RCVBUF); }), 1);
+        ExpectSizes(form, true, true);
+        EXPECT_EQ(CountPrompts([&] { form.Click(IDOK); }), 1);
+        EXPECT_TRUE(IsWindowVisible(form.Window()));
+        EXPECT_EQ(GetFocus(), form.Control(IDC_TCP_SNDBUF));
     });
+    EXPECT_FALSE(sheet.CanApply());
+    sheet.Ok();
     EXPECT_EQ(StoredSix(), Six(7, 2, 3, 0, 0, 0));
 }

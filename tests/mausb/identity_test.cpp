@@ -1,5 +1,6 @@
-// MAUSB Settings: the Container ID, which is made and stored when the page is first shown, and what is never
-// shown.
+// MAUSB Settings: the Container ID, which is made and stored when the page is first shown, and the hidden
+// controls.
+#include "resource.h"
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -7,12 +8,6 @@
 
 namespace
 {
-constexpr int IdContainer = 1130;
-constexpr int IdNew = 1132;
-constexpr int IdSizeLabel = 1148;
-constexpr int IdSize = 1149;
-constexpr int IdUseDefaultSize = 1150;
-
 using Bytes = std::vector<BYTE>;
 const Bytes SomeBytes = {0x78, 0x56, 0x34, 0x12, 0xBC, 0x9A, 0xF0, 0xDE,
                          0x12, 0x34, 0x56, 0x78, 0x9A, 0xBC, 0xDE, 0xF0};
@@ -26,19 +21,20 @@ protected:
     static StoredValue Identifier() { return Stored(keys::Kauri, _T("RootHubUUID")); }
     static Text Shown()
     {
-        Text shown;
-        RunOnTab(tabs::Identity, [&shown](const Sheet& sheet) {
-            shown = sheet.TextOf(IdContainer);
-            EXPECT_FALSE(sheet.CanApply());
-        });
-        return shown;
+        const Editor sheet(tabs::Identity);
+        EXPECT_FALSE(sheet.CanApply());
+        return sheet.TextOf(IDC_CONTAINER_ID);
+    }
+    static Events NewId(const Sheet& sheet)
+    {
+        return EventsOf(sheet, [&] { sheet.Click(IDC_NEW_ID); });
     }
 };
 }  // namespace
 
 TEST_F(IdentityTest, IdentifierThatIsMissingOrNilIsMadeAndStoredAtOnceAlone)
 {
-    for (const StoredValue& none : {Absent, Binary({}), Binary(Bytes(7, 0)), Binary(Bytes(16, 0)), Sz({})})
+    for (const StoredValue& none : {Absent, Binary({}), Binary(Bytes(7, 0)), Binary(Bytes(16, 0))})
     {
         StoreIdentifier(none);
         const Text shown = Shown();
@@ -63,7 +59,7 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLengthIsShownAndStoredWhole)
         StoreIdentifier(stored);
         EXPECT_EQ(Shown(), text);
         EXPECT_EQ(Identifier(), stored);
-        RunOnTab(tabs::Identity, [](const Sheet& sheet) { sheet.Ok(); });
+        Editor(tabs::Identity).Ok();
         Bytes whole = stored.data;
         whole.resize(16);
         EXPECT_EQ(Identifier(), Binary(whole));
@@ -73,95 +69,90 @@ TEST_F(IdentityTest, IdentifierOfAnyTypeAndLengthIsShownAndStoredWhole)
 TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
 {
     StoreIdentifier(Binary(SomeBytes));
-    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
-        EXPECT_TRUE(sheet.IsShown(IdContainer) && !sheet.IsEnabled(IdContainer));
-        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
-                  (Events{"1132 clicked", "1130 changed", "marked"}));
-        EXPECT_NE(sheet.TextOf(IdContainer), SomeText);
-        EXPECT_EQ(Identifier(), Binary(SomeBytes));
-        sheet.Apply();
-        EXPECT_NE(Identifier(), Binary(SomeBytes));
-    });
+    const Editor sheet(tabs::Identity);
+    EXPECT_TRUE(sheet.IsShown(IDC_CONTAINER_ID) && !sheet.IsEnabled(IDC_CONTAINER_ID));
+    EXPECT_EQ(NewId(sheet), (Events{"1132 clicked", "1130 changed", "marked"}));
+    EXPECT_NE(sheet.TextOf(IDC_CONTAINER_ID), SomeText);
+    EXPECT_EQ(Identifier(), Binary(SomeBytes));
+    sheet.Apply();
+    EXPECT_NE(Identifier(), Binary(SomeBytes));
 }
 
-TEST_F(IdentityTest, NoAddressLeavesNoneAtDisplayAndTheOldOneLater)
+TEST_F(IdentityTest, WithoutAnAddressThereIsNoneAtDisplayAndTheOldOneLater)
 {
     calls::Refuse("UuidCreate", 1, RPC_S_UUID_NO_ADDRESS, true);
-    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
-        EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
+    {
+        const Editor sheet(tabs::Identity);
+        EXPECT_EQ(sheet.TextOf(IDC_CONTAINER_ID), NilText);
         EXPECT_EQ(StoredSettings(), (Tree{{keys::Kauri, {{_T("RootHubUUID"), Binary(Bytes(16, 0))}}}}));
-        // Saving leaves it alone.
         StoreIdentifier(Binary({1}));
         sheet.Ok();
-    });
-    EXPECT_EQ(Identifier(), Binary({1}));
+        EXPECT_EQ(Identifier(), Binary({1})) << "a nil one is not stored with the page";
+    }
     StoreIdentifier(Binary(SomeBytes));
-    RunOnTab(tabs::Identity, [](const Sheet& sheet) {
-        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), Events{"1132 clicked"});
-        EXPECT_EQ(sheet.TextOf(IdContainer), SomeText);
-        // Any other status counts as an identifier: what came of it here is nil, which is not saved.
-        calls::Refuse("UuidCreate", 1, RPC_S_UUID_LOCAL_ONLY, true);
-        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }),
-                  (Events{"1132 clicked", "1130 changed", "marked"}));
-        EXPECT_EQ(sheet.TextOf(IdContainer), NilText);
-        EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IdNew); }), (Events{"1132 clicked", "1130 changed"}))
-            << "no change";
-        sheet.Ok();
-    });
+    const Editor sheet(tabs::Identity);
+    EXPECT_EQ(NewId(sheet), Events{"1132 clicked"});
+    EXPECT_EQ(sheet.TextOf(IDC_CONTAINER_ID), SomeText);
+    // Any other status counts as success: the identifier is then nil.
+    calls::Refuse("UuidCreate", 1, RPC_S_UUID_LOCAL_ONLY, true);
+    EXPECT_EQ(NewId(sheet), (Events{"1132 clicked", "1130 changed", "marked"}));
+    EXPECT_EQ(sheet.TextOf(IDC_CONTAINER_ID), NilText);
+    EXPECT_EQ(NewId(sheet), (Events{"1132 clicked", "1130 changed"})) << "no change";
+    sheet.Ok();
     EXPECT_EQ(Identifier(), Binary(SomeBytes));
 }
 
 TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
 {
-    for (const auto& [alignment, version, saved] : {std::tuple{Dword(0), _T("MAUSB 2.0"), 1U},
-                                                    {Dword(5), _T("mausb 1.0A"), 1},
-                                                    {Binary({4}), _T("MAUSB 1.0"), 4}})
+    for (const auto& [alignment, version, stored] : {std::tuple{Dword(0), _T("MAUSB 2.0"), 1U},
+                                                     {Dword(5), _T("mausb 1.0A"), 1},
+                                                     {Binary({4}), _T("MAUSB 1.0"), 4}})
     {
-        StoreTree({{keys::Kauri,
-                    {{_T("IsochPayloadAlignment"), alignment}, {_T("MAUSBProtocolVersion"), Sz(version)}}}});
-        RunOnTab(tabs::Identity, [isByte = saved == 1](const Sheet& sheet) {
-            EXPECT_EQ(sheet.CheckOf(1123), isByte ? BST_CHECKED : BST_UNCHECKED);
-            EXPECT_EQ(sheet.ItemsOf(1138), std::vector<Text>{_T("MAUSB 1.0a")});
-            EXPECT_EQ(sheet.SelectionOf(1138), 0);
-            sheet.Click(1133);
-            sheet.Pick(1138, 0);
-            EXPECT_FALSE(sheet.CanApply()) << "the only entry, picked again";
-            sheet.Ok();
-        });
-        EXPECT_EQ(Stored(keys::Kauri, _T("IsochPayloadAlignment")), Dword(saved));
+        Store(keys::Kauri, _T("IsochPayloadAlignment"), alignment);
+        Store(keys::Kauri, _T("MAUSBProtocolVersion"), Sz(version));
+        const Editor sheet(tabs::Identity);
+        EXPECT_EQ(sheet.CheckOf(IDC_ALIGNMENT_BYTE), stored == 1 ? BST_CHECKED : BST_UNCHECKED);
+        EXPECT_EQ(sheet.ItemsOf(IDC_PROTOCOL_VERSION), std::vector<Text>{_T("MAUSB 1.0a")});
+        EXPECT_EQ(sheet.SelectionOf(IDC_PROTOCOL_VERSION), 0);
+        sheet.Click(IDC_REFUSE_SLEEP);
+        sheet.Pick(IDC_PROTOCOL_VERSION, 0);
+        EXPECT_FALSE(sheet.CanApply()) << "the only entry, selected again";
+        sheet.Ok();
+        EXPECT_EQ(Stored(keys::Kauri, _T("IsochPayloadAlignment")), Dword(stored));
         EXPECT_EQ(Stored(keys::Kauri, _T("MAUSBProtocolVersion")), Sz(_T("MAUSB 1.0a")));
     }
 }
 
 TEST_F(IdentityTest, TransferSizeFollowsItsSwitchAndIsNeverShown)
 {
-    // The page reads its controls while it comes up: a number that the control holds as another one marks it.
+    // The page reads its controls when it is made: a number that the control holds as another one marks the
+    // page.
     for (const auto& [stored, held] : {std::pair<DWORD, DWORD>{0, 0}, {1, 1}, {2, 1}, {0xFFFFFFFF, 0}})
     {
         SCOPED_TRACE(stored);
-        StoreTree({{keys::Kauri,
-                    {{_T("MaxUSBTransferSize"), Dword(0xFFFFFFFE)},
-                     {_T("UseDefaultMaxUSBTransferSize"), Dword(stored)}}}});
-        RunOnTab(tabs::Identity, [marked = stored == 2, was = held](const Sheet& sheet) {
-            EXPECT_EQ(sheet.CanApply(), marked);
-            EXPECT_EQ(sheet.TextOf(IdSize), _T("-2"));
-            for (const int id : {IdSizeLabel, IdSize, IdUseDefaultSize})
-            {
-                EXPECT_FALSE(sheet.IsShown(id)) << id;
-                EXPECT_EQ(sheet.IsEnabled(id), was == 0 && id != IdUseDefaultSize) << id;
-            }
-            // What nobody sees works all the same.
-            SendMessageW(sheet.Control(IdUseDefaultSize), BM_SETCHECK, 1 - was, 0);
-            SendMessageW(sheet.Page(), WM_COMMAND, MAKEWPARAM(IdUseDefaultSize, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(sheet.Control(IdUseDefaultSize)));
-            EXPECT_TRUE(sheet.IsEnabled(IdSize) == (was != 0) && sheet.IsEnabled(IdSizeLabel) == (was != 0));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.SetText(IdSize, _T("4096"));
-            EXPECT_TRUE(sheet.CanApply());
-            sheet.SetText(IdSize, _T("04096"));
-            EXPECT_FALSE(sheet.CanApply());
-            sheet.Ok();
-        });
+        Store(keys::Kauri, _T("MaxUSBTransferSize"), Dword(0xFFFFFFFE));
+        Store(keys::Kauri, _T("UseDefaultMaxUSBTransferSize"), Dword(stored));
+        const Editor sheet(tabs::Identity);
+        EXPECT_EQ(sheet.CanApply(), stored == 2);
+        EXPECT_EQ(sheet.TextOf(IDC_MAX_TRANSFER_SIZE), _T("-2"));
+        for (const int id :
+             {IDC_MAX_TRANSFER_SIZE_LABEL, IDC_MAX_TRANSFER_SIZE, IDC_USE_DEFAULT_MAX_TRANSFER_SIZE})
+        {
+            EXPECT_FALSE(sheet.IsShown(id)) << id;
+            EXPECT_EQ(sheet.IsEnabled(id), held == 0 && id != IDC_USE_DEFAULT_MAX_TRANSFER_SIZE) << id;
+        }
+        const HWND box = sheet.Control(IDC_USE_DEFAULT_MAX_TRANSFER_SIZE);
+        SendMessageW(box, BM_SETCHECK, 1 - held, 0);
+        SendMessageW(sheet.Page(), WM_COMMAND, MAKEWPARAM(IDC_USE_DEFAULT_MAX_TRANSFER_SIZE, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(box));
+        EXPECT_TRUE(sheet.CanApply());
+        EXPECT_EQ(sheet.IsEnabled(IDC_MAX_TRANSFER_SIZE), held != 0);
+        EXPECT_EQ(sheet.IsEnabled(IDC_MAX_TRANSFER_SIZE_LABEL), held != 0);
+        sheet.SetText(IDC_MAX_TRANSFER_SIZE, _T("4096"));
+        EXPECT_TRUE(sheet.CanApply());
+        sheet.SetText(IDC_MAX_TRANSFER_SIZE, _T("04096"));
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Ok();
         EXPECT_EQ(Stored(keys::Kauri, _T("MaxUSBTransferSize")), Dword(4096));
         EXPECT_EQ(Stored(keys::Kauri, _T("UseDefaultMaxUSBTransferSize")), Dword(1 - held));
     }

@@ -1,20 +1,14 @@
-// MAUSB Media Settings: what its network type and its logging bring to life, and its two identifiers.
+// MAUSB Media Settings: the controls that its network type and its logging enable, its two identifiers, its
+// port tables.
+#include "resource.h"
 #include "support/scripts.h"
 
 namespace
 {
-constexpr int IdTCP = 1066;
-constexpr int IdUDP = 1067;
-constexpr int IdLog = 1055;
-constexpr int IdOUI = 1115;
-constexpr int IdPID = 1117;
-
 class MediaTest : public SettingsTest
 {
 protected:
-    static void StoreValue(LPCTSTR name, const StoredValue& value) { Store(keys::Kauri, name, value); }
     static StoredValue StoredUnder(LPCTSTR name) { return Stored(keys::Kauri, name); }
-
     static void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled)
     {
         for (const int id : ids)
@@ -24,11 +18,22 @@ protected:
     }
     static void ExpectNetwork(const Sheet& sheet, bool udp)
     {
-        EXPECT_EQ(sheet.CheckOf(udp ? IdUDP : IdTCP), BST_CHECKED);
-        ExpectEnabled(sheet, {1057, 1056, 1060, 1118, 1119, 1139, 1190, 1191}, !udp);
-        ExpectEnabled(sheet, {1065, 1078, 1064, 1077, 1063, 1121, 1120}, udp);
-        ExpectEnabled(sheet, {1069, IdTCP, IdUDP, IdLog, 1185, 1186, 1070, 1072, IdOUI, IdPID, 1123}, true);
-        for (const int unused : {1157, 1151, 1152, 1153, 1154})
+        EXPECT_EQ(sheet.CheckOf(udp ? IDC_NETWORK_UDP : IDC_NETWORK_TCP), BST_CHECKED);
+        ExpectEnabled(
+            sheet,
+            {IDC_TCP_CLIENT_ADDRESS, IDC_TCP_CLIENT_ADDRESS_LABEL, IDC_TCP_OPTIONS, IDC_TCP_PACKET_SIZE_LABEL,
+             IDC_TCP_PACKET_SIZE, IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS, IDC_TCP_SERVER_PORTS},
+            !udp);
+        ExpectEnabled(sheet,
+                      {IDC_UDP_ADDRESS, IDC_UDP_PORT, IDC_UDP_ADDRESS_LABEL, IDC_UDP_PORT_LABEL,
+                       IDC_UDP_OPTIONS, IDC_UDP_PACKET_SIZE_LABEL, IDC_UDP_PACKET_SIZE},
+                      udp);
+        ExpectEnabled(sheet,
+                      {IDC_NETWORK_TYPE, IDC_NETWORK_LOG, IDC_TCP_CLIENT_OPTIONS, IDC_TCP_SERVER_OPTIONS,
+                       IDC_SNAP_OPTIONS, IDC_MAC_ADDRESS, IDC_SNAP_OUI, IDC_SNAP_PID, IDC_SNAP_PACKET_SIZE},
+                      true);
+        for (const int unused :
+             {IDC_USE_UDP_FOR_ISOCH, IDC_ISOCH_LABEL, IDC_ISOCH, IDC_MAX_ISOCH_LABEL, IDC_MAX_ISOCH})
         {
             EXPECT_FALSE(sheet.IsShown(unused) || sheet.IsEnabled(unused)) << unused;
         }
@@ -36,115 +41,110 @@ protected:
 };
 }  // namespace
 
-TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreLive)
+TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreEnabled)
 {
-    // Only the exact text is UDP; neither its terminator nor its type matters. Of the log what the check box
-    // holds is saved.
+    // Only the exact text is UDP, with or without its terminator and of any type. Of the log what the check
+    // box holds is stored.
     const std::tuple<StoredValue, bool, DWORD, DWORD> cases[] = {
         {Sz(_T("udp/ip")), false, 0, 0},
         {Sz(_T("UDP/IP ")), false, 1, 1},
-        {Dword(1), false, 2, 1},
-        {Binary({'U', 0, 'D', 0, 'P', 0, '/', 0, 'I', 0, 'P', 0}), true, 3, 0},
+        {Binary({'U', 0, 'D', 0, 'P', 0, '/', 0, 'I', 0, 'P', 0}), true, 2, 1},
         {Sz(_T("UDP/IP")), true, 0xFFFFFFFF, 0}};
-    for (const auto& [type, isUDP, log, logSaved] : cases)
+    for (const auto& [type, udp, log, logStored] : cases)
     {
-        StoreValue(_T("NetworkType"), type);
-        StoreValue(_T("NetworkLevelLog"), Dword(log));
-        RunOnTab(tabs::Media, [udp = isUDP, logs = logSaved != 0](const Sheet& sheet) {
-            for (const bool turned : {false, true, false})
-            {
-                ExpectNetwork(sheet, udp != turned);
-                ExpectEnabled(sheet, {1073, 1074}, logs != turned);
-                sheet.Click(udp == turned ? IdUDP : IdTCP);
-                sheet.Click(IdLog);
-            }
-            sheet.Click(udp ? IdUDP : IdTCP);
-            sheet.Click(IdLog);
-            sheet.Ok();
-        });
-        EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(isUDP ? _T("UDP/IP") : _T("TCP/IP")));
-        EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(logSaved));
-    }
-}
-
-TEST_F(MediaTest, SnapIdentifiersComeUpAsLoadedAndTheLastOneMarks)
-{
-    using Identifier = std::pair<DWORD, Text>;  // and what it is shown as
-    for (const auto& [first, second] :
-         {std::pair{Identifier(0, _T("0")), Identifier(0, _T("0"))},
-          {Identifier(0x506F9A, _T("506F9A")), Identifier(0, _T("0"))},
-          {Identifier(0x80000000, _T("FFFFFFFF80000000")), Identifier(0xFFFFFFFF, Text(16, _T('F')))}})
-    {
-        StoreValue(_T("SnapIdOUI"), Dword(first.first));
-        StoreValue(_T("SnapIdPID"), Dword(second.first));
-        RunEditor([&oui = first, &pid = second](const Sheet& sheet) {
-            // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0"
-            // in the PID's; then what was loaded, in each; and the mark told again once the page is
-            // known.
-            Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
-            events.resize(4);
-            const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
-            EXPECT_EQ(events, (Events{markOf(oui.first), "unmarked", markOf(oui.first), markOf(pid.first)}));
-            EXPECT_EQ(sheet.CanApply(), pid.first != 0);
-            // The members are back at the loaded numbers: the same text again changes nothing.
-            for (const auto& [id, text] : {std::pair{IdOUI, oui.second}, {IdPID, pid.second}})
-            {
-                EXPECT_EQ(sheet.TextOf(id), text);
-                sheet.SetText(id, text);
-                EXPECT_FALSE(sheet.CanApply());
-            }
-            sheet.Ok();
-        });
-        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(first.first));
-        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(second.first));
-    }
-}
-
-TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnythingPasted)
-{
-    RunOnTab(tabs::Media, [](const Sheet& sheet) {
-        const auto expectStored = [&sheet](int id, DWORD number) {
-            sheet.Click(IdLog);
-            sheet.Apply();
-            EXPECT_EQ(StoredUnder(id == IdOUI ? _T("SnapIdOUI") : _T("SnapIdPID")), Dword(number));
-        };
-        for (const int id : {IdOUI, IdPID})
+        Store(keys::Kauri, _T("NetworkType"), type);
+        Store(keys::Kauri, _T("NetworkLevelLog"), Dword(log));
+        const Editor sheet(tabs::Media);
+        for (const bool turned : {false, true, false})
         {
-            sheet.Retype(id, _T("g1 -fZ0x"));
-            EXPECT_EQ(sheet.TextOf(id), _T("1f0"));
-            expectStored(id, 0x1F0);
-            sheet.Retype(id, _T("FFFFFFFF80000001"));
-            expectStored(id, 0x80000001);
-            sheet.Retype(id, {});
-            expectStored(id, 0);
-            // The prefix counts as a digit of 33 here; more than the page's exchange looks at is
-            // stored all the same.
-            sheet.SetText(id, _T("0x1F"));
-            expectStored(id, 33 * 256 + 0x1F);
-            sheet.SetText(id, Text(63, _T('0')) + _T("1"));
-            expectStored(id, 1);
+            ExpectNetwork(sheet, udp != turned);
+            ExpectEnabled(sheet, {IDC_MAX_BYTES_TO_LOG, IDC_MAX_BYTES_TO_LOG_LABEL},
+                          (logStored != 0) != turned);
+            sheet.Click(udp == turned ? IDC_NETWORK_UDP : IDC_NETWORK_TCP);
+            sheet.Click(IDC_NETWORK_LOG);
         }
-        // What is no number holds the page, without a prompt. What the exchange reaches before it is
-        // taken, what lies behind it is not.
-        EXPECT_EQ(CountPrompts([&sheet] {
-                      sheet.SetText(IdOUI, _T("zz"));
-                      EXPECT_FALSE(sheet.CanApply());
-                      sheet.Ok();
-                      EXPECT_TRUE(sheet.IsOpen());
-                      EXPECT_EQ(GetFocus(), sheet.Control(IdOUI));
-                      sheet.Retype(1072, _T("a"));
-                      EXPECT_TRUE(sheet.CanApply());
-                      sheet.Retype(1123, _T("7"));
-                      EXPECT_FALSE(sheet.CanApply());
-                  }),
-                  0);
+        sheet.Click(udp ? IDC_NETWORK_UDP : IDC_NETWORK_TCP);
+        sheet.Click(IDC_NETWORK_LOG);
+        sheet.Ok();
+        EXPECT_EQ(StoredUnder(_T("NetworkType")), Sz(udp ? _T("UDP/IP") : _T("TCP/IP")));
+        EXPECT_EQ(StoredUnder(_T("NetworkLevelLog")), Dword(logStored));
+    }
+}
+
+TEST_F(MediaTest, SnapIdentifiersAreShownAsLoadedAndTheLastOneMarks)
+{
+    const std::tuple<DWORD, Text, DWORD, Text> cases[] = {
+        {0, _T("0"), 0, _T("0")},
+        {0x506F9A, _T("506F9A"), 0, _T("0")},
+        {0x80000000, _T("FFFFFFFF80000000"), 0xFFFFFFFF, Text(16, _T('F'))}};
+    for (const auto& [oui, ouiText, pid, pidText] : cases)
+    {
+        Store(keys::Kauri, _T("SnapIdOUI"), Dword(oui));
+        Store(keys::Kauri, _T("SnapIdPID"), Dword(pid));
+        const Editor sheet;
+        // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0" in the
+        // PID's; the loaded number in each; and the mark once more when the page is made.
+        Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
+        events.resize(4);
+        const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
+        EXPECT_EQ(events, (Events{markOf(oui), "unmarked", markOf(oui), markOf(pid)}));
+        EXPECT_EQ(sheet.CanApply(), pid != 0);
+        // The members are the loaded numbers again: the same text changes nothing.
+        for (const auto& [id, text] : {std::pair{IDC_SNAP_OUI, ouiText}, {IDC_SNAP_PID, pidText}})
+        {
+            EXPECT_EQ(sheet.TextOf(id), text);
+            sheet.SetText(id, text);
+            EXPECT_FALSE(sheet.CanApply());
+        }
+        sheet.Ok();
+        EXPECT_EQ(StoredUnder(_T("SnapIdOUI")), Dword(oui));
+        EXPECT_EQ(StoredUnder(_T("SnapIdPID")), Dword(pid));
+    }
+}
+
+TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnyPastedText)
+{
+    const Editor sheet(tabs::Media);
+    for (const auto& [id, name] : {std::pair{IDC_SNAP_OUI, _T("SnapIdOUI")}, {IDC_SNAP_PID, _T("SnapIdPID")}})
+    {
+        sheet.Retype(id, _T("g1 -fZ0x"));
+        EXPECT_EQ(sheet.TextOf(id), _T("1f0"));
+        // The prefix counts as a digit of 33 here, and what is beyond the 63 characters of the exchange is
+        // stored too.
+        const std::pair<Text, DWORD> cases[] = {{_T("1f0"), 0x1F0},
+                                                {_T("FFFFFFFF80000001"), 0x80000001},
+                                                {{}, 0},
+                                                {_T("0x1F"), 33 * 256 + 0x1F},
+                                                {Text(63, _T('0')) + _T("1"), 1}};
+        for (const auto& [text, number] : cases)
+        {
+            sheet.SetText(id, text);
+            sheet.Click(IDC_NETWORK_LOG);
+            sheet.Apply();
+            EXPECT_EQ(StoredUnder(name), Dword(number)) << Printable(text);
+        }
+    }
+    // A text that is no number keeps the user on the page, without a prompt. The exchange takes the controls
+    // before it and none behind it.
+    const int prompts = CountPrompts([&] {
+        sheet.SetText(IDC_SNAP_OUI, _T("zz"));
+        EXPECT_FALSE(sheet.CanApply());
+        sheet.Ok();
+        EXPECT_TRUE(sheet.IsOpen());
+        EXPECT_EQ(GetFocus(), sheet.Control(IDC_SNAP_OUI));
+        sheet.Retype(IDC_MAC_ADDRESS, _T("a"));
+        EXPECT_TRUE(sheet.CanApply());
+        sheet.Retype(IDC_SNAP_PACKET_SIZE, _T("7"));
+        EXPECT_FALSE(sheet.CanApply());
     });
+    EXPECT_EQ(prompts, 0);
 }
 
 TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
 {
-    for (const auto& [button, title, table] : {std::tuple{1190, titles::ClientPorts, keys::ClientPorts},
-                                               {1191, titles::ServerPorts, keys::ServerPorts}})
+    for (const auto& [button, title, table] :
+         {std::tuple{IDC_TCP_CLIENT_PORTS, titles::ClientPorts, keys::ClientPorts},
+          {IDC_TCP_SERVER_PORTS, titles::ServerPorts, keys::ServerPorts}})
     {
         SetUp();
         for (int port = 1; port <= 5; ++port)
@@ -152,27 +152,25 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
             Store(table + _T("\\") + Decimal(port), _T("PacketType"), Dword(0));
         }
         const auto ports = [&key = table] { return StoredTree(key).size() - 1; };
-        RunOnTab(tabs::Media, [&, id = button, &name = title](const Sheet& sheet) {
-            const auto open = [&](const std::function<void(const Form&)>& script) {
-                WithDialog(name, sheet, id, script);
-            };
-            sheet.Apply();
-            open([](const Form& form) { form.Retype(1188, _T("81")); });
-            EXPECT_FALSE(sheet.CanApply());
-            EXPECT_EQ(ports(), 5U) << "cancelled: all as they were";
-            // Confirmed with nothing changed: marked, and cut to what the dialog shows.
-            open([](const Form& form) { form.Click(IDOK); });
-            EXPECT_TRUE(sheet.CanApply());
-            EXPECT_EQ(ports(), 5U) << "in memory only";
-            sheet.Apply();
-            EXPECT_EQ(ports(), 4U);
-            open([](const Form& form) {
-                form.Retype(1191, {});
-                form.Click(IDOK);
-            });
-            open([](const Form& form) { EXPECT_EQ(form.TextOf(1191), Text()) << "keeps its place"; });
-            sheet.Ok();
+        const Editor sheet(tabs::Media);
+        sheet.Apply();
+        WithDialog(title, sheet, button, [](const Form& form) { form.Retype(IDC_PORT_EDIT_0, _T("81")); });
+        EXPECT_FALSE(sheet.CanApply());
+        EXPECT_EQ(ports(), 5U) << "cancelled";
+        // OK with nothing changed marks the page, and keeps the ports that the dialog shows.
+        WithDialog(title, sheet, button, [](const Form& form) { form.Click(IDOK); });
+        EXPECT_TRUE(sheet.CanApply());
+        EXPECT_EQ(ports(), 5U) << "in memory only";
+        sheet.Apply();
+        EXPECT_EQ(ports(), 4U);
+        WithDialog(title, sheet, button, [](const Form& form) {
+            form.Retype(IDC_PORT_EDIT_1, {});
+            form.Click(IDOK);
         });
+        WithDialog(title, sheet, button, [](const Form& form) {
+            EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_1), Text()) << "keeps its place";
+        });
+        sheet.Ok();
         EXPECT_EQ(ports(), 3U);
         EXPECT_FALSE(KeyExists(table + _T("\\2")));
     }

@@ -1,88 +1,79 @@
-// MAUSB Protocol Settings: its three buttons.
+// The three buttons of MAUSB Protocol Settings.
+#include "resource.h"
 #include "support/scripts.h"
 
 namespace
 {
-struct Button
-{
-    int id;
-    size_t first;  // of the page's settings, those that it puts back
-    size_t end;
-};
-constexpr Button Buttons[] = {{1177, 0, 2}, {1178, 2, 11}, {1179, 11, 16}};
+// The buttons, and the boxes that they reset.
+const std::pair<int, Text> Buttons[] = {{IDC_SET_TO_DEFAULT, _T("Response Times")},
+                                        {IDC_SET_TO_SUGGESTED, _T("Media Specific")},
+                                        {IDC_SET_TO_MINIMUM, _T("Retries")}};
 
 class ProtocolTest : public SettingsTest
 {
 protected:
     const std::vector<Setting> settings = SettingsOf(tabs::Protocol);
 
-    // Each field that is set finds its member as it is already, and takes the mark away.
-    Events ClickEvents(const Button& button, bool changed) const
-    {
-        Events events = {std::to_string(button.id) + " clicked"};
-        for (size_t field = button.first; field < button.end; ++field)
-        {
-            events.push_back(std::to_string(settings[field].control) + " changed");
-            events.emplace_back("unmarked");
-        }
-        if (changed)
-        {
-            events.emplace_back("marked");
-        }
-        return events;
-    }
+    static bool IsIn(const Setting& setting, const Text& box) { return setting.control.find(box) == 0; }
 };
 }  // namespace
 
-TEST_F(ProtocolTest, ButtonPutsItsGroupBackAndNoOther)
+TEST_F(ProtocolTest, ButtonResetsItsBoxAndNoOther)
 {
-    for (const Button& button : Buttons)
+    for (const auto& [button, box] : Buttons)
     {
-        SCOPED_TRACE(button.id);
+        SCOPED_TRACE(button);
         StoreTree(TreeOf(settings, &Setting::changed));
-        RunOnTab(tabs::Protocol, [&](const Sheet& sheet) {
-            for (const bool changes : {true, false})
+        const Editor sheet(tabs::Protocol);
+        for (const bool changes : {true, false})
+        {
+            // The change of each edit finds its member set already, and takes the mark away.
+            Events expected = {std::to_string(button) + " clicked"};
+            const Events events = EventsOf(sheet, [&, id = button] { sheet.Click(id); });
+            for (const Setting& setting : settings)
             {
-                EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(button.id); }), ClickEvents(button, changes));
-                EXPECT_EQ(sheet.CanApply(), changes);
-                for (size_t field = 0; field < settings.size(); ++field)
+                const bool isReset = IsIn(setting, box);
+                setting.ExpectShown(sheet, isReset ? setting.initial : setting.changed);
+                if (isReset)
                 {
-                    const bool isSet = field >= button.first && field < button.end;
-                    settings[field].ExpectShown(sheet,
-                                                isSet ? settings[field].initial : settings[field].changed);
+                    expected.push_back(std::to_string(setting.id) + " changed");
+                    expected.emplace_back("unmarked");
                 }
             }
-            EXPECT_EQ(StoredTree(keys::Kauri), TreeOf(settings, &Setting::changed));
-        });
+            if (changes)
+            {
+                expected.emplace_back("marked");
+            }
+            EXPECT_EQ(events, expected);
+            EXPECT_EQ(sheet.CanApply(), changes);
+        }
+        EXPECT_EQ(StoredTree(keys::Kauri), TreeOf(settings, &Setting::changed));
     }
 }
 
-TEST_F(ProtocolTest, ButtonMarksForAnyOneFieldOfItsGroup)
+TEST_F(ProtocolTest, ButtonMarksForAnyOneFieldOfItsBox)
 {
-    RunOnTab(tabs::Protocol, [this](const Sheet& sheet) {
-        for (const Button& button : Buttons)
+    const Editor sheet(tabs::Protocol);
+    for (const auto& [button, box] : Buttons)
+    {
+        for (const Setting& setting : settings)
         {
-            for (size_t field = 0; field < settings.size(); ++field)
-            {
-                settings[field].Enter(sheet, settings[field].changed);
-                sheet.Click(button.id);
-                EXPECT_EQ(sheet.CanApply(), field >= button.first && field < button.end)
-                    << button.id << ' ' << settings[field].control;
-                settings[field].Enter(sheet, settings[field].initial);
-            }
+            setting.Enter(sheet, setting.changed);
+            sheet.Click(button);
+            EXPECT_EQ(sheet.CanApply(), IsIn(setting, box)) << button << ' ' << setting.id;
+            setting.Enter(sheet, setting.initial);
         }
-    });
+    }
 }
 
 TEST_F(ProtocolTest, ButtonFillsAnEmptiedField)
 {
-    RunOnTab(tabs::Protocol, [](const Sheet& sheet) {
-        // The member has kept its number, which is the one that the button puts there. But the field
-        // that is filled before it reads all fields, and stumbles over the empty one.
-        EXPECT_EQ(CountPrompts([&sheet] { sheet.Retype(1088, {}); }), 1);
-        EXPECT_EQ(CountPrompts([&sheet] { sheet.Click(1178); }), 1);
-        EXPECT_EQ(sheet.TextOf(1088), _T("100"));
-        EXPECT_FALSE(sheet.CanApply());
-        EXPECT_TRUE(sheet.Select(tabs::General));
-    });
+    const Editor sheet(tabs::Protocol);
+    // The member keeps its number, which is the one that the button sets. But the field that is set before it
+    // reads all fields, and prompts for the empty one.
+    EXPECT_EQ(CountPrompts([&] { sheet.Retype(IDC_MANAGEMENT_DELAY_TCP, {}); }), 1);
+    EXPECT_EQ(CountPrompts([&] { sheet.Click(IDC_SET_TO_SUGGESTED); }), 1);
+    EXPECT_EQ(sheet.TextOf(IDC_MANAGEMENT_DELAY_TCP), _T("100"));
+    EXPECT_FALSE(sheet.CanApply());
+    EXPECT_TRUE(sheet.Select(tabs::General));
 }

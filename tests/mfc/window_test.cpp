@@ -1,4 +1,5 @@
 // Windows and objects, the exchange of numbers, and the modal loop.
+#include "resource.h"
 #include "support/scripts.h"
 
 #include <afxwin.h>
@@ -56,39 +57,39 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
     {
         cases.emplace_back(none, 1LL << 40);
     }
-    RunOnTab(tabs::Xhci, [&cases](const Sheet& sheet) {
-        for (const auto& [text, number] : cases)
+    const Editor sheet(tabs::Xhci);
+    for (const auto& [text, number] : cases)
+    {
+        SCOPED_TRACE(Printable(text));
+        const bool isInt = number == static_cast<int>(number);
+        const auto enter = [&, &typed = text] { sheet.SetText(IDC_ISOCH_DELAY_HS_READ, typed); };
+        EXPECT_EQ(CountPrompts(enter), isInt ? 0 : 1);
+        if (isInt)
         {
-            SCOPED_TRACE(Printable(text));
-            const bool isInt = number == static_cast<int>(number);
-            EXPECT_EQ(CountPrompts([&, &typed = text] { sheet.SetText(1012, typed); }), isInt ? 0 : 1);
-            if (isInt)
-            {
-                sheet.Apply();
-                EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
-                          Dword(static_cast<DWORD>(number)));
-            }
-            else
-            {
-                EXPECT_EQ(GetFocus(), sheet.Control(1012));
-                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
-            }
-            EXPECT_EQ(CountPrompts([&] { sheet.SetText(1012, _T("77")); }), 0);
-        }
-        sheet.Select(tabs::Media);
-        for (const auto& [text, number] : cases)
-        {
-            SCOPED_TRACE(Printable(text));
-            const bool isUnsigned = number == static_cast<UINT>(number);
-            WithDialog(titles::AdvancedTCP, sheet, 1139, [&, &typed = text](const Form& form) {
-                form.SetText(1061, typed);
-                EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
-            });
             sheet.Apply();
-            const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
-            EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
+            EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
+                      Dword(static_cast<DWORD>(number)));
         }
-    });
+        else
+        {
+            EXPECT_EQ(GetFocus(), sheet.Control(IDC_ISOCH_DELAY_HS_READ));
+            EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
+        }
+        EXPECT_EQ(CountPrompts([&] { sheet.SetText(IDC_ISOCH_DELAY_HS_READ, _T("77")); }), 0);
+    }
+    sheet.Select(tabs::Media);
+    for (const auto& [text, number] : cases)
+    {
+        SCOPED_TRACE(Printable(text));
+        const bool isUnsigned = number == static_cast<UINT>(number);
+        WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [&, &typed = text](const Form& form) {
+            form.SetText(IDC_TCP_SEND_DELAY, typed);
+            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
+        });
+        sheet.Apply();
+        const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
+        EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
+    }
 }
 
 TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)

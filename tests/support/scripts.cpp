@@ -1,5 +1,7 @@
 #include "support/scripts.h"
 
+#include "framework/ControlNames.h"
+#include "resource.h"
 #include "shell/QBSettingsApp.h"
 
 #include <commctrl.h>
@@ -110,39 +112,90 @@ bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
 }
 }  // namespace
 
-bool TryRunEditor(const std::function<void(Sheet&)>& script)
+namespace
 {
+// What the program tells screen readers, by the window.
+std::map<HWND, Text> givenNames;
+
+HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name)
+{
+    givenNames[window] = name;
+    return S_OK;
+}
+
+// Wine 8 has the service for names, but it takes none: from now on ours keeps them.
+void KeepNames()
+{
+    LoadLibraryW(_T("oleacc.dll"));
+    CoInitialize(nullptr);
+    IAccPropServices* service = nullptr;
+    CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
+                     reinterpret_cast<void**>(&service));
+    void** setHwndPropStr = *reinterpret_cast<void***>(service) + 7;
+    DWORD protection = 0;
+    VirtualProtect(setHwndPropStr, sizeof(void*), PAGE_READWRITE, &protection);
+    *setHwndPropStr = reinterpret_cast<void*>(KeepName);
+    service->Release();
+    CoUninitialize();
+}
+
+// The program runs in a fiber of its own, so that a test goes on while the sheet waits for its user.
+void* testFiber = nullptr;
+HWND opened = nullptr;  // while the program runs
+
+void CALLBACK RunProgram(void*)
+{
+    const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
+    const auto giveControl = [](const Form& form) {
+        opened = form.Window();
+        SwitchToFiber(testFiber);
+    };
+    for (;;)
+    {
+        EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error}, giveControl), 1) << "no sheet and no error box";
+        opened = nullptr;
+        SwitchToFiber(testFiber);
+    }
+}
+
+void* ProgramFiber()
+{
+    static void* const fiber = [] {
+        KeepNames();
+        testFiber = ConvertThreadToFiber(nullptr);
+        return CreateFiber(size_t{1} << 23, RunProgram, nullptr);
+    }();
+    return fiber;
+}
+
+HWND StartProgram()
+{
+    givenNames.clear();
     // The tests are the first instance, whatever else runs on the machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
-    bool shown = false;
-    const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
-    const auto act = [&](const Form& form) {
-        shown = form.Title() == SheetTitle;
-        Sheet sheet(form.Window());
-        if (shown)
-        {
-            script(sheet);
-        }
-        if (!shown || sheet.IsOpen())
-        {
-            SendMessageW(sheet.Window(), WM_COMMAND, IDCANCEL, 0);
-        }
-    };
-    EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error}, act), 1) << "no sheet and no error box";
-    return shown;
+    SwitchToFiber(ProgramFiber());
+    return opened;
+}
+}  // namespace
+
+Editor::Editor(const Text& tab) : Sheet(StartProgram())
+{
+    if (!tab.empty())
+    {
+        EXPECT_TRUE(Select(tab)) << Printable(tab);
+    }
 }
 
-void RunEditor(const std::function<void(Sheet&)>& script)
+Editor::~Editor()
 {
-    EXPECT_TRUE(TryRunEditor(script)) << "no sheet";
-}
-
-void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script)
-{
-    RunEditor([&](Sheet& sheet) {
-        ASSERT_TRUE(sheet.Select(tab)) << Printable(tab);
-        script(sheet);
-    });
+    if (!HasSheet() || IsOpen())
+    {
+        SendMessageW(Window(), WM_COMMAND, IDCANCEL, 0);
+    }
+    if (opened != nullptr)
+    {
+        SwitchToFiber(ProgramFiber());
+    }
 }
 
 void WithDialog(const Text& title, const std::function<void()>& open,
@@ -191,23 +244,56 @@ Events EventsOf(const Sheet& sheet, const std::function<void()>& steps)
     return events;
 }
 
-void ForEachForm(const std::function<void(const Form&, const Text& name)>& check)
+void ForEachForm(const std::function<void(const Form&, const Text& title)>& check)
 {
-    RunEditor([&check](const Sheet& sheet) {
-        for (const Text& tab : AllTabs)
+    const Editor sheet;
+    for (const Text& tab : sheet.Tabs())
+    {
+        SCOPED_TRACE(Printable(tab));
+        ASSERT_TRUE(sheet.Select(tab));
+        check(sheet, tab);
+    }
+    sheet.Select(tabs::Media);
+    for (const auto& [button, title] :
+         {std::pair{IDC_ADVANCED_TCP, titles::AdvancedTCP}, {IDC_TCP_CLIENT_PORTS, titles::ClientPorts}})
+    {
+        WithDialog(title, sheet, button,
+                   [&check, &name = title](const Form& dialog) { check(dialog, name); });
+    }
+}
+
+Text BoxOf(HWND control)
+{
+    Text title;
+    RECT inner = {};
+    RECT least = {};
+    GetWindowRect(control, &inner);
+    for (const HWND box : ControlsOf(GetParent(control)))
+    {
+        RECT place = {};
+        RECT common = {};
+        GetWindowRect(box, &place);
+        if (ButtonTypeOf(box) == BS_GROUPBOX && box != control && IntersectRect(&common, &inner, &place) &&
+            EqualRect(&common, &inner) &&
+            (title.empty() || place.right - place.left < least.right - least.left))
         {
-            SCOPED_TRACE(Printable(tab));
-            ASSERT_TRUE(sheet.Select(tab));
-            check(sheet, tab);
+            title = Form(box).Title();
+            least = place;
         }
-        sheet.Select(tabs::Media);
-        for (const auto& [button, title] :
-             {std::pair{1139, titles::AdvancedTCP}, {1190, titles::ClientPorts}})
-        {
-            WithDialog(title, sheet, button,
-                       [&check, &name = title](const Form& dialog) { check(dialog, name); });
-        }
-    });
+    }
+    return title;
+}
+
+Text NameOf(HWND control)
+{
+    if (givenNames.count(control) != 0)
+    {
+        return givenNames[control];
+    }
+    const HWND label = GetWindow(control, GW_HWNDPREV);
+    return ButtonTypeOf(control) >= 0  ? Form(control).Title()
+           : IsOf(label, _T("Static")) ? Form(label).Title()
+                                       : Text();
 }
 
 HWND TipControlOf(HWND dialog)

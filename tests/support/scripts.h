@@ -1,46 +1,54 @@
-// Scripts of a user's steps in the editor, run within the test program while the editor waits for them.
+// A user's steps in the editor, which runs within the test program.
 #pragma once
 
 #include "support/settings.h"
 
 #include <functional>
 
-// Runs the program's InitInstance and, once the sheet is up and waits for the user, the script; afterwards a
-// sheet that still stands is cancelled. Fails the test if no sheet appears within half a minute.
-void RunEditor(const std::function<void(Sheet&)>& script);
-// The same with the page of that tab in front.
-void RunOnTab(const Text& tab, const std::function<void(Sheet&)>& script);
-// As RunEditor, where there may be no sheet but the program's error box, which is confirmed; tells whether it
-// was the sheet.
-bool TryRunEditor(const std::function<void(Sheet&)>& script);
+// Runs the program's InitInstance until its sheet, or its error box, waits for the user; the test then goes
+// on. The end of the scope cancels what is still open and returns from InitInstance. Fails the test if
+// nothing opens within half a minute. There is one at a time.
+class Editor : public Sheet
+{
+public:
+    // With the page of that tab in front.
+    explicit Editor(const Text& tab = {});
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+    ~Editor() override;
 
-// Opens the editor and runs the check on each page and then on both dialogs, under their tabs and
-// titles.
-void ForEachForm(const std::function<void(const Form&, const Text& name)>& check);
+    // False if the error box is open.
+    bool HasSheet() const { return Title() == SheetTitle; }
+};
 
-// Does what opens a window of that title and waits in a modal loop of its own; the script is run once the
-// window is there, and a dialog that it leaves open is cancelled. Fails the test if none comes within half a
-// minute.
+// Opens the editor and checks each page and then both dialogs, under their titles.
+void ForEachForm(const std::function<void(const Form&, const Text& title)>& check);
+
+// Opens a window of that title that runs a modal loop, runs the script on it and cancels it if the script
+// leaves it open. Fails the test if the window does not open within half a minute.
 void WithDialog(const Text& title, const std::function<void()>& open,
                 const std::function<void(const Form&)>& script);
-// The same, opened by a button.
 void WithDialog(const Text& title, const Form& opener, int button,
                 const std::function<void(const Form&)>& script);
-// The class library's prompts on edits that hold no number, while the steps run: each is looked at and
-// confirmed. Gives their count.
+// Confirms each prompt for an edit without a number during the steps, and gives their count.
 int CountPrompts(const std::function<void()>& steps);
 
 using Events = std::vector<std::string>;
 
-// What a page is told by its edits and buttons and tells its sheet of its mark while the steps run, in order:
-// "1099 changed", "1177 clicked", "marked", "unmarked".
+// The notifications of a page's edits and buttons and the changes of its mark during the steps: "1099
+// changed", "1177 clicked", "marked", "unmarked".
 Events EventsOf(const Sheet& sheet, const std::function<void()>& steps);
 
-// The tooltip control that has tools on a dialog's controls, or null.
+// The title of the innermost group box around a control; empty if there is none.
+Text BoxOf(HWND control);
+// What a screen reader says for a control: the name that the program gives, its own text, or the label before
+// it.
+Text NameOf(HWND control);
+
+// The tooltip control with tools in a dialog, or null.
 HWND TipControlOf(HWND dialog);
 // All tooltip controls of the program, those without a tool included.
 int CountTipControls();
-// The ids of the controls that have a tip, in the order in which they got it.
+// The ids of the controls with a tip, in the order of registration.
 std::vector<int> TipsOf(HWND dialog);
-// What a tip says.
 Text TipText(HWND dialog, int id);

@@ -1,111 +1,16 @@
 #include "support/settings.h"
 
-#include <algorithm>
+#include "support/scripts.h"
 
-const std::vector<Text> AllTabs = {tabs::General, tabs::Drivers,  tabs::Chapter9,
-                                   tabs::Waivers, tabs::Xhci,     tabs::Identity,
-                                   tabs::Media,   tabs::Protocol, tabs::HostUnderTest};
+#include <algorithm>
+#include <sstream>
 
 namespace
 {
 using enum Setting::Kind;
 
-const Tools Ehci = {AlderQB, ElmQB, HazelQB};
-const Tools Xhci = {BirchQB, FirQB, GinkgoQB};
-const Tools XhciStack = {BirchQB, FirQB, GinkgoQB, KauriQB, CedarQB};
-const Tools Drivers = {AlderQB, ElmQB, HazelQB, BirchQB, FirQB, GinkgoQB, CedarQB, KauriQB};
-const Tools Waivers = {BirchQB, AlderQB, FirQB};
-const Tools Kauri = {KauriQB};
-const Text PortType = _T("PacketType");
-
-std::vector<Setting> MakeSettings()
-{
-    const StoredValue id = Binary(std::vector<BYTE>(16, 0x5A));
-    // clang-format off
-    return {
-        {tabs::General, Check, 1006, keys::Bench, _T("CertificationMode"), Dword(0), Dword(1), {}},
-        {tabs::General, List, 1053, keys::Bench, _T("QBLogVerbosity"), Dword(3), Dword(1), {}},
-        {tabs::General, Number, 1127, keys::Bench, _T("QBMinimumDisplayUpdateTime"), Dword(300), Dword(1250), {}},
-        {tabs::Drivers, Check, 1032, keys::TestServices, _T("EnableEhciStackSwitcher"), Dword(1), Dword(0), Ehci},
-        {tabs::Drivers, Path, 1034, keys::EhciDriver, _T("Path"), Sz({}), Sz(_T("C:\\ehci\\")), Ehci},
-        {tabs::Drivers, Check, 1036, keys::TestServices, _T("EnableXhciStackSwitcher"), Dword(1), Dword(0), XhciStack},
-        {tabs::Drivers, Path, 1038, keys::XhciDriver, _T("Path"), Sz({}), Sz(_T("x")), XhciStack},
-        {tabs::Drivers, Check, 1045, keys::TestServices, _T("EnableUsb4HiStackSwitcher"), Dword(1), Dword(0), {CedarQB}},
-        {tabs::Drivers, Path, 1053, keys::Usb4Driver, _T("Path"), Sz({}), Sz(_T("\\\\usb4\\hi")), {CedarQB}},
-        {tabs::Drivers, Check, 1200, keys::TestServices, _T("EnableRvskStackSwitcher"), Dword(1), Dword(0), {CedarQB}},
-        {tabs::Drivers, Path, 1202, keys::RvskDriver, _T("Path"), Sz({}), Sz(_T("D:\\r v s k")), {CedarQB}},
-        {tabs::Drivers, Path, 1048, keys::TestServices, _T("FsLsComplianceDeviceFirmware"), Sz({}), Sz(_T("F:\\fw\\")), Drivers},
-        {tabs::Drivers, Copy, 1048, keys::TestServices, _T("fw"), Sz({}), Sz(_T("F:\\fw\\")), Drivers},
-        {tabs::Drivers, Path, 1051, keys::TestServices, _T("HSComplianceDeviceDriverPath"), Sz({}), Sz(_T("hs")), Drivers},
-        {tabs::Chapter9, Check, 1182, keys::Alder, _T("SkipBOSDescriptorLegacyDevicesAlderQB"), Dword(0), Dword(1), {AlderQB}},
-        {tabs::Chapter9, Check, 1183, keys::Birch, _T("SkipBOSDescriptorLegacyDevicesBirchQB"), Dword(0), Dword(1), {BirchQB}},
-        {tabs::Waivers, Check, 1024, keys::TestServices, _T("WaiverPortNum"), Dword(0), Dword(1), {FirQB}},
-        {tabs::Waivers, Check, 1031, keys::TestServices, _T("BT_RemoteWake_Waiver"), Dword(0), Dword(1), Waivers},
-        {tabs::Xhci, Number, 1002, keys::PortDriver, _T("IMODInterval"), Dword(160), Dword(0), Xhci},
-        {tabs::Xhci, Number, 1003, keys::TestServices, _T("IntMaxPacketStart"), Dword(0), Dword(21), Xhci},
-        {tabs::Xhci, Number, 1004, keys::TestServices, _T("IntMaxBurstStart"), Dword(0), Dword(22), Xhci},
-        {tabs::Xhci, Number, 1005, keys::TestServices, _T("IsochMaxBurstStart"), Dword(0), Dword(0x7FFFFFFF), Xhci},
-        {tabs::Xhci, Check, 1008, keys::TestServices, _T("IsochSkipRead"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1009, keys::TestServices, _T("IsochSkipWrite"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1000, keys::TestServices, _T("PromptDuringConnect"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1022, keys::TestServices, _T("InterruptSkipIOC"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1023, keys::TestServices, _T("InterruptSkipEventData"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1020, keys::TestServices, _T("InterruptSkipSG"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Check, 1021, keys::TestServices, _T("InterruptSkipContiguousBuffer"), Dword(0), Dword(1), Xhci},
-        {tabs::Xhci, Number, 1012, keys::TestServices, _T("IsochDelayBeforeHSRead"), Dword(750), Dword(0xFFFFFFFB), Xhci},
-        {tabs::Xhci, Check, 1013, keys::TestServices, _T("StopOnError"), Dword(0), Dword(1), Xhci},
-        {tabs::Identity, Passed, 1138, keys::Kauri, _T("MAUSBProtocolVersion"), Sz(_T("MAUSB 1.0a")), Sz(_T("MAUSB 1.0a")), Kauri},
-        {tabs::Identity, Radio, 1123, keys::Kauri, _T("IsochPayloadAlignment"), Dword(1), Dword(4), Kauri},
-        {tabs::Identity, Passed, 1130, keys::Kauri, _T("RootHubUUID"), id, id, Kauri},
-        {tabs::Identity, Check, 1133, keys::Kauri, _T("RefuseSleepRequests"), Dword(0), Dword(1), Kauri},
-        {tabs::Identity, Check, 1134, keys::Kauri, _T("LinkSleepCapability"), Dword(0), Dword(1), Kauri},
-        {tabs::Identity, Passed, 1149, keys::Kauri, _T("MaxUSBTransferSize"), Dword(0), Dword(0), Kauri},
-        {tabs::Identity, Passed, 1150, keys::Kauri, _T("UseDefaultMaxUSBTransferSize"), Dword(1), Dword(1), Kauri},
-        {tabs::Media, Radio, 1066, keys::Kauri, _T("NetworkType"), Sz(_T("TCP/IP")), Sz(_T("UDP/IP")), Kauri},
-        {tabs::Media, Check, 1055, keys::Kauri, _T("NetworkLevelLog"), Dword(0), Dword(1), Kauri},
-        {tabs::Media, Number, 1073, keys::Kauri, _T("MaxBytesToLog"), Dword(100), Dword(0), Kauri},
-        {tabs::Media, Line, 1057, keys::Kauri, _T("DefaultIPAddressTCPClient"), Sz({}), Sz(_T("10.0.0.1")), Kauri},
-        {tabs::Media, Line, 1065, keys::Kauri, _T("DefaultIPAddressUDP"), Sz({}), Sz(_T("no address")), Kauri},
-        {tabs::Media, Number, 1078, keys::Kauri, _T("DefaultPortNumberUDP"), Dword(9001), Dword(70000), Kauri},
-        {tabs::Media, Line, 1072, keys::Kauri, _T("MACAddr"), Sz({}), Sz(_T("00-11-22")), Kauri},
-        {tabs::Media, Hex, 1115, keys::Kauri, _T("SnapIdOUI"), Dword(0x506F9A), Dword(0xAB), Kauri},
-        {tabs::Media, Hex, 1117, keys::Kauri, _T("SnapIdPID"), Dword(0x1500), Dword(0xC0FFEE), Kauri},
-        {tabs::Media, Number, 1119, keys::Kauri, _T("MaxPacketSizeTCP"), Dword(65535), Dword(1), Kauri},
-        {tabs::Media, Number, 1120, keys::Kauri, _T("MaxPacketSizeUDP"), Dword(65507), Dword(2), Kauri},
-        {tabs::Media, Number, 1123, keys::Kauri, _T("MaxPacketSizeSNAP"), Dword(1492), Dword(3), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_SocketSendDelay"), Dword(0), Dword(0), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_SO_SNDBUF"), Dword(0), Dword(0), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_SO_RCVBUF"), Dword(0), Dword(0), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_TCP_NODELAY"), Dword(0), Dword(0), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_Default_SO_SNDBUF"), Dword(1), Dword(1), Kauri},
-        {tabs::Media, Passed, 0, keys::Kauri, _T("AdvancedTCP_Default_SO_RCVBUF"), Dword(1), Dword(1), Kauri},
-        {tabs::Media, Passed, 0, keys::ClientPorts + _T("\\9001"), PortType, Dword(0xFFFFFFFF), Dword(0xFFFFFFFF), Kauri},
-        {tabs::Media, Passed, 0, keys::ServerPorts + _T("\\9001"), PortType, Dword(0xFFFFFFFF), Dword(0xFFFFFFFF), Kauri},
-        {tabs::Protocol, Number, 1099, keys::Kauri, _T("aManagementResponseTime"), Dword(5), Dword(0), Kauri},
-        {tabs::Protocol, Number, 1100, keys::Kauri, _T("aTransferResponseTime"), Dword(10), Dword(11), Kauri},
-        {tabs::Protocol, Number, 1087, keys::Kauri, _T("aDataChannelDelayTCP"), Dword(100), Dword(31), Kauri},
-        {tabs::Protocol, Number, 1088, keys::Kauri, _T("aManagementChannelDelayTCP"), Dword(100), Dword(32), Kauri},
-        {tabs::Protocol, Number, 1089, keys::Kauri, _T("aMaxIsochLinkDelayTCP"), Dword(100), Dword(33), Kauri},
-        {tabs::Protocol, Number, 1090, keys::Kauri, _T("aDataChannelDelayUDP"), Dword(100), Dword(34), Kauri},
-        {tabs::Protocol, Number, 1091, keys::Kauri, _T("aManagementChannelDelayUDP"), Dword(100), Dword(35), Kauri},
-        {tabs::Protocol, Number, 1092, keys::Kauri, _T("aMaxIsochLinkDelayUDP"), Dword(100), Dword(36), Kauri},
-        {tabs::Protocol, Number, 1094, keys::Kauri, _T("aDataChannelDelaySNAP"), Dword(25), Dword(37), Kauri},
-        {tabs::Protocol, Number, 1095, keys::Kauri, _T("aManagementChannelDelaySNAP"), Dword(25), Dword(38), Kauri},
-        {tabs::Protocol, Number, 1093, keys::Kauri, _T("aMaxIsochLinkDelaySNAP"), Dword(25), Dword(39), Kauri},
-        {tabs::Protocol, Number, 1106, keys::Kauri, _T("aBulkTransferRetries"), Dword(5), Dword(41), Kauri},
-        {tabs::Protocol, Number, 1107, keys::Kauri, _T("aControlTransferRetries"), Dword(5), Dword(42), Kauri},
-        {tabs::Protocol, Number, 1108, keys::Kauri, _T("aInterruptTransferRetries"), Dword(3), Dword(43), Kauri},
-        {tabs::Protocol, Number, 1111, keys::Kauri, _T("aManagementRetries"), Dword(4), Dword(44), Kauri},
-        {tabs::Protocol, Number, 1112, keys::Kauri, _T("aTransferSetupRetries"), Dword(4), Dword(45), Kauri},
-        {tabs::HostUnderTest, Number, 1160, keys::Kauri, _T("aBulkTransferRetriesHUT"), Dword(5), Dword(51), Kauri},
-        {tabs::HostUnderTest, Number, 1164, keys::Kauri, _T("aControlTransferRetriesHUT"), Dword(5), Dword(52), Kauri},
-        {tabs::HostUnderTest, Number, 1168, keys::Kauri, _T("aInterruptTransferRetriesHUT"), Dword(3), Dword(53), Kauri},
-        {tabs::HostUnderTest, Number, 1162, keys::Kauri, _T("aManagementRetriesHUT"), Dword(4), Dword(54), Kauri},
-        {tabs::HostUnderTest, Number, 1166, keys::Kauri, _T("aTransferSetupRetriesHUT"), Dword(4), Dword(55), Kauri},
-        {tabs::HostUnderTest, Check, 1181, keys::Kauri, _T("SendsGetPortBWReq"), Dword(0), Dword(1), Kauri},
-    };
-    // clang-format on
-}
+// The payload alignment of the second radio button, which no control tells.
+constexpr DWORD AlignedToDword = 4;
 
 DWORD NumberIn(const StoredValue& value)
 {
@@ -114,37 +19,251 @@ DWORD NumberIn(const StoredValue& value)
     return number;
 }
 
+Text HexDigits(DWORD number)
+{
+    const Text last(1, _T("0123456789ABCDEF")[number % 16]);
+    return number < 16 ? last : HexDigits(number / 16) + last;
+}
+
 // What an edit shows of a value.
 Text TextFor(Setting::Kind kind, const StoredValue& value)
 {
-    if (value.type == REG_SZ)
-    {
-        return reinterpret_cast<LPCTSTR>(value.data.data());
-    }
-    if (kind == Number)
-    {
-        return Decimal(static_cast<int>(NumberIn(value)));
-    }
-    Text digits;
-    for (DWORD number = NumberIn(value); number != 0; number /= 16)
-    {
-        digits.insert(digits.begin(), _T("0123456789ABCDEF")[number % 16]);
-    }
-    return digits;
+    return value.type == REG_SZ ? reinterpret_cast<LPCTSTR>(value.data.data())
+           : kind == Number     ? Decimal(static_cast<int>(NumberIn(value)))
+                                : HexDigits(NumberIn(value));
 }
-// A minus sign alone would be no number: it is typed last. What is out of use keeps what is pasted into it.
-void EnterText(const Form& page, int control, const Text& text)
+
+std::vector<Text> Split(const Text& text, const Text& separator)
 {
-    if (!page.IsEnabled(control))
+    const size_t end = text.find(separator);
+    std::vector<Text> parts = {text.substr(0, end)};
+    if (end != Text::npos)
     {
-        page.SetText(control, text);
+        const std::vector<Text> others = Split(text.substr(end + separator.size()), separator);
+        parts.insert(parts.end(), others.begin(), others.end());
+    }
+    return parts;
+}
+
+StoredValue ValueOf(const Text& type, const Text& cell)
+{
+    return type == _T("REG_DWORD") ? Dword(static_cast<DWORD>(std::stoll(Printable(cell))))
+           : type == _T("REG_SZ")  ? Sz(cell.substr(1, cell.size() - 2))
+                                   : Binary(std::vector<BYTE>(16, 0x5A));
+}
+
+// Each page with settings has a section, and its dialogs have sections below that. A row has its key in a
+// cell or in the line "Key" before its table.
+std::vector<Setting> ReadReference()
+{
+    std::vector<Setting> settings;
+    Text tab;
+    Text key;
+    bool isDialog = false;
+    std::vector<Text> columns;
+    std::istringstream file(FileBeside(_T("settings.md")));
+    for (std::string bytes; std::getline(file, bytes);)
+    {
+        const Text line(bytes.begin(), bytes.end());
+        if (line.find(_T("##")) == 0)
+        {
+            isDialog = line[2] == _T('#');
+            tab = isDialog ? tab : line.substr(3);
+            // A dialog template has two of them, because one makes the next letter a mnemonic.
+            if (const size_t ampersand = tab.find(_T(" & ")); ampersand != Text::npos)
+            {
+                tab.insert(ampersand + 1, 1, _T('&'));
+            }
+        }
+        else if (const size_t start = line.find(_T("Key `")); start != Text::npos)
+        {
+            key = line.substr(start + 5, line.size() - start - 6);
+        }
+        else if (line.find(_T("| ")) == 0)
+        {
+            const std::vector<Text> cells = Split(line.substr(2, line.size() - 4), _T(" | "));
+            if (cells[0][0] != _T('`'))
+            {
+                columns = cells;
+                continue;
+            }
+            std::map<Text, Text> row;
+            for (size_t column = 0; column < std::min(columns.size(), cells.size()); ++column)
+            {
+                row[columns[column]] = cells[column];
+                std::erase(row[columns[column]], _T('`'));
+            }
+            Setting& setting = settings.emplace_back();
+            setting.tab = tab;
+            setting.key = row.count(_T("Key")) != 0 ? row[_T("Key")] : key;
+            setting.name = row[_T("Value")];
+            setting.initial = setting.changed = ValueOf(row[_T("Type")], row[_T("Default")]);
+            setting.control = isDialog || row[_T("Control")] == _T("none") ? Text() : row[_T("Control")];
+            setting.tools = row[_T("Tools")] == _T("any") ? Tools() : Split(row[_T("Tools")], _T(", "));
+        }
+    }
+    return settings;
+}
+
+std::vector<Setting>& Settings()
+{
+    static std::vector<Setting> settings = ReadReference();
+    return settings;
+}
+
+// The kind of the control, and another value than the initial one.
+void Examine(HWND control, Setting* setting)
+{
+    const Form form(GetParent(control));
+    const LONG button = ButtonTypeOf(control);
+    const bool isEdit = IsOf(control, _T("Edit"));
+    const bool isText = setting->initial.type == REG_SZ;
+    const DWORD number = isText ? 0 : NumberIn(setting->initial);
+    setting->id = GetDlgCtrlID(control);
+    const auto own =
+        static_cast<DWORD>(setting->id);  // so that no two controls of a page have the same value
+    if (button == BS_AUTOCHECKBOX)
+    {
+        setting->kind = Check;
+        setting->changed = Dword(1 - number);
+    }
+    else if (button == BS_AUTORADIOBUTTON)
+    {
+        const HWND second = GetWindow(control, GW_HWNDNEXT);
+        setting->kind = Radio;
+        setting->secondId = GetDlgCtrlID(second);
+        setting->changed = isText ? Sz(Form(second).Title()) : Dword(AlignedToDword);
+    }
+    else if (isEdit && isText)
+    {
+        setting->kind = Line;
+        setting->changed = Sz(_T("D:\\some where ") + Decimal(own));
+    }
+    else if (isEdit)
+    {
+        setting->kind = form.TextOf(setting->id) == Decimal(number) ? Number : Hex;
+        const bool isSigned =
+            setting->kind == Number && (GetWindowLongW(control, GWL_STYLE) & ES_NUMBER) == 0;
+        setting->changed = Dword(isSigned ? 0 - own : number + 100 * own);
+    }
+    else if (button < 0 && form.ItemsOf(setting->id).size() > 1)
+    {
+        setting->kind = List;
+        setting->changed = Dword(number == 0 ? 1 : number - 1);
+    }
+}
+
+// Whether a user sets something by the control.
+bool IsInput(HWND control)
+{
+    const LONG button = ButtonTypeOf(control);
+    return (GetWindowLongW(control, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE &&
+           !IsOf(control, _T("Static")) &&
+           (button < 0 || button == BS_AUTOCHECKBOX || button == BS_AUTORADIOBUTTON);
+}
+
+// Before the first test: compares the pages of the reference with those of the sheet, and looks at their
+// controls.
+class FindControls : public testing::Environment
+{
+    void SetUp() override
+    {
+        ClearSettings();
+        InstallTools(AllTools);
+        const Editor sheet;
+        const std::vector<Text> tabs = sheet.Tabs();
+        for (const Text& tab : tabs)
+        {
+            if (SettingsOf(tab).empty())
+            {
+                FAIL() << "docs/settings.md has no section with a table for the page \"" << Printable(tab)
+                       << "\"";
+            }
+        }
+        for (const Text& tab : AllTabs())
+        {
+            if (!sheet.Select(tab))
+            {
+                FAIL() << "the sheet has no page \"" << Printable(tab)
+                       << "\": CQBSettingsApp::RunSheet must join it, and its constructor add its tools";
+            }
+            FindOn(sheet);
+            if (testing::Test::HasFatalFailure())
+            {
+                return;
+            }
+        }
+        if (tabs != AllTabs())
+        {
+            FAIL() << "docs/settings.md has the pages in another order than CQBSettingsApp::RunSheet";
+        }
+    }
+
+    static void FindOn(const Sheet& sheet)
+    {
+        const Text tab = Form(sheet.Page()).Title();
+        std::vector<HWND> inputs = ControlsOf(sheet.Page());
+        std::erase_if(inputs, [](HWND control) { return !IsInput(control); });
+        for (Setting& setting : Settings())
+        {
+            if (setting.tab != tab || setting.control.empty())
+            {
+                continue;
+            }
+            const HWND control = FindControl(sheet, setting.control);
+            if (control == nullptr)
+            {
+                FAIL() << "the page \"" << Printable(tab) << "\" has no control \""
+                       << Printable(setting.control) << "\", which docs/settings.md has for "
+                       << Printable(setting.name)
+                       << ": it needs a text, a label directly before it, or AddName";
+            }
+            Examine(control, &setting);
+            std::erase_if(inputs, [&setting](HWND input) {
+                return GetDlgCtrlID(input) == setting.id || GetDlgCtrlID(input) == setting.secondId;
+            });
+        }
+        if (!inputs.empty())
+        {
+            FAIL() << "docs/settings.md has no row for the control \"" << Printable(NameOf(inputs[0]))
+                   << "\" of the page \"" << Printable(tab) << "\"";
+        }
+    }
+
+    // By "Box: name" or the name alone. Of radio buttons there are both names, of which the first counts.
+    static HWND FindControl(const Sheet& sheet, const Text& cell)
+    {
+        for (const HWND control : ControlsOf(sheet.Page()))
+        {
+            const Text box = BoxOf(control);
+            const Text place = (box.empty() ? box : box + _T(": ")) + NameOf(control);
+            if (!IsOf(control, _T("Static")) &&
+                (cell == place ||
+                 (ButtonTypeOf(control) == BS_AUTORADIOBUTTON && cell.find(place + _T(", ")) == 0)))
+            {
+                return control;
+            }
+        }
+        return nullptr;
+    }
+};
+
+[[maybe_unused]] const testing::Environment* const g_findControls =
+    testing::AddGlobalTestEnvironment(new FindControls);
+
+// A minus sign alone would be no number: it is typed last. A disabled edit keeps what is pasted into it.
+void EnterText(const Form& page, int id, const Text& text)
+{
+    if (!page.IsEnabled(id))
+    {
+        page.SetText(id, text);
         return;
     }
     const bool isNegative = text[0] == _T('-');
-    page.Retype(control, text.substr(isNegative ? 1 : 0));
+    page.Retype(id, text.substr(isNegative ? 1 : 0));
     if (isNegative)
     {
-        page.TypeInFront(control, _T("-"));
+        page.TypeInFront(id, _T("-"));
     }
 }
 }  // namespace
@@ -158,52 +277,51 @@ bool Setting::IsLiveFor(const Tools& installed) const
 void Setting::ExpectShown(const Form& page, const StoredValue& value) const
 {
     SCOPED_TRACE(Printable(name));
-    if (kind == Check)
+    switch (kind)
     {
-        EXPECT_EQ(page.CheckOf(control), static_cast<LRESULT>(NumberIn(value)));
-    }
-    else if (kind == List)
-    {
-        EXPECT_EQ(page.SelectionOf(control), static_cast<LRESULT>(NumberIn(value)));
-    }
-    else if (kind == Radio)
-    {
-        EXPECT_EQ(page.CheckOf(control), value == initial ? BST_CHECKED : BST_UNCHECKED);
-        EXPECT_EQ(page.CheckOf(control + 1), value == initial ? BST_UNCHECKED : BST_CHECKED);
-    }
-    else if (IsChangeable())
-    {
-        EXPECT_EQ(page.TextOf(control), TextFor(kind, value));
+    case Fixed:
+        break;
+    case Check:
+        EXPECT_EQ(page.CheckOf(id), static_cast<LRESULT>(NumberIn(value)));
+        break;
+    case List:
+        EXPECT_EQ(page.SelectionOf(id), static_cast<LRESULT>(NumberIn(value)));
+        break;
+    case Radio:
+        EXPECT_EQ(page.CheckOf(id), value == initial ? BST_CHECKED : BST_UNCHECKED);
+        EXPECT_EQ(page.CheckOf(secondId), value == initial ? BST_UNCHECKED : BST_CHECKED);
+        break;
+    default:
+        EXPECT_EQ(page.TextOf(id), TextFor(kind, value));
     }
 }
 
 void Setting::Enter(const Form& page, const StoredValue& value) const
 {
-    if (kind == Check)
+    switch (kind)
     {
-        if (page.CheckOf(control) != static_cast<LRESULT>(NumberIn(value)))
+    case Fixed:
+        break;
+    case Check:
+        if (page.CheckOf(id) != static_cast<LRESULT>(NumberIn(value)))
         {
-            page.Click(control);
+            page.Click(id);
         }
-    }
-    else if (kind == List)
-    {
-        page.Pick(control, static_cast<int>(NumberIn(value)));
-    }
-    else if (kind == Radio)
-    {
-        page.Click(value == initial ? control : control + 1);
-    }
-    else if (IsChangeable())
-    {
-        EnterText(page, control, TextFor(kind, value));
+        break;
+    case List:
+        page.Pick(id, static_cast<int>(NumberIn(value)));
+        break;
+    case Radio:
+        page.Click(value == initial ? id : secondId);
+        break;
+    default:
+        EnterText(page, id, TextFor(kind, value));
     }
 }
 
 const std::vector<Setting>& AllSettings()
 {
-    static const std::vector<Setting> settings = MakeSettings();
-    return settings;
+    return Settings();
 }
 
 std::vector<Setting> SettingsOf(const Text& tab)
@@ -213,7 +331,7 @@ std::vector<Setting> SettingsOf(const Text& tab)
     return settings;
 }
 
-Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value)
+Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value)
 {
     Tree tree;
     for (const Setting& setting : settings)
@@ -221,4 +339,20 @@ Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value)
         tree[setting.key][setting.name] = setting.*value;
     }
     return tree;
+}
+
+const std::vector<Text>& AllTabs()
+{
+    static const std::vector<Text> tabs = [] {
+        std::vector<Text> titles;
+        for (const Setting& setting : AllSettings())
+        {
+            if (titles.empty() || titles.back() != setting.tab)
+            {
+                titles.push_back(setting.tab);
+            }
+        }
+        return titles;
+    }();
+    return tabs;
 }

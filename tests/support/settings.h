@@ -1,4 +1,5 @@
-// Every value that the editor stores, as users and tools see it: one table for all tests.
+// Every value that the editor stores, as docs/settings.md has it: the tests read the reference that users
+// read.
 #pragma once
 
 #include "support/registry.h"
@@ -9,37 +10,40 @@ struct Setting
     {
         Number,  // an edit with a decimal number
         Hex,     // an edit with a hexadecimal number
-        Path,    // an edit with a text that does not mark its page
         Line,    // an edit with a text
-        Check,   // a check box
-        List,    // a list box whose selection is the number
-        Radio,   // the first of two radio buttons, for the initial value; the next id is for the other
-        Copy,    // written with the path of the same control, and never read
-        Passed   // shown by no control of the page, or not to be changed there
+        Check,
+        List,   // a list box or combo box, whose selection is the number
+        Radio,  // two radio buttons, the first for the initial value
+        Fixed   // nothing on the page itself changes it
     };
 
+    // From the reference. The control is empty if the value has none on the page itself.
     Text tab;
-    Kind kind;
-    int control;
     Text key;
     Text name;
     StoredValue initial;
-    StoredValue changed;  // equal to the initial one where it is only passed through
-    Tools tools;          // any of them brings it to life; empty: it always is alive
+    Text control;
+    Tools tools;  // the setting is live if one of them is installed, or if there are none here
+    // From the page, once a test program has started its first test.
+    Kind kind = Kind::Fixed;
+    int id = 0;  // of the control; of the first radio button
+    int secondId = 0;
+    StoredValue changed;  // another value; the initial one if the setting is fixed
 
     bool IsLiveFor(const Tools& installed) const;
-    bool IsChangeable() const { return kind != Kind::Copy && kind != Kind::Passed; }
+    // The value "fw" is a copy for old tools.
+    bool IsRead() const { return name != _T("fw"); }
     // Fails the test if the page does not show the value, which must be a Dword or an Sz.
     void ExpectShown(const Form& page, const StoredValue& value) const;
-    // As a user does it.
+    // Acts as a user does.
     void Enter(const Form& page, const StoredValue& value) const;
 };
 
-// In the order of the tabs, and in a page in the order in which it writes.
+// In the order of the tabs, and for each page in the order in which it writes.
 const std::vector<Setting>& AllSettings();
 std::vector<Setting> SettingsOf(const Text& tab);
-// What stands in the registry when these settings are at a value each.
-using ValueOfSetting = StoredValue Setting::*;
-Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value);
+// What is in the registry when these settings are at a value each.
+Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value);
 
-extern const std::vector<Text> AllTabs;
+// The titles of all pages, in the order of the tabs.
+const std::vector<Text>& AllTabs();

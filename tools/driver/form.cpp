@@ -42,6 +42,11 @@ bool IsOf(HWND window, LPCTSTR className)
     return lstrcmpiW(name, className) == 0;
 }
 
+LONG ButtonTypeOf(HWND window)
+{
+    return IsOf(window, _T("Button")) ? GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK : -1;
+}
+
 std::vector<HWND> ControlsOf(HWND dialog)
 {
     std::vector<HWND> controls;

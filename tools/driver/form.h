@@ -14,6 +14,8 @@ using Text = std::basic_string<TCHAR>;
 inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
 
 bool IsOf(HWND window, LPCTSTR className);
+// BS_ type, or -1 for any window but a button.
+LONG ButtonTypeOf(HWND window);
 // The children in their order.
 std::vector<HWND> ControlsOf(HWND dialog);
 // The visible top-level windows of a thread, from the one in front.
