@@ -172,14 +172,22 @@ list_tools()
     wine_step "list the tools as installed" regedit /S "$file"
 }
 
-# Puts the inputs of the corpus, one in each line, into files of a new folder.
-unpack_corpus()
+# Makes the fuzzer's first inputs in a new folder, the same ones each time: for each section of the reference, of which
+# most are pages, its title with various numbers of arbitrary bytes.
+make_corpus()
 {
-    local input number=0
     rm -rf "$1"
     mkdir -p "$1"
-    while read -r input; do
-        number=$((number + 1))
-        base64 -d <<< "$input" > "$1/$number"
-    done < tests/fuzz/corpus.txt
+    LC_ALL=C awk -v folder="$1" '
+        /^## / {
+            srand(1)
+            sub(/^## /, "")
+            sub(/ & /, " \\&\\& ")
+            for (count = 0; count <= 200; count += 40) {
+                file = folder "/" NR "-" count
+                print > file
+                for (i = 0; i < count; i++) printf "%c", int(rand() * 256) > file
+                close(file)
+            }
+        }' docs/settings.md
 }

@@ -1,6 +1,6 @@
 // The system's calls that a test can have refused, and the list of those that this program makes: it defines
-// these functions itself, and its definitions call the system's. Below HKEY_LOCAL_MACHINE the program reads and
-// writes a scratch key of the current user instead, which it deletes as it ends.
+// these functions itself, and its definitions call the system's. Below HKEY_LOCAL_MACHINE the program reads
+// and writes a scratch key of the current user instead, which it deletes as it ends.
 #pragma once
 
 #include "driver/form.h"
