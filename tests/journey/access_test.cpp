@@ -9,8 +9,17 @@ namespace
 {
 void Press(int key)
 {
-    keybd_event(static_cast<BYTE>(key), 0, 0, 0);
-    keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
+    // On some keyboards a digit's key types another character.
+    const bool isDigit = key >= '0' && key <= '9';
+    INPUT inputs[2] = {};
+    for (INPUT& input : inputs)
+    {
+        input.type = INPUT_KEYBOARD;
+        (isDigit ? input.ki.wScan : input.ki.wVk) = static_cast<WORD>(key);
+        input.ki.dwFlags = isDigit ? KEYEVENTF_UNICODE : 0;
+    }
+    inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
 }
 
 // Holds the other key until the condition holds: a program asks for its state when it comes to the first.
