@@ -1,0 +1,67 @@
+@echo off
+rem Runs the tests of QBSettings on this machine. The folder report then has report.txt, with a line for each test,
+rem and what each test program has said.
+rem
+rem check.cmd           The tests of the program's parts have a registry key of their own. Those that start the program
+rem                     use the machine's settings: where there are any, they refuse to run, which counts as failed.
+rem check.cmd /destroy  They run all the same: the settings are exported to the folder, deleted, and imported at the end.
+setlocal
+cd /d "%~dp0"
+set REG=%SystemRoot%\System32\reg.exe
+set FIND=%SystemRoot%\System32\find.exe
+if exist report (
+    echo There is the report of an earlier run. Move the folder "report" away, and start again.
+    exit /b 1
+)
+%REG% add HKLM\SOFTWARE /f >nul 2>&1
+if errorlevel 1 (
+    echo The tests need an administrator's rights: start check.cmd from a prompt that has them.
+    exit /b 1
+)
+mkdir report
+set QB_DESTROY=
+if /i not "%~1"=="/destroy" goto run
+call :export HKLM\SOFTWARE\Halvane halvane
+if errorlevel 1 exit /b 1
+call :export HKLM\SOFTWARE\Ostrel ostrel
+if errorlevel 1 exit /b 1
+call :export HKLM\System\CurrentControlSet\SERVICES\xHCIPort\Parameters xhciport
+if errorlevel 1 exit /b 1
+set QB_DESTROY=1
+
+:run
+echo Hands off: the tests use the keyboard, and take some minutes.
+call :program qbsettings_tests.exe
+call :program qbsettings_journeys.exe
+for %%F in (report\*.reg) do call :import %%F
+set COUNT_OK=0
+set COUNT_FAILED=0
+set COUNT_SKIPPED=0
+for /f "tokens=1 delims=[] " %%R in (report\report.txt) do set /a COUNT_%%R+=1 >nul
+echo %COUNT_OK% passed, %COUNT_FAILED% failed, %COUNT_SKIPPED% skipped>>report\report.txt
+type report\report.txt
+if not "%COUNT_FAILED%"=="0" exit /b 1
+exit /b 0
+
+rem Only the line that ends a test has its time in parentheses.
+:program
+%1 >report\%1.txt 2>&1
+set CODE=%errorlevel%
+%FIND% " ms)" <report\%1.txt >>report\report.txt
+if "%CODE%"=="0" exit /b 0
+%FIND% " ms)" <report\%1.txt | %FIND% "[  FAILED  ]" >nul
+if errorlevel 1 echo [  FAILED  ] %1 ended with %CODE%: %1.txt says why>>report\report.txt
+exit /b 0
+
+:export
+%REG% query %1 >nul 2>&1
+if errorlevel 1 exit /b 0
+%REG% export %1 report\%2.reg /y >nul
+if not errorlevel 1 exit /b 0
+echo %1 could not be exported, so nothing has been deleted and no test has been run.
+exit /b 1
+
+:import
+%REG% import %1 >nul 2>&1
+if errorlevel 1 echo [  FAILED  ] The settings in %1 could not be imported: do it by hand.>>report\report.txt
+exit /b 0
