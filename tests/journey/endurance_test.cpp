@@ -14,30 +14,37 @@ namespace
 {
 const int Times = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 10;
 
-// What a program could pile up: windows of all programs, handles and memory of one process.
+// What a process could pile up.
 using Counts = std::map<std::string, size_t>;
 
 constexpr std::pair<UINT, WPARAM> Closings[] = {
     {WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
 
-size_t WindowsBelow(HWND parent)
+size_t WindowsBelow(HWND parent, DWORD process)
 {
     size_t count = 0;
     for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;)
     {
-        count += 1 + WindowsBelow(window);
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        count += (owner == process ? 1 : 0) + WindowsBelow(window, process);
     }
     return count;
 }
 
-// In these ways, as Wine gives 0 for GetProcessHandleCount and GetGuiResources.
+// GetProcessHandleCount and GetGuiResources would do, but give 0 on Wine.
 Counts Count(DWORD id)
 {
-    // The number of handles, a word that is kept free, and five words for each handle; its process is the
-    // second.
+    // The number of handles in the system, a reserved word, and five words for each handle; its process is
+    // the second.
     std::vector<ULONG_PTR> list(size_t{1} << 17);
     constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
-    NtQuerySystemInformation(ExtendedHandles, list.data(), ULONG{8} << 17, nullptr);
+    constexpr auto TooShort = static_cast<NTSTATUS>(0xC0000004);
+    while (NtQuerySystemInformation(ExtendedHandles, list.data(),
+                                    static_cast<ULONG>(list.size() * sizeof(list[0])), nullptr) == TooShort)
+    {
+        list.resize(list.size() * 2);
+    }
     size_t handles = 0;
     for (size_t index = 0; index < list[0]; ++index)
     {
@@ -47,7 +54,7 @@ Counts Count(DWORD id)
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id);
     EXPECT_TRUE(GetProcessMemoryInfo(process, &memory, sizeof(memory)));
     CloseHandle(process);
-    return {{"windows", WindowsBelow(GetDesktopWindow()) + WindowsBelow(HWND_MESSAGE)},
+    return {{"windows", WindowsBelow(GetDesktopWindow(), id) + WindowsBelow(HWND_MESSAGE, id)},
             {"handles", handles},
             {"kilobytes", memory.PagefileUsage / 1024}};
 }
