@@ -5,22 +5,56 @@ namespace
 // PROPID_ACC_NAME, which not every header has.
 constexpr MSAAPROPID NameProperty = {
     0x608D3DF8, 0x8128, 0x4AA7, {0xA4, 0x28, 0xF5, 0x5E, 0x49, 0x26, 0x72, 0x91}};
+constexpr DWORD Object = static_cast<DWORD>(OBJID_CLIENT);
+
+// Where a dialog with names keeps the window procedure that it has besides.
+constexpr LPCTSTR Procedure = _T("Procedure behind the names");
+
+IAccPropServices* OpenService()
+{
+    IAccPropServices* service = nullptr;
+    CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
+                     reinterpret_cast<void**>(&service));
+    return service;
+}
+
+// A name stays with the system when its window goes, unless it is taken back before that.
+LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(dialog, Procedure));
+    if (message == WM_DESTROY)
+    {
+        SetWindowLongPtrW(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+        RemovePropW(dialog, Procedure);
+        if (IAccPropServices* service = OpenService())
+        {
+            for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+                 control = GetWindow(control, GW_HWNDNEXT))
+            {
+                service->ClearHwndProps(control, Object, CHILDID_SELF, &NameProperty, 1);
+            }
+            service->Release();
+        }
+    }
+    return CallWindowProcW(procedure, dialog, message, wParam, lParam);
+}
 }  // namespace
 
 void NameControls(const CWnd& dialog, const ControlNames& names)
 {
-    IAccPropServices* service = nullptr;
-    if (names.empty() ||
-        FAILED(CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
-                                reinterpret_cast<void**>(&service))))
+    IAccPropServices* service = names.empty() ? nullptr : OpenService();
+    if (service == nullptr)
     {
         return;
     }
     for (const auto& [id, name] : names)
     {
         // Not every header has the const.
-        service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                NameProperty, const_cast<LPWSTR>(name));
+        service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, Object, CHILDID_SELF, NameProperty,
+                                const_cast<LPWSTR>(name));
     }
     service->Release();
+    SetPropW(dialog.m_hWnd, Procedure,
+             reinterpret_cast<HANDLE>(GetWindowLongPtrW(dialog.m_hWnd, GWLP_WNDPROC)));
+    SetWindowLongPtrW(dialog.m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(TakeNamesBack));
 }

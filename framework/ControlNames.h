@@ -16,5 +16,5 @@ inline constexpr IID AccPropServicesInterface = {
 // What screen readers say for controls that have no text and no label directly before them; by their ids.
 using ControlNames = std::vector<std::pair<int, LPCTSTR>>;
 
-// Without effect where the system offers no way to it.
+// They go with the dialog's window. Without effect where the system offers no way to it.
 void NameControls(const CWnd& dialog, const ControlNames& names);

@@ -123,6 +123,12 @@ HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD,
     return S_OK;
 }
 
+HRESULT STDMETHODCALLTYPE ForgetName(IAccPropServices*, HWND window, DWORD, DWORD, const MSAAPROPID*, int)
+{
+    givenNames.erase(window);
+    return S_OK;
+}
+
 // Wine 8 has the service for names, but it takes none: from now on ours keeps them.
 void KeepNames()
 {
@@ -131,10 +137,11 @@ void KeepNames()
     IAccPropServices* service = nullptr;
     CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
                      reinterpret_cast<void**>(&service));
-    void** setHwndPropStr = *reinterpret_cast<void***>(service) + 7;
+    void** table = *reinterpret_cast<void***>(service);
     DWORD protection = 0;
-    VirtualProtect(setHwndPropStr, sizeof(void*), PAGE_READWRITE, &protection);
-    *setHwndPropStr = reinterpret_cast<void*>(KeepName);
+    VirtualProtect(table, 10 * sizeof(void*), PAGE_READWRITE, &protection);
+    table[7] = reinterpret_cast<void*>(KeepName);    // SetHwndPropStr
+    table[9] = reinterpret_cast<void*>(ForgetName);  // ClearHwndProps
     service->Release();
     CoUninitialize();
 }
@@ -196,6 +203,7 @@ Editor::~Editor()
     {
         SwitchToFiber(ProgramFiber());
     }
+    EXPECT_TRUE(givenNames.empty()) << "a name goes with its window";
 }
 
 void WithDialog(const Text& title, const std::function<void()>& open,
