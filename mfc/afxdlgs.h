@@ -41,7 +41,6 @@ private:
     static INT_PTR CALLBACK PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     // Tells the common control this page's mark again.
     void RestoreMark();
-
     PROPSHEETPAGEW m_psp = {};
     BOOL m_bModified = FALSE;
     BOOL m_bFirstSetActive = TRUE;

@@ -44,7 +44,8 @@ public:
 
     // Null if the window has no such child.
     CWnd* GetDlgItem(int nID) const;
-    BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+    // A control that is disabled hands the focus on to the next of its dialog, if it has it.
+    BOOL EnableWindow(BOOL bEnable = TRUE);
     // Takes styles away, then adds some. False if that changed nothing.
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd);
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }

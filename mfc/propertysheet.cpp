@@ -92,7 +92,13 @@ int CPropertySheet::DoModal()
 BOOL CPropertySheet::ContinueModal()
 {
     // Without a current page the sheet has been closed.
-    return CWnd::ContinueModal() && m_hWnd != nullptr && SendMessage(PSM_GETCURRENTPAGEHWND) != 0;
+    if (!CWnd::ContinueModal() || m_hWnd == nullptr || SendMessage(PSM_GETCURRENTPAGEHWND) == 0)
+    {
+        return FALSE;
+    }
+    // Whatever the last message was, it may have moved the focus.
+    RestoreFocus();
+    return TRUE;
 }
 
 // Apply disables itself, and the focus that its click gave it is then nowhere; a page that Ctrl+Tab turns
@@ -100,7 +106,8 @@ BOOL CPropertySheet::ContinueModal()
 void CPropertySheet::RestoreFocus()
 {
     const HWND focus = ::GetFocus();
-    if (m_hWnd != nullptr && GetActiveWindow() == m_hWnd && !::IsWindowVisible(focus))
+    const bool isLive = ::IsWindowVisible(focus) && ::IsWindowEnabled(focus);
+    if (m_hWnd != nullptr && GetActiveWindow() == m_hWnd && !IsIconic(m_hWnd) && !isLive)
     {
         const HWND next = focus == nullptr ? ::GetDlgItem(m_hWnd, IDOK)
                                            : reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL));
@@ -133,13 +140,10 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
 {
-    if (SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) == 0)
+    if (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST)
     {
-        return FALSE;
-    }
-    if (pMsg->message == WM_KEYDOWN)
-    {
+        // A message that another program sent may have moved it since the modal loop looked.
         RestoreFocus();
     }
-    return TRUE;
+    return SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;
 }

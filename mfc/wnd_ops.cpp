@@ -8,6 +8,15 @@ CWnd* CWnd::GetDlgItem(int nID) const
     return m_hWnd == nullptr ? nullptr : FromHandle(::GetDlgItem(m_hWnd, nID));
 }
 
+BOOL CWnd::EnableWindow(BOOL bEnable)
+{
+    if (!bEnable && m_hWnd != nullptr && GetFocus() == m_hWnd)
+    {
+        ::SendMessageW(GetParent(m_hWnd), WM_NEXTDLGCTL, 0, FALSE);
+    }
+    return ::EnableWindow(m_hWnd, bEnable);
+}
+
 BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
 {
     const auto before = static_cast<DWORD>(GetWindowLongW(m_hWnd, GWL_STYLE));
