@@ -71,6 +71,7 @@ protected:
 
 private:
     void RestoreFocus();
+    void ActivateLastPopup();
 
     CString m_strCaption;
     CWnd* m_pParentWnd;

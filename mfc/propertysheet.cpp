@@ -6,6 +6,9 @@ IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
 
 namespace
 {
+// The sheet's own message: somebody may have brought it to the front.
+constexpr UINT ActivatePopup = WM_APP;
+
 // The sheet that is being created. Its window is attached before its first message: that is how WM_NCCREATE
 // of a window that a system function makes reaches a handler.
 CPropertySheet* g_sheet;
@@ -16,6 +19,18 @@ void UnhookWindowCreate()
     UnhookWindowsHookEx(g_hook);
     g_hook = nullptr;
     g_sheet = nullptr;
+}
+
+// Of all dialogs that are up one is enabled, the last. Tips have no title bar.
+BOOL CALLBACK ActivateIfLive(HWND window, LPARAM)
+{
+    const LONG style = GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED | WS_CAPTION);
+    const bool isLive = style == (WS_VISIBLE | WS_CAPTION);
+    if (isLive && GetActiveWindow() != window)
+    {
+        SetForegroundWindow(window);
+    }
+    return !isLive;
 }
 
 LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
@@ -89,6 +104,16 @@ int CPropertySheet::DoModal()
     return result;
 }
 
+// Who brings the sheet to the front while a dialog or a prompt stands over it, as a second start does, has
+// brought a window that takes no key.
+void CPropertySheet::ActivateLastPopup()
+{
+    if (!::IsWindowEnabled(m_hWnd))
+    {
+        EnumThreadWindows(GetCurrentThreadId(), ActivateIfLive, 0);
+    }
+}
+
 BOOL CPropertySheet::ContinueModal()
 {
     // Without a current page the sheet has been closed.
@@ -121,7 +146,31 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message)
     {
     case WM_INITDIALOG:
+        if ((m_psh.dwFlags & PSH_USEICONID) != 0)
+        {
+            // The common control sets the small one alone; Alt+Tab shows this.
+            SendMessage(WM_SETICON, ICON_BIG,
+                        reinterpret_cast<LPARAM>(LoadIconW(m_psh.hInstance, m_psh.pszIcon)));
+        }
         CenterWindow();
+        break;
+    // A disabled window may get no WM_ACTIVATE; so its coming to the front counts too.
+    case WM_ACTIVATE:
+    case WM_ACTIVATEAPP:
+    case WM_NCACTIVATE:
+        if (LOWORD(wParam) != 0)
+        {
+            PostMessageW(m_hWnd, ActivatePopup, 0, 0);
+        }
+        break;
+    case WM_WINDOWPOSCHANGED:
+        if ((reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_NOACTIVATE) == 0)
+        {
+            PostMessageW(m_hWnd, ActivatePopup, 0, 0);
+        }
+        break;
+    case ActivatePopup:
+        ActivateLastPopup();
         break;
     case WM_COMMAND:
     case PSM_PRESSBUTTON:
