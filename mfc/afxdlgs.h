@@ -6,6 +6,7 @@
 #include <commdlg.h>
 #include <prsht.h>
 
+#include <utility>
 #include <vector>
 
 class CPropertyPage : public CDialog
@@ -35,12 +36,23 @@ protected:
     void OnOK() override { SetModified(FALSE); }
     void OnCancel() override {}
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     friend class CPropertySheet;
     static INT_PTR CALLBACK PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     // Tells the common control this page's mark again.
     void RestoreMark();
+    // Scrolls as little as brings the control into view, with the label before it.
+    void Show(HWND control);
+    void ScrollTo(int top);
+    void Scroll(int code);
+    void Wheel(int turn);
+    int Units(int units) const;
+
+    int m_nHeight = 0;  // down to the margin below the last control
+    int m_nTop = 0;     // how much of it lies above the window
+    int m_nWheel = 0;   // turned, and not enough to scroll by
     PROPSHEETPAGEW m_psp = {};
     BOOL m_bModified = FALSE;
     BOOL m_bFirstSetActive = TRUE;
@@ -59,6 +71,8 @@ public:
     void AddPage(CPropertyPage* pPage) { m_pages.push_back(pPage); }
     // Before the sheet is up: the page it opens on. False if the page isn't in the sheet.
     BOOL SetActivePage(CPropertyPage* pPage);
+    // The page in front, or null.
+    CPropertyPage* GetActivePage();
 
     // IDOK, IDCANCEL, or -1 if the sheet could not be made.
     virtual int DoModal();
@@ -71,11 +85,20 @@ protected:
 
 private:
     void RestoreFocus();
+    void ShowFocus();
     void ActivateLastPopup();
+    void RememberLayout();
+    void LayOut();
+    void Fit();
 
     CString m_strCaption;
     CWnd* m_pParentWnd;
     std::vector<CPropertyPage*> m_pages;
+    HWND m_hWndShown = nullptr;  // had the focus when that was last shown
+    // As the common control has made them: the window's size, its client area, and its tabs and buttons.
+    SIZE m_size = {};
+    RECT m_client = {};
+    std::vector<std::pair<HWND, RECT>> m_controls;
 };
 
 // The system's own dialog for choosing one file.

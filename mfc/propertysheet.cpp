@@ -69,6 +69,15 @@ BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
     return TRUE;
 }
 
+CPropertyPage* CPropertySheet::GetActivePage()
+{
+    const auto window = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
+    const auto found = std::find_if(m_pages.begin(), m_pages.end(), [window](const CPropertyPage* page) {
+        return page->m_hWnd == window && window != nullptr;
+    });
+    return found == m_pages.end() ? nullptr : *found;
+}
+
 // The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the
 // common control's own would not show them.
 int CPropertySheet::DoModal()
@@ -123,6 +132,7 @@ BOOL CPropertySheet::ContinueModal()
     }
     // Whatever the last message was, it may have moved the focus.
     RestoreFocus();
+    ShowFocus();
     return TRUE;
 }
 
@@ -152,7 +162,16 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             SendMessage(WM_SETICON, ICON_BIG,
                         reinterpret_cast<LPARAM>(LoadIconW(m_psh.hInstance, m_psh.pszIcon)));
         }
+        RememberLayout();
+        Fit();
         CenterWindow();
+        break;
+    case WM_SIZE:
+        if (wParam != SIZE_MINIMIZED)
+        {
+            LayOut();
+            Fit();
+        }
         break;
     // A disabled window may get no WM_ACTIVATE; so its coming to the front counts too.
     case WM_ACTIVATE:
@@ -171,6 +190,18 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         break;
     case ActivatePopup:
         ActivateLastPopup();
+        break;
+    case WM_EXITSIZEMOVE:
+    case WM_DISPLAYCHANGE:
+    case WM_SETTINGCHANGE:
+        Fit();
+        break;
+    case WM_MOUSEWHEEL:
+        // Of the tabs and the buttons; the page's own controls send theirs to the page.
+        if (CPropertyPage* page = GetActivePage())
+        {
+            page->SendMessage(message, wParam, lParam);
+        }
         break;
     case WM_COMMAND:
     case PSM_PRESSBUTTON:
@@ -193,6 +224,11 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
     {
         // A message that another program sent may have moved it since the modal loop looked.
         RestoreFocus();
+    }
+    if (pMsg->message == WM_KEYDOWN)
+    {
+        // Who has scrolled away and types sees what he types into.
+        m_hWndShown = nullptr;
     }
     return SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;
 }

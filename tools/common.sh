@@ -90,7 +90,7 @@ stay_awake()
 virtual_display()
 {
     local number output
-    exec {output}< <(exec Xvfb -displayfd 1 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp 2>/dev/null)
+    exec {output}< <(exec Xvfb -displayfd 1 -screen 0 "${QB_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 2>/dev/null)
     xvfb_pid=$!
     read -r -t 30 number <&"$output" ||
         die "No virtual display could be started; see what Xvfb says when it is run by hand."

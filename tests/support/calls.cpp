@@ -21,7 +21,7 @@ struct State
     std::map<HKEY, Text> keys;
     int pauses = 0;
     bool usesMachineSettings = false;
-    bool twoScreens = false;
+    RECT secondScreen = {};  // empty: there is one alone
 };
 
 State& TheState()
@@ -91,8 +91,7 @@ HMONITOR MonitorOf(HWND window)
 
 BOOL SetWorkArea(HMONITOR monitor, MONITORINFO* info)
 {
-    info->rcWork =
-        reinterpret_cast<INT_PTR>(monitor) == 2 ? RECT{1600, 40, 3200, 1200} : RECT{0, 0, 1600, 1200};
+    info->rcWork = reinterpret_cast<INT_PTR>(monitor) == 2 ? TheState().secondScreen : RECT{0, 0, 1600, 1200};
     return TRUE;
 }
 
@@ -140,7 +139,7 @@ void calls::Reset()
 {
     TheState().refused.clear();
     TheState().struck = false;
-    TheState().twoScreens = false;
+    TheState().secondScreen = {};
     TheState().made.clear();
 }
 
@@ -149,9 +148,9 @@ void calls::UseMachineSettings()
     TheState().usesMachineSettings = true;
 }
 
-void calls::AddScreen()
+void calls::AddScreen(const RECT& workArea)
 {
-    TheState().twoScreens = true;
+    TheState().secondScreen = workArea;
 }
 
 void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
@@ -242,6 +241,6 @@ REFUSABLE("user32", BOOL, SetForegroundWindow, (HWND window), ("SetForegroundWin
 REFUSABLE("ole32", HRESULT, CoCreateInstance, (REFCLSID kind, IUnknown* outer, DWORD context, REFIID id, LPVOID* object),
     ("CoCreateInstance"), refused, own(kind, outer, context, id, object))
 REFUSABLE("user32", HMONITOR, MonitorFromWindow, (HWND window, DWORD flags), ("MonitorFromWindow"), nullptr,
-    TheState().twoScreens ? MonitorOf(window) : own(window, flags))
+    !IsRectEmpty(&TheState().secondScreen) ? MonitorOf(window) : own(window, flags))
 REFUSABLE("user32", BOOL, GetMonitorInfoW, (HMONITOR monitor, MONITORINFO* info), ("GetMonitorInfoW"), FALSE,
-    TheState().twoScreens ? SetWorkArea(monitor, info) : own(monitor, info))
+    !IsRectEmpty(&TheState().secondScreen) ? SetWorkArea(monitor, info) : own(monitor, info))

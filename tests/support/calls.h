@@ -31,9 +31,9 @@ void Refuse(const std::string& function, unsigned nth, LONG status = ERROR_ACCES
 bool HasStruck();
 // Since the last Reset: those of functions whose names begin so.
 std::vector<Call> Made(const std::string& prefix = {});
-// Until the next Reset there are two screens: the second lies right of the first 1600 pixels, and has a bar
-// of 40 at its top. A window is on the one that has more of it.
-void AddScreen();
+// Until the next Reset there are two screens: the second lies right of the first 1600 pixels, and this much
+// of it is free of bars. A window is on the one that has more of it.
+void AddScreen(const RECT& workArea = {1600, 40, 3200, 1200});
 // The keys that the program has open.
 size_t OpenKeys();
 

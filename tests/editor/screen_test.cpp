@@ -1,0 +1,55 @@
+// The sheet on a low screen, and beside another.
+#include "support/calls.h"
+#include "support/scripts.h"
+
+#include <array>
+
+namespace
+{
+RECT PlaceOf(HWND window)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+bool Contains(const RECT& outer, const RECT& inner)
+{
+    RECT both = {};
+    return UnionRect(&both, &outer, &inner) && EqualRect(&both, &outer);
+}
+
+using ScreenTest = SettingsTest;
+}  // namespace
+
+TEST_F(ScreenTest, SheetFitsTheScreenThatItComesTo)
+{
+    const Editor sheet;
+    const HWND window = sheet.Window();
+    const HWND controls[] = {sheet.Page(), sheet.ApplyButton(), GetDlgItem(window, IDOK)};
+    const RECT natural = PlaceOf(window);
+    // Of the second screen, whose bar is at its top: a low one, a small one, one that is high enough.
+    for (const RECT& screen : {RECT{1600, 40, 2966, 768}, {1600, 40, 2300, 500}, {1600, 40, 3200, 1200}})
+    {
+        for (const UINT message : {WM_EXITSIZEMOVE, WM_DISPLAYCHANGE, WM_SETTINGCHANGE})
+        {
+            calls::AddScreen(screen);
+            SetWindowPos(window, nullptr, 1650, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+            SendMessageW(window, message, 0, 0);
+            const RECT place = PlaceOf(window);
+            EXPECT_TRUE(Contains(screen, place));
+            EXPECT_EQ(place.right - place.left > natural.right - natural.left, screen.bottom == 768)
+                << "room for a scroll bar";
+            for (const HWND control : controls)
+            {
+                EXPECT_TRUE(Contains(place, PlaceOf(control)));
+            }
+            SetWindowPos(window, nullptr, natural.left, natural.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+            SendMessageW(window, message, 0, 0);
+            EXPECT_TRUE(EqualRect(&natural, std::array{PlaceOf(window)}.data()));
+        }
+    }
+    // What Alt+Tab shows; and the "?" that Windows gives a sheet excludes the boxes beside it.
+    EXPECT_NE(SendMessageW(window, WM_GETICON, ICON_BIG, 0), 0);
+    EXPECT_EQ(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_CONTEXTHELP, 0);
+}

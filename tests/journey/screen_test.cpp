@@ -1,0 +1,124 @@
+// The real program on the screen that the run was given, QB_SCREEN at QB_DPI: all of it can be seen, and
+// reached by keys and mouse.
+#include "driver/editor.h"
+#include "resource.h"
+#include "support/registry.h"
+
+namespace
+{
+void Press(int key)
+{
+    keybd_event(static_cast<BYTE>(key), 0, 0, 0);
+    keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
+}
+
+HWND Focus(HWND window)
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info.hwndFocus;
+}
+
+RECT PlaceOf(HWND window)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+// Whether it lies in the client area of the windows that it is in, and on the screen.
+bool IsSeen(HWND window)
+{
+    const RECT place = PlaceOf(window);
+    for (HWND outer = window; outer != nullptr;)
+    {
+        outer = GetAncestor(outer, GA_PARENT);
+        RECT room = {};
+        GetClientRect(outer, &room);
+        MapWindowPoints(outer, nullptr, reinterpret_cast<POINT*>(&room), 2);
+        RECT both = {};
+        if (outer != nullptr && (!UnionRect(&both, &room, &place) || !EqualRect(&both, &room)))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Goes round by Tab.
+void Walk(const Sheet& sheet)
+{
+    const HWND first = Focus(sheet.Window());
+    HWND focus = first;
+    for (int stops = 0; stops == 0 || focus != first; ++stops)
+    {
+        ASSERT_LT(stops, 50) << "Tab does not come round";
+        Press(VK_TAB);
+        ASSERT_TRUE(WaitUntil([&] { return Focus(sheet.Window()) != focus; }));
+        focus = Focus(sheet.Window());
+        const HWND label = GetWindow(focus, GW_HWNDPREV);
+        ASSERT_TRUE(WaitUntil([&] { return IsSeen(focus) && (!IsOf(label, L"Static") || IsSeen(label)); }))
+            << GetDlgCtrlID(focus);
+    }
+}
+
+// Turns the wheel from the page's top to its bottom; an edit that is seen in part is clicked there.
+void Roll(const Sheet& sheet)
+{
+    std::vector<HWND> unseen = ControlsOf(sheet.Page());
+    std::erase_if(unseen, [](HWND control) { return !IsWindowVisible(control); });
+    const HWND first = unseen.front();
+    SendMessageW(sheet.Page(), WM_VSCROLL, SB_TOP, 0);
+    for (LONG top = 0; top != PlaceOf(first).top;)
+    {
+        top = PlaceOf(first).top;
+        std::erase_if(unseen, IsSeen);
+        SendMessageW(sheet.ApplyButton(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    }
+    EXPECT_EQ(unseen, std::vector<HWND>());
+    SendMessageW(sheet.Page(), WM_VSCROLL, SB_TOP, 0);
+    for (const HWND control : ControlsOf(sheet.Page()))
+    {
+        const RECT place = PlaceOf(control);
+        const POINT corner = {place.left + 4, place.top + 4};
+        if (IsOf(control, L"Edit") && IsWindowEnabled(control) && !IsSeen(control) &&
+            WindowFromPoint(corner) == control)
+        {
+            SetCursorPos(corner.x, corner.y);
+            mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+            EXPECT_TRUE(WaitUntil([&] { return Focus(control) == control; }));
+            EXPECT_FALSE(IsSeen(control)) << "nothing moves under the mouse";
+            mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+            EXPECT_TRUE(WaitUntil([&] { return IsSeen(control); }));
+        }
+    }
+}
+
+using ScreenJourney = SettingsTest;
+}  // namespace
+
+TEST_F(ScreenJourney, AllCanBeSeenAndReached)
+{
+    const EditorProcess editor;
+    const Sheet sheet = editor.WaitForSheet();
+    SetForegroundWindow(sheet.Window());
+    const RECT before = PlaceOf(sheet.Window());
+    for (const WPARAM command : {SC_RESTORE, SC_MAXIMIZE, SC_RESTORE})
+    {
+        SCOPED_TRACE(command);
+        SendMessageW(sheet.Window(), WM_SYSCOMMAND, command, 0);
+        for (int page = 0; page < sheet.PageCount(); ++page)
+        {
+            ASSERT_TRUE(sheet.SelectIndex(page));
+            SCOPED_TRACE(Printable(Form(sheet.Page()).Title()));
+            ASSERT_TRUE(WaitUntil([&] { return IsWindowVisible(Focus(sheet.Window())); }));
+            EXPECT_TRUE(IsSeen(sheet.ApplyButton()) && IsSeen(sheet.Page()));
+            Walk(sheet);
+            Roll(sheet);
+            ASSERT_FALSE(HasFailure()) << "each further fault would be waited for";
+        }
+    }
+    const RECT after = PlaceOf(sheet.Window());
+    EXPECT_TRUE(EqualRect(&before, &after));
+}
