@@ -3,6 +3,11 @@ qb_glob(resource_files resources/*)
 set(rc ${CMAKE_CURRENT_SOURCE_DIR}/resources/QBSettings.rc)
 set(rc_version QB_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} QB_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   QB_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+# Only ./package says where the bytes come from: other builds may have changes that no commit holds.
+foreach(origin QB_COMMIT QB_DEBIAN QB_GCC)
+  set(${origin} unknown CACHE STRING "As ./package sets it")
+  list(APPEND rc_version ${origin}=${${origin}})
+endforeach()
 
 if(WIN32)
   add_library(resources OBJECT)
