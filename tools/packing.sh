@@ -41,8 +41,9 @@ pack()
 {
     local name=$1
     cd "$package/$name"
-    find . -type f -printf '%P\n' | LC_ALL=C sort | xargs -d '\n' sha256sum > SHA256SUMS.new
-    mv SHA256SUMS.new SHA256SUMS
+    # Written elsewhere: the list is of the files without it.
+    find . -type f -printf '%P\n' | LC_ALL=C sort | xargs -d '\n' sha256sum > "../$name.sums"
+    mv "../$name.sums" SHA256SUMS
     cd ..
     # What a zip keeps of a file beside its bytes: the mode, and the local time of the last change.
     chmod -R u=rwX,go=rX "$name"
