@@ -1,11 +1,12 @@
-// How long the editor takes from the start of its process to the visible sheet, and each page when it is
-// opened for the first time; beside bare sheets with an empty page, with the editor's first page, and with
-// all of its pages. Arguments: the number of runs.
+// The time from the start of the editor's process to its visible sheet, and of each page's first display;
+// beside bare sheets with an empty page, with the editor's first page, and with all of its pages. Argument:
+// the number of runs.
 #include "driver/editor.h"
 #include "measure.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 
 namespace
 {
@@ -39,23 +40,27 @@ double TimeStart(const wchar_t* program, const wchar_t* arguments)
     return time;
 }
 
-// From the change of page until it is painted; by page, but for the first one, which comes up with the sheet.
-void TimePages(const wchar_t* program, const wchar_t* arguments, std::vector<Times>& times,
-               std::vector<std::wstring>& titles)
+// By the titles of the pages.
+using PageTimes = std::map<std::wstring, Times>;
+
+// Adds the times from the change of page until it is painted. The first page opens with the sheet. Gives the
+// titles.
+std::vector<std::wstring> TimePages(const wchar_t* program, const wchar_t* arguments, PageTimes& times)
 {
     const EditorProcess process(arguments, program);
     const Sheet sheet = process.WaitForSheet();
-    titles.clear();
-    times.resize(static_cast<size_t>(sheet.PageCount()) - 1);
-    for (size_t index = 0; index < times.size(); ++index)
+    std::vector<std::wstring> titles;
+    for (int index = 1; index < sheet.PageCount(); ++index)
     {
         const double start = Milliseconds();
-        sheet.SelectIndex(static_cast<int>(index) + 1);
+        sheet.SelectIndex(index);
         RedrawWindow(sheet.Page(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-        times[index].push_back(Milliseconds() - start);
+        const double time = Milliseconds() - start;
         titles.push_back(Form(sheet.Page()).Title());
+        times[titles.back()].push_back(time);
     }
     End(process, sheet);
+    return titles;
 }
 
 // The least is the least noisy: noise only ever adds.
@@ -74,18 +79,18 @@ int main(int argc, char** argv)
     Times editor;
     Times empty;
     Times firstPage;
-    std::vector<Times> pages;
-    std::vector<Times> barePages;
+    PageTimes pages;
+    PageTimes barePages;
     std::vector<std::wstring> titles;
     {
         const std::jthread awake = KeepAwake();
         for (int run = 0; run < runs; ++run)
         {
-            empty.push_back(TimeStart(BareSheet, L"0"));
-            firstPage.push_back(TimeStart(BareSheet, L"1"));
+            empty.push_back(TimeStart(BareSheet, L"empty"));
+            firstPage.push_back(TimeStart(BareSheet, L"first"));
             editor.push_back(TimeStart(Editor, L""));
-            TimePages(BareSheet, L"9", barePages, titles);
-            TimePages(Editor, L"", pages, titles);
+            TimePages(BareSheet, L"all", barePages);
+            titles = TimePages(Editor, L"", pages);
         }
     }
     std::printf("%3d runs, ms                      median    bare   ratio     least    bare   ratio\n", runs);
@@ -93,9 +98,9 @@ int main(int argc, char** argv)
     Print(L"beside an empty sheet", editor, empty);
     Print(L"beside the first page alone", editor, firstPage);
     std::printf("first display of a page\n");
-    for (size_t index = 0; index < titles.size(); ++index)
+    for (const std::wstring& title : titles)
     {
-        Print(titles[index].c_str(), pages[index], barePages[index]);
+        Print(title.c_str(), pages[title], barePages[title]);
     }
     return 0;
 }

@@ -109,10 +109,10 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
 {
     ClearSettings();
     const EditorProcess editor;
-    const Form box(editor.WaitForWindow(titles::Error));
+    const Form box(editor.WaitForWindow(ErrorTitle));
     EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
     RunSecondInstance();
-    EXPECT_EQ(editor.Windows(), Titles{titles::Error});
+    EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
     box.ClickToOpen(IDOK);
     EXPECT_TRUE(editor.WaitForEnd());
     EXPECT_FALSE(KeyExists(keys::Bench));

@@ -56,7 +56,7 @@ TEST_F(StartTest, EachValueIsTriedAndAnyFailureCounts)
         InstallTools({AlderQB, KauriQB});
         Store(keys::Installed, name, value);
         const Editor box;
-        EXPECT_EQ(box.Title(), titles::Error);
+        EXPECT_EQ(box.Title(), ErrorTitle);
         EXPECT_EQ(Form(box.Window()).TextOf(IdMessageText), NoProductList);
         EXPECT_EQ(InstalledProductMap.size(), 2U);
     }

@@ -47,7 +47,6 @@ inline const Text HostUnderTest = _T("MAUSB HUT Params");
 // Of windows.
 namespace titles
 {
-inline const Text Error = _T("QB Settings Error");
 inline const Text AdvancedTCP = _T("Advanced TCP Settings");
 inline const Text ClientPorts = _T("Client Port Numbers");
 inline const Text ServerPorts = _T("Server Port Numbers");

@@ -2,7 +2,6 @@
 
 #include "framework/ControlNames.h"
 #include "resource.h"
-#include "shell/QBSettingsApp.h"
 
 #include <commctrl.h>
 #include <prsht.h>
@@ -11,68 +10,6 @@
 
 namespace
 {
-constexpr UINT LookMilliseconds = 5;
-constexpr ULONGLONG GiveUpMilliseconds = 30000;
-
-struct Wait
-{
-    std::vector<Text> titles;
-    std::vector<HWND> before;  // windows that stood already, or have been acted on
-    std::function<void(const Form&)> act;
-    int most;
-    int count = 0;
-    ULONGLONG giveUp = GetTickCount64() + GiveUpMilliseconds;
-};
-
-std::map<UINT_PTR, Wait*> waits;  // by their timers
-
-void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
-{
-    const auto found = waits.find(timer);
-    if (found == waits.end())
-    {
-        return;
-    }
-    Wait& wait = *found->second;
-    if (GetTickCount64() > wait.giveUp)
-    {
-        ADD_FAILURE() << "a window has not come, or does not go";
-        // What stands instead would wait for ever.
-        PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
-        wait.giveUp += 1000;
-    }
-    if (wait.count == wait.most)
-    {
-        return;
-    }
-    const auto has = [](const auto& all, const auto& one) {
-        return std::find(all.begin(), all.end(), one) != all.end();
-    };
-    for (const HWND window : WindowsOf(GetCurrentThreadId()))
-    {
-        if (!has(wait.before, window) && has(wait.titles, Form(window).Title()))
-        {
-            wait.before.push_back(window);
-            ++wait.count;
-            wait.act(Form(window));
-            return;
-        }
-    }
-}
-
-// Takes the steps, and acts on windows of these titles that come meanwhile; gives their count.
-int ActDuring(const std::function<void()>& steps, const std::vector<Text>& titles,
-              const std::function<void(const Form&)>& act, int most = 1)
-{
-    Wait wait = {titles, WindowsOf(GetCurrentThreadId()), act, most};
-    const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
-    waits[timer] = &wait;
-    steps();
-    KillTimer(nullptr, timer);
-    waits.erase(timer);
-    return wait.count;
-}
-
 LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR list)
 {
     Events& events = *reinterpret_cast<Events*>(list);
@@ -110,10 +47,7 @@ bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
     tool->cbSize = sizeof(*tool);
     return SendMessageW(control, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(tool)) != 0;
 }
-}  // namespace
 
-namespace
-{
 // What the program tells screen readers, by the window.
 std::map<HWND, Text> givenNames;
 
@@ -128,8 +62,8 @@ HRESULT STDMETHODCALLTYPE ForgetName(IAccPropServices*, HWND window, DWORD, DWOR
     givenNames.erase(window);
     return S_OK;
 }
+}  // namespace
 
-// Wine 8 has the service for names, but it takes none: from now on ours keeps them.
 void KeepNames()
 {
     LoadLibraryW(_T("oleacc.dll"));
@@ -144,66 +78,6 @@ void KeepNames()
     table[9] = reinterpret_cast<void*>(ForgetName);  // ClearHwndProps
     service->Release();
     CoUninitialize();
-}
-
-// The program runs in a fiber of its own, so that a test goes on while the sheet waits for its user.
-void* testFiber = nullptr;
-HWND opened = nullptr;  // while the program runs
-
-void CALLBACK RunProgram(void*)
-{
-    const auto run = [] { EXPECT_FALSE(AfxGetApp()->InitInstance()); };
-    const auto giveControl = [](const Form& form) {
-        opened = form.Window();
-        SwitchToFiber(testFiber);
-    };
-    for (;;)
-    {
-        EXPECT_EQ(ActDuring(run, {SheetTitle, titles::Error}, giveControl), 1) << "no sheet and no error box";
-        opened = nullptr;
-        SwitchToFiber(testFiber);
-    }
-}
-
-void* ProgramFiber()
-{
-    static void* const fiber = [] {
-        KeepNames();
-        testFiber = ConvertThreadToFiber(nullptr);
-        return CreateFiber(size_t{1} << 23, RunProgram, nullptr);
-    }();
-    return fiber;
-}
-
-HWND StartProgram()
-{
-    givenNames.clear();
-    // The tests are the first instance, whatever else runs on the machine.
-    g_dwInstanceMutexError = ERROR_SUCCESS;
-    SwitchToFiber(ProgramFiber());
-    return opened;
-}
-}  // namespace
-
-Editor::Editor(const Text& tab) : Sheet(StartProgram())
-{
-    if (!tab.empty())
-    {
-        EXPECT_TRUE(Select(tab)) << Printable(tab);
-    }
-}
-
-Editor::~Editor()
-{
-    if (!HasSheet() || IsOpen())
-    {
-        SendMessageW(Window(), WM_COMMAND, IDCANCEL, 0);
-    }
-    if (opened != nullptr)
-    {
-        SwitchToFiber(ProgramFiber());
-    }
-    EXPECT_TRUE(givenNames.empty()) << "a name goes with its window";
 }
 
 void WithDialog(const Text& title, const std::function<void()>& open,
@@ -254,6 +128,7 @@ Events EventsOf(const Sheet& sheet, const std::function<void()>& steps)
 
 void ForEachForm(const std::function<void(const Form&, const Text& title)>& check)
 {
+    givenNames.clear();
     const Editor sheet;
     for (const Text& tab : sheet.Tabs())
     {

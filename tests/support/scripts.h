@@ -1,25 +1,8 @@
 // A user's steps in the editor, which runs within the test program.
 #pragma once
 
+#include "driver/inprocess.h"
 #include "support/settings.h"
-
-#include <functional>
-
-// Runs the program's InitInstance until its sheet, or its error box, waits for the user; the test then goes
-// on. The end of the scope cancels what is still open and returns from InitInstance. Fails the test if
-// nothing opens within half a minute. There is one at a time.
-class Editor : public Sheet
-{
-public:
-    // With the page of that tab in front.
-    explicit Editor(const Text& tab = {});
-    Editor(const Editor&) = delete;
-    Editor& operator=(const Editor&) = delete;
-    ~Editor() override;
-
-    // False if the error box is open.
-    bool HasSheet() const { return Title() == SheetTitle; }
-};
 
 // Opens the editor and checks each page and then both dialogs, under their titles.
 void ForEachForm(const std::function<void(const Form&, const Text& title)>& check);
@@ -41,6 +24,9 @@ Events EventsOf(const Sheet& sheet, const std::function<void()>& steps);
 
 // The title of the innermost group box around a control; empty if there is none.
 Text BoxOf(HWND control);
+// From now on keeps the names that the program gives its controls. Wine 8 has the service for that, but no
+// names in it.
+void KeepNames();
 // What a screen reader says for a control: the name that the program gives, its own text, or the label before
 // it.
 Text NameOf(HWND control);

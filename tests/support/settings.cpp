@@ -170,6 +170,7 @@ class FindControls : public testing::Environment
     {
         ClearSettings();
         InstallTools(AllTools);
+        KeepNames();
         const Editor sheet;
         const std::vector<Text> tabs = sheet.Tabs();
         for (const Text& tab : tabs)

@@ -12,6 +12,7 @@
 using Text = std::basic_string<TCHAR>;
 
 inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
+inline constexpr TCHAR ErrorTitle[] = _T("QB Settings Error");
 
 bool IsOf(HWND window, LPCTSTR className);
 // BS_ type, or -1 for any window but a button.

@@ -1,0 +1,137 @@
+#include "driver/inprocess.h"
+
+#include "shell/QBSettingsApp.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+namespace
+{
+constexpr UINT LookMilliseconds = 5;
+constexpr ULONGLONG GiveUpMilliseconds = 30000;
+
+struct Wait
+{
+    std::vector<Text> titles;
+    std::vector<HWND> known;  // windows that were open before, or have been acted on
+    std::function<void(const Form&)> act;
+    int most;
+    int count = 0;
+    ULONGLONG giveUp = GetTickCount64() + GiveUpMilliseconds;
+};
+
+std::map<UINT_PTR, Wait*> waits;  // by their timers
+
+void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    const auto found = waits.find(timer);
+    if (found == waits.end())
+    {
+        return;
+    }
+    Wait& wait = *found->second;
+    if (GetTickCount64() > wait.giveUp)
+    {
+        wait.count = wait.most = -1;
+        // Another window would wait for ever.
+        PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
+        wait.giveUp += 1000;
+    }
+    if (wait.count == wait.most)
+    {
+        return;
+    }
+    const auto has = [](const auto& all, const auto& one) {
+        return std::find(all.begin(), all.end(), one) != all.end();
+    };
+    for (const HWND window : WindowsOf(GetCurrentThreadId()))
+    {
+        if (!has(wait.known, window) && has(wait.titles, Form(window).Title()))
+        {
+            wait.known.push_back(window);
+            ++wait.count;
+            wait.giveUp = ~0ULL;  // the action takes its time
+            wait.act(Form(window));
+            wait.giveUp = GetTickCount64() + GiveUpMilliseconds;
+            return;
+        }
+    }
+}
+
+// The program runs in a fiber of its own, so that the caller goes on while the sheet waits for its user.
+void* callerFiber = nullptr;
+HWND opened = nullptr;  // while the program runs
+
+void CALLBACK RunProgram(void*)
+{
+    const auto run = [] { AfxGetApp()->InitInstance(); };
+    const auto giveControl = [](const Form& form) {
+        opened = form.Window();
+        SwitchToFiber(callerFiber);
+    };
+    for (;;)
+    {
+        if (ActDuring(run, {SheetTitle, ErrorTitle}, giveControl) != 1)
+        {
+            std::fputs("The editor opened neither its sheet nor its error box, or did not close it.\n",
+                       stderr);
+            std::_Exit(1);
+        }
+        opened = nullptr;
+        SwitchToFiber(callerFiber);
+    }
+}
+
+void* ProgramFiber()
+{
+    static void* const fiber = [] {
+        callerFiber = ConvertThreadToFiber(nullptr);
+        return CreateFiber(size_t{1} << 23, RunProgram, nullptr);
+    }();
+    return fiber;
+}
+
+HWND Start()
+{
+    // This is the first instance, whatever else runs on the machine.
+    g_dwInstanceMutexError = ERROR_SUCCESS;
+    SwitchToFiber(ProgramFiber());
+    return opened;
+}
+}  // namespace
+
+int ActDuring(const std::function<void()>& steps, const std::vector<Text>& titles,
+              const std::function<void(const Form&)>& act, int most)
+{
+    Wait wait = {titles, WindowsOf(GetCurrentThreadId()), act, most};
+    const UINT_PTR timer = SetTimer(nullptr, 0, LookMilliseconds, Look);
+    waits[timer] = &wait;
+    steps();
+    KillTimer(nullptr, timer);
+    waits.erase(timer);
+    return wait.count;
+}
+
+Editor::Editor(const Text& tab) : Sheet(Start())
+{
+    if (!tab.empty() && !Select(tab))
+    {
+        std::fprintf(stderr, "The sheet has no page \"%ls\", or does not open it.\n",
+                     reinterpret_cast<const wchar_t*>(tab.c_str()));
+        std::_Exit(1);
+    }
+}
+
+Editor::~Editor()
+{
+    if (!HasSheet() || IsOpen())
+    {
+        SendMessageW(Window(), WM_COMMAND, IDCANCEL, 0);
+    }
+    if (opened != nullptr)
+    {
+        SwitchToFiber(ProgramFiber());
+    }
+}
