@@ -25,23 +25,15 @@ Text HexDigits(DWORD number)
     return number < 16 ? last : HexDigits(number / 16) + last;
 }
 
-// What an edit shows of a value.
-Text TextFor(Setting::Kind kind, const StoredValue& value)
-{
-    return value.type == REG_SZ ? reinterpret_cast<LPCTSTR>(value.data.data())
-           : kind == Number     ? Decimal(static_cast<int>(NumberIn(value)))
-                                : HexDigits(NumberIn(value));
-}
-
 std::vector<Text> Split(const Text& text, const Text& separator)
 {
-    const size_t end = text.find(separator);
-    std::vector<Text> parts = {text.substr(0, end)};
-    if (end != Text::npos)
+    std::vector<Text> parts;
+    size_t start = 0;
+    for (size_t end; (end = text.find(separator, start)) != Text::npos; start = end + separator.size())
     {
-        const std::vector<Text> others = Split(text.substr(end + separator.size()), separator);
-        parts.insert(parts.end(), others.begin(), others.end());
+        parts.push_back(text.substr(start, end - start));
     }
+    parts.push_back(text.substr(start));
     return parts;
 }
 
@@ -120,8 +112,8 @@ void Examine(HWND control, Setting* setting)
     const bool isText = setting->initial.type == REG_SZ;
     const DWORD number = isText ? 0 : NumberIn(setting->initial);
     setting->id = GetDlgCtrlID(control);
-    const auto own =
-        static_cast<DWORD>(setting->id);  // so that no two controls of a page have the same value
+    // No two controls of a page have the same value.
+    const auto own = static_cast<DWORD>(setting->id);
     if (button == BS_AUTOCHECKBOX)
     {
         setting->kind = Check;
@@ -252,21 +244,6 @@ class FindControls : public testing::Environment
 [[maybe_unused]] const testing::Environment* const g_findControls =
     testing::AddGlobalTestEnvironment(new FindControls);
 
-// A minus sign alone would be no number: it is typed last. A disabled edit keeps what is pasted into it.
-void EnterText(const Form& page, int id, const Text& text)
-{
-    if (!page.IsEnabled(id))
-    {
-        page.SetText(id, text);
-        return;
-    }
-    const bool isNegative = text[0] == _T('-');
-    page.Retype(id, text.substr(isNegative ? 1 : 0));
-    if (isNegative)
-    {
-        page.TypeInFront(id, _T("-"));
-    }
-}
 }  // namespace
 
 bool Setting::IsLiveFor(const Tools& installed) const
@@ -275,48 +252,51 @@ bool Setting::IsLiveFor(const Tools& installed) const
            std::find_first_of(tools.begin(), tools.end(), installed.begin(), installed.end()) != tools.end();
 }
 
+Text Setting::TextFor(const StoredValue& value) const
+{
+    return kind == Radio          ? Decimal(value == initial ? BST_CHECKED : BST_UNCHECKED)
+           : value.type == REG_SZ ? reinterpret_cast<LPCTSTR>(value.data.data())
+           : kind == Hex          ? HexDigits(NumberIn(value))
+                                  : Decimal(static_cast<int>(NumberIn(value)));
+}
+
 void Setting::ExpectShown(const Form& page, const StoredValue& value) const
 {
-    SCOPED_TRACE(Printable(name));
-    switch (kind)
+    if (kind != Fixed)
     {
-    case Fixed:
-        break;
-    case Check:
-        EXPECT_EQ(page.CheckOf(id), static_cast<LRESULT>(NumberIn(value)));
-        break;
-    case List:
-        EXPECT_EQ(page.SelectionOf(id), static_cast<LRESULT>(NumberIn(value)));
-        break;
-    case Radio:
-        EXPECT_EQ(page.CheckOf(id), value == initial ? BST_CHECKED : BST_UNCHECKED);
-        EXPECT_EQ(page.CheckOf(secondId), value == initial ? BST_UNCHECKED : BST_CHECKED);
-        break;
-    default:
-        EXPECT_EQ(page.TextOf(id), TextFor(kind, value));
+        const Text shown = kind == List                     ? Decimal(page.SelectionOf(id))
+                           : kind == Check || kind == Radio ? Decimal(page.CheckOf(id))
+                                                            : page.TextOf(id);
+        EXPECT_EQ(shown, TextFor(value)) << Printable(name);
+        EXPECT_TRUE(kind != Radio || page.CheckOf(secondId) != page.CheckOf(id)) << Printable(name);
     }
 }
 
 void Setting::Enter(const Form& page, const StoredValue& value) const
 {
-    switch (kind)
+    const Text text = kind != Fixed ? TextFor(value) : Text();
+    if (kind == Radio)
     {
-    case Fixed:
-        break;
-    case Check:
-        if (page.CheckOf(id) != static_cast<LRESULT>(NumberIn(value)))
-        {
-            page.Click(id);
-        }
-        break;
-    case List:
-        page.Pick(id, static_cast<int>(NumberIn(value)));
-        break;
-    case Radio:
         page.Click(value == initial ? id : secondId);
-        break;
-    default:
-        EnterText(page, id, TextFor(kind, value));
+    }
+    else if (kind == List)
+    {
+        page.Pick(id, static_cast<int>(NumberIn(value)));
+    }
+    else if (kind == Check && Decimal(page.CheckOf(id)) != text)
+    {
+        page.Click(id);
+    }
+    else if (kind != Fixed && kind != Check && !page.IsEnabled(id))
+    {
+        page.SetText(id, text);  // a disabled edit keeps what is pasted into it
+    }
+    else if (kind != Fixed && kind != Check)
+    {
+        // A minus sign alone would be no number: it is typed last.
+        const size_t digits = text.find(_T('-')) == 0 ? 1 : 0;
+        page.Retype(id, text.substr(digits));
+        page.TypeInFront(id, text.substr(0, digits));
     }
 }
 

@@ -33,6 +33,8 @@ struct Setting
     bool IsLiveFor(const Tools& installed) const;
     // The value "fw" is a copy for old tools.
     bool IsRead() const { return name != _T("fw"); }
+    // The text that shows a value, of a button the BST_ value in decimal.
+    Text TextFor(const StoredValue& value) const;
     // Fails the test if the page does not show the value, which must be a Dword or an Sz.
     void ExpectShown(const Form& page, const StoredValue& value) const;
     // Acts as a user does.
