@@ -128,21 +128,23 @@ Events EventsOf(const Sheet& sheet, const std::function<void()>& steps)
 
 void ForEachForm(const std::function<void(const Form&, const Text& title)>& check)
 {
-    givenNames.clear();
-    const Editor sheet;
-    for (const Text& tab : sheet.Tabs())
     {
-        SCOPED_TRACE(Printable(tab));
-        ASSERT_TRUE(sheet.Select(tab));
-        check(sheet, tab);
+        const Editor sheet;
+        for (const Text& tab : sheet.Tabs())
+        {
+            SCOPED_TRACE(Printable(tab));
+            ASSERT_TRUE(sheet.Select(tab));
+            check(sheet, tab);
+        }
+        sheet.Select(tabs::Media);
+        for (const auto& [button, title] :
+             {std::pair{IDC_ADVANCED_TCP, titles::AdvancedTCP}, {IDC_TCP_CLIENT_PORTS, titles::ClientPorts}})
+        {
+            WithDialog(title, sheet, button,
+                       [&check, &name = title](const Form& dialog) { check(dialog, name); });
+        }
     }
-    sheet.Select(tabs::Media);
-    for (const auto& [button, title] :
-         {std::pair{IDC_ADVANCED_TCP, titles::AdvancedTCP}, {IDC_TCP_CLIENT_PORTS, titles::ClientPorts}})
-    {
-        WithDialog(title, sheet, button,
-                   [&check, &name = title](const Form& dialog) { check(dialog, name); });
-    }
+    EXPECT_TRUE(givenNames.empty()) << "a name goes with its window";
 }
 
 Text BoxOf(HWND control)
