@@ -166,6 +166,6 @@ void CPropertyPage::Show(HWND control)
     {
         place.top = std::min(place.top, PlaceOf(label).top);
     }
-    InflateRect(&place, 0, Units(7));
+    InflateRect(&place, 0, Units(11));
     ScrollTo(m_nTop + static_cast<int>(std::min(std::max<LONG>(0, place.bottom - client.bottom), place.top)));
 }
