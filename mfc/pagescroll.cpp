@@ -90,12 +90,8 @@ void CPropertyPage::ScrollTo(int top)
     m_nTop = std::max(0, std::min(top, m_nHeight - static_cast<int>(client.bottom)));
     if (client.bottom < m_nHeight || HasStyle(m_hWnd, WS_VSCROLL))
     {
-        SCROLLINFO bar = {};
-        bar.cbSize = sizeof(bar);
-        bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-        bar.nMax = m_nHeight - 1;
-        bar.nPage = static_cast<UINT>(client.bottom);
-        bar.nPos = m_nTop;
+        const auto room = static_cast<UINT>(client.bottom);
+        const SCROLLINFO bar = {sizeof(bar), SIF_ALL, 0, m_nHeight - 1, room, m_nTop, 0};
         SetScrollInfo(m_hWnd, SB_VERT, &bar, TRUE);
     }
     if (m_nTop == before)
@@ -115,30 +111,16 @@ void CPropertyPage::ScrollTo(int top)
 
 void CPropertyPage::Scroll(int code)
 {
-    SCROLLINFO bar = {};
-    bar.cbSize = sizeof(bar);
-    bar.fMask = SIF_PAGE | SIF_TRACKPOS;
+    SCROLLINFO bar = {sizeof(bar), SIF_PAGE | SIF_TRACKPOS, 0, 0, 0, 0, 0};
     GetScrollInfo(m_hWnd, SB_VERT, &bar);
     const int line = Units(8);
     const int page = static_cast<int>(bar.nPage) - line;
-    switch (code)
+    // By the codes from SB_LINEUP to SB_BOTTOM.
+    const int dragged = bar.nTrackPos - m_nTop;
+    const int by[] = {-line, line, -page, page, dragged, dragged, -m_nTop, m_nHeight};
+    if (code <= SB_BOTTOM)
     {
-    case SB_LINEUP:
-        return ScrollTo(m_nTop - line);
-    case SB_LINEDOWN:
-        return ScrollTo(m_nTop + line);
-    case SB_PAGEUP:
-        return ScrollTo(m_nTop - page);
-    case SB_PAGEDOWN:
-        return ScrollTo(m_nTop + page);
-    case SB_THUMBTRACK:
-        return ScrollTo(bar.nTrackPos);
-    case SB_TOP:
-        return ScrollTo(0);
-    case SB_BOTTOM:
-        return ScrollTo(m_nHeight);
-    default:
-        return;
+        ScrollTo(m_nTop + by[code]);
     }
 }
 
