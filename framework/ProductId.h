@@ -1,4 +1,4 @@
-// The sibling tools, by the value names that stand for them under the key of installed tools.
+// The sibling tools, by the names of their values under the key of installed tools.
 #pragma once
 
 #include "framework/RegistryAccess.h"
@@ -17,8 +17,9 @@ inline const ProductId IvyRig = _T("IvyRig");
 inline const ProductId JuniperRig = _T("JuniperRig");
 inline const ProductId KauriQB = _T("KauriQB");
 
-// Whether the tool's value stood under the key of installed tools at start, with a number other than 0. Exact
-// case. The directory that answers is the shell's.
+// Whether the key of installed tools had a value of this name, in exact case, with a number other than 0 when
+// the program started. Defined in shell/, which owns the list; declared here because pages ask, and includes
+// point down only.
 bool IsProductInstalled(const ProductId& product);
 
 // Sets the path to the tool's own key, "SOFTWARE\Halvane\" and the tool's name.

@@ -1,6 +1,6 @@
-// The one road to the registry. Keys lie under HKEY_LOCAL_MACHINE and have no leading backslash; a read
-// creates nothing, a write creates the key with all above it; each call opens its key, does one value and
-// closes the key.
+// Registry access. Keys are relative to HKEY_LOCAL_MACHINE and have no leading backslash. A read creates
+// nothing; a write creates the key with all keys above it. Each call opens its key for one value and closes
+// it.
 #pragma once
 
 #include <afxstr.h>
@@ -13,7 +13,7 @@ inline const HKEY SettingsRoot = HKEY_LOCAL_MACHINE;
 inline constexpr REGSAM KeyRead = KEY_READ;
 inline constexpr REGSAM KeyWrite = KEY_WRITE;
 
-// The key that the family's own keys lie under.
+// The key above the family's own keys.
 inline constexpr LPCTSTR FamilyRoot = _T("SOFTWARE\\Halvane");
 
 // Shared by the pages of the host and device tools.
@@ -31,7 +31,7 @@ public:
 
     // Opens a key of SettingsRoot.
     RegistryKey(const WideString& path, Access access);
-    // Takes over a key that was opened otherwise.
+    // Takes ownership of an open key.
     explicit RegistryKey(HKEY key) : m_key(key) {}
     ~RegistryKey();
     RegistryKey(const RegistryKey&) = delete;
@@ -47,18 +47,18 @@ private:
 // Stores a REG_DWORD. False if the key or the value was refused.
 bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value);
 
-// The bytes of a value of any type as UTF-16, up to the first NUL. On failure false, and the text is as it
-// was.
+// Reads the bytes of a value of any type as UTF-16, up to the first NUL. On failure the result is false and
+// the text does not change.
 bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text);
 
 // Stores a REG_SZ with its terminator; a null pointer counts as the empty text.
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text);
 
-// Replaces the low bytes of the number by the value's bytes, whatever its type; a value of more than four
-// bytes, or none, leaves the number as it was.
+// Replaces the low bytes of the number by the bytes of a value of any type. A value of more than four bytes,
+// or none, leaves the number as it was.
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number);
 
-// Copies the value's bytes, whatever its type, but at most `size`; what they do not reach stays as it was.
+// Copies at most `size` bytes of a value of any type; the bytes of the buffer behind them do not change.
 void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer);
 
 // Stores a REG_BINARY; does nothing with no buffer or no bytes.

@@ -17,11 +17,7 @@ BOOL CSettingsPage::OnInitDialog()
     CPropertyPage::OnInitDialog();
     UpdateControlStates();
     NameControls(*this, m_names);
-    if (CreateToolTips(*this, m_pToolTip))
-    {
-        InitToolTips();
-        ActivateToolTips(*m_pToolTip);
-    }
+    SetUpToolTips(*this, m_pToolTip, [this] { InitToolTips(); });
     return TRUE;
 }
 
@@ -40,7 +36,7 @@ BOOL CSettingsPage::PreTranslateMessage(MSG* pMsg)
 template <class Member>
 void CSettingsPage::MarkIfChanged(Member& member)
 {
-    // Through the exchange the member changes, which is reached by another road.
+    // UpdateData changes `member` through `this`, so a copy is needed.
     const Member before = member;  // NOLINT(performance-unnecessary-copy-initialization)
     UpdateData(TRUE);
     SetModified(!(before == member));
@@ -94,7 +90,7 @@ bool CSettingsPage::ConcernsInstalledTool() const
     return m_bAlwaysShown || std::any_of(m_products.begin(), m_products.end(), IsProductInstalled);
 }
 
-// The registry operations report no failure, and no page asks for one.
+// The registry operations report no failure, because no page asks for one.
 
 void CSettingsPage::ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer)
 {

@@ -1,17 +1,16 @@
 #include "framework/ToolTips.h"
 
-bool CreateToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip)
+void SetUpToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip, const std::function<void()>& addTips)
 {
     window.EnableToolTips(TRUE);
     toolTip = std::make_unique<CToolTipCtrl>();
-    return toolTip->Create(&window, 0);
-}
-
-void ActivateToolTips(CToolTipCtrl& toolTip)
-{
-    toolTip.SendMessage(TTM_SETMAXTIPWIDTH, 0, MaxTipWidth);
-    toolTip.SendMessage(TTM_SETDELAYTIME, TTDT_AUTOPOP, TipMilliseconds);
-    toolTip.SendMessage(TTM_ACTIVATE, TRUE, 0);
+    if (toolTip->Create(&window, 0))
+    {
+        addTips();
+        toolTip->SendMessage(TTM_SETMAXTIPWIDTH, 0, MaxTipWidth);
+        toolTip->SendMessage(TTM_SETDELAYTIME, TTDT_AUTOPOP, TipMilliseconds);
+        toolTip->SendMessage(TTM_ACTIVATE, TRUE, 0);
+    }
 }
 
 void RelayToToolTips(CToolTipCtrl* toolTip, MSG* message)

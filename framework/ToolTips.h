@@ -2,18 +2,17 @@
 
 #include <afxcmn.h>
 
+#include <functional>
 #include <memory>
 
-// The tips of one window: wrapped at 300 pixels, up for 30 seconds.
+// Tips wrap at 300 pixels and stay for 30 seconds.
 inline constexpr int MaxTipWidth = 300;
 inline constexpr int TipMilliseconds = 30000;
 
-// Makes a window's tooltip control. False if that failed: the control object stands all the same, without
-// effect.
-bool CreateToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip);
+// Makes the window's tooltip control and has addTips add the tools. If the control cannot be made, nothing is
+// added; the object is there all the same, without effect.
+void SetUpToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip,
+                   const std::function<void()>& addTips);
 
-// To be called once the tools are added.
-void ActivateToolTips(CToolTipCtrl& toolTip);
-
-// Shows the control, if there is one, the messages that its window is about to get.
+// Passes a message of the window on to the tooltip control, if there is one yet.
 void RelayToToolTips(CToolTipCtrl* toolTip, MSG* message);

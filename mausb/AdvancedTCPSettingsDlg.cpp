@@ -10,7 +10,7 @@ BEGIN_MESSAGE_MAP(CAdvancedTCPSettingsDlg, CDialogEx)
     ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_RCVBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf)
 END_MESSAGE_MAP()
 
-// Any number but 0 switches TCP_NODELAY on, where a check box would not show most of them.
+// Any number but 0 enables TCP_NODELAY, and a check box would show most of them as unchecked.
 CAdvancedTCPSettingsDlg::CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings)
     : CDialogEx(IDD_ADVANCED_TCP),
       m_nSocketSendDelay(settings.m_nSocketSendDelay),
@@ -37,11 +37,7 @@ void CAdvancedTCPSettingsDlg::DoDataExchange(CDataExchange* pDX)
 BOOL CAdvancedTCPSettingsDlg::OnInitDialog()
 {
     CDialogEx::OnInitDialog();
-    if (CreateToolTips(*this, m_pToolTip))
-    {
-        InitToolTips();
-        ActivateToolTips(*m_pToolTip);
-    }
+    SetUpToolTips(*this, m_pToolTip, [this] { InitToolTips(); });
     OnUseDefaultSndBuf();
     OnUseDefaultRcvBuf();
     return TRUE;
@@ -75,7 +71,7 @@ void CAdvancedTCPSettingsDlg::InitToolTips()
     }
 }
 
-// A size that is not in use keeps its number, and is stored all the same.
+// A disabled size keeps its number, which is stored all the same.
 void CAdvancedTCPSettingsDlg::OnUseDefaultSndBuf()
 {
     UpdateData(TRUE);
@@ -90,8 +86,8 @@ void CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf()
     GetDlgItem(IDC_TCP_RCVBUF_LABEL)->EnableWindow(m_nUseDefaultRcvBuf == 0);
 }
 
-// The record follows the members also when an edit holds no number and the dialog stays: they are then what
-// the exchange reached.
+// The record takes the members also when an edit holds no number and the dialog stays open: the exchange has
+// changed the members before that edit.
 void CAdvancedTCPSettingsDlg::OnOK()
 {
     CDialogEx::OnOK();

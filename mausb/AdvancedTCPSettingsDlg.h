@@ -1,4 +1,4 @@
-// Advanced TCP Settings: edits the six values by which the MAUSB tool tunes its sockets, in memory.
+// Advanced TCP Settings: edits the six socket options of the MAUSB tool, in memory.
 #pragma once
 
 #include <afxcmn.h>
@@ -21,7 +21,7 @@ class CAdvancedTCPSettingsDlg : public CDialogEx
     DECLARE_DYNAMIC(CAdvancedTCPSettingsDlg)
 
 public:
-    // The record stays the caller's; OK changes it.
+    // Keeps a pointer to the record, which OK changes.
     explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);
 
     DECLARE_MESSAGE_MAP()

@@ -11,30 +11,15 @@ BEGIN_MESSAGE_MAP(CMAUSBHubUnderTestParamsDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_HUT_SENDS_GETPORTBWREQ, &CMAUSBHubUnderTestParamsDlg::OnSendsGetPortBWReq)
 END_MESSAGE_MAP()
 
-namespace
-{
-const WideString NameSendsGetPortBWReq = _T("SendsGetPortBWReq");
-}
-
-#define RETRIES_TIP(kind) \
-    _T("The number of ") _T(kind) _T(" retries the Host Under Test will send.\n") \
-    _T("See Table 71 of the MAUSB 1.0a specification.")
-
 using Page = CMAUSBHubUnderTestParamsDlg;
 
-const Page::RetrySetting Page::RetrySettings[5] = {
-    {&Page::m_nBulkTransferRetriesHUT, _T("aBulkTransferRetriesHUT"), IDC_HUT_BULK_RETRIES,
-     RETRIES_TIP("bulk transfer")},
-    {&Page::m_nControlTransferRetriesHUT, _T("aControlTransferRetriesHUT"), IDC_HUT_CONTROL_RETRIES,
-     RETRIES_TIP("control transfer")},
-    {&Page::m_nInterruptTransferRetriesHUT, _T("aInterruptTransferRetriesHUT"), IDC_HUT_INTERRUPT_RETRIES,
-     RETRIES_TIP("interrupt transfer")},
-    {&Page::m_nManagementRetriesHUT, _T("aManagementRetriesHUT"), IDC_HUT_MANAGEMENT_RETRIES,
-     RETRIES_TIP("management packet")},
-    {&Page::m_nTransferSetupRetriesHUT, _T("aTransferSetupRetriesHUT"), IDC_HUT_TRANSFER_SETUP_RETRIES,
-     RETRIES_TIP("transfer setup")}};
-
-#undef RETRIES_TIP
+const NumberSetting<Page> Page::Settings[6] = {
+    {&Page::m_nBulkTransferRetriesHUT, _T("aBulkTransferRetriesHUT"), IDC_HUT_BULK_RETRIES},
+    {&Page::m_nControlTransferRetriesHUT, _T("aControlTransferRetriesHUT"), IDC_HUT_CONTROL_RETRIES},
+    {&Page::m_nInterruptTransferRetriesHUT, _T("aInterruptTransferRetriesHUT"), IDC_HUT_INTERRUPT_RETRIES},
+    {&Page::m_nManagementRetriesHUT, _T("aManagementRetriesHUT"), IDC_HUT_MANAGEMENT_RETRIES},
+    {&Page::m_nTransferSetupRetriesHUT, _T("aTransferSetupRetriesHUT"), IDC_HUT_TRANSFER_SETUP_RETRIES},
+    {&Page::m_nSendsGetPortBWReq, _T("SendsGetPortBWReq"), IDC_HUT_SENDS_GETPORTBWREQ, DDX_Check}};
 
 CMAUSBHubUnderTestParamsDlg::CMAUSBHubUnderTestParamsDlg() : CSettingsPage(IDD_MAUSB_HUT_PARAMS)
 {
@@ -44,48 +29,30 @@ CMAUSBHubUnderTestParamsDlg::CMAUSBHubUnderTestParamsDlg() : CSettingsPage(IDD_M
 void CMAUSBHubUnderTestParamsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
-    for (const RetrySetting& setting : RetrySettings)
-    {
-        DDX_Text(pDX, setting.id, this->*setting.member);
-    }
-    DDX_Check(pDX, IDC_HUT_SENDS_GETPORTBWREQ, m_nSendsGetPortBWReq);
+    ExchangeAll(pDX, Settings);
 }
 
 void CMAUSBHubUnderTestParamsDlg::LoadSettings()
 {
-    for (const RetrySetting& setting : RetrySettings)
-    {
-        ReadValue(ToolKey(), setting.name, this->*setting.member);
-    }
-    ReadValue(ToolKey(), NameSendsGetPortBWReq, m_nSendsGetPortBWReq);
+    ReadAll(ToolKey(), Settings);
 }
 
 void CMAUSBHubUnderTestParamsDlg::SaveSettings()
 {
-    for (const RetrySetting& setting : RetrySettings)
-    {
-        WriteValue(ToolKey(), setting.name, this->*setting.member);
-    }
-    WriteValue(ToolKey(), NameSendsGetPortBWReq, m_nSendsGetPortBWReq);
+    WriteAll(ToolKey(), Settings);
 }
+
+#define RETRIES_TIP(kind) \
+    _T("The number of ") _T(kind) _T(" retries the Host Under Test will send.\n") \
+    _T("See Table 71 of the MAUSB 1.0a specification.")
 
 void CMAUSBHubUnderTestParamsDlg::InitToolTips()
 {
-    for (const RetrySetting& setting : RetrySettings)
-    {
-        AddToolTip(setting.id, setting.toolTip);
-    }
+    AddToolTip(IDC_HUT_BULK_RETRIES, RETRIES_TIP("bulk transfer"));
+    AddToolTip(IDC_HUT_CONTROL_RETRIES, RETRIES_TIP("control transfer"));
+    AddToolTip(IDC_HUT_INTERRUPT_RETRIES, RETRIES_TIP("interrupt transfer"));
+    AddToolTip(IDC_HUT_MANAGEMENT_RETRIES, RETRIES_TIP("management packet"));
+    AddToolTip(IDC_HUT_TRANSFER_SETUP_RETRIES, RETRIES_TIP("transfer setup"));
     AddToolTip(IDC_HUT_SENDS_GETPORTBWREQ,
                _T("If checked, then the Host Under Test has the ability to send GetPortBWReq packets."));
-}
-
-void CMAUSBHubUnderTestParamsDlg::OnRetries(UINT id)
-{
-    for (const RetrySetting& setting : RetrySettings)
-    {
-        if (setting.id == static_cast<int>(id))
-        {
-            CheckModified(this->*setting.member);
-        }
-    }
 }

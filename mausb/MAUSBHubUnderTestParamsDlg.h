@@ -18,19 +18,12 @@ protected:
     void SaveSettings() override;
     void LoadSettings() override;
 
-    afx_msg void OnRetries(UINT id);
+    afx_msg void OnRetries(UINT id) { CheckModifiedIn(Settings, id); }
     afx_msg void OnSendsGetPortBWReq() { CheckModified(m_nSendsGetPortBWReq); }
 
 private:
     using Number = int CMAUSBHubUnderTestParamsDlg::*;
-    struct RetrySetting
-    {
-        Number member;
-        WideString name;
-        int id;
-        LPCTSTR toolTip;
-    };
-    static const RetrySetting RetrySettings[5];
+    static const NumberSetting<CMAUSBHubUnderTestParamsDlg> Settings[6];
 
     int m_nBulkTransferRetriesHUT = 5;
     int m_nControlTransferRetriesHUT = 5;

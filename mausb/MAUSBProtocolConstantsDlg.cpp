@@ -21,22 +21,22 @@ using Page = CMAUSBProtocolConstantsDlg;
 
 // clang-format off
 const Page::Setting Page::Settings[16] = {
-    {&Page::m_nManagementResponseTime,     _T("aManagementResponseTime"),     IDC_MANAGEMENT_RESPONSE,     5, Group::ResponseTimes},
-    {&Page::m_nTransferResponseTime,       _T("aTransferResponseTime"),       IDC_TRANSFER_RESPONSE,      10, Group::ResponseTimes},
-    {&Page::m_nDataChannelDelayTCP,        _T("aDataChannelDelayTCP"),        IDC_DATA_DELAY_TCP,        100, Group::Delays},
-    {&Page::m_nManagementChannelDelayTCP,  _T("aManagementChannelDelayTCP"),  IDC_MANAGEMENT_DELAY_TCP,  100, Group::Delays},
-    {&Page::m_nMaxIsochLinkDelayTCP,       _T("aMaxIsochLinkDelayTCP"),       IDC_ISOCH_DELAY_TCP,       100, Group::Delays},
-    {&Page::m_nDataChannelDelayUDP,        _T("aDataChannelDelayUDP"),        IDC_DATA_DELAY_UDP,        100, Group::Delays},
-    {&Page::m_nManagementChannelDelayUDP,  _T("aManagementChannelDelayUDP"),  IDC_MANAGEMENT_DELAY_UDP,  100, Group::Delays},
-    {&Page::m_nMaxIsochLinkDelayUDP,       _T("aMaxIsochLinkDelayUDP"),       IDC_ISOCH_DELAY_UDP,       100, Group::Delays},
-    {&Page::m_nDataChannelDelaySNAP,       _T("aDataChannelDelaySNAP"),       IDC_DATA_DELAY_SNAP,        25, Group::Delays},
-    {&Page::m_nManagementChannelDelaySNAP, _T("aManagementChannelDelaySNAP"), IDC_MANAGEMENT_DELAY_SNAP,  25, Group::Delays},
-    {&Page::m_nMaxIsochLinkDelaySNAP,      _T("aMaxIsochLinkDelaySNAP"),      IDC_ISOCH_DELAY_SNAP,       25, Group::Delays},
-    {&Page::m_nBulkTransferRetries,        _T("aBulkTransferRetries"),        IDC_BULK_RETRIES,            5, Group::Retries},
-    {&Page::m_nControlTransferRetries,     _T("aControlTransferRetries"),     IDC_CONTROL_RETRIES,         5, Group::Retries},
-    {&Page::m_nInterruptTransferRetries,   _T("aInterruptTransferRetries"),   IDC_INTERRUPT_RETRIES,       3, Group::Retries},
-    {&Page::m_nManagementRetries,          _T("aManagementRetries"),          IDC_MANAGEMENT_RETRIES,      4, Group::Retries},
-    {&Page::m_nTransferSetupRetries,       _T("aTransferSetupRetries"),       IDC_TRANSFER_SETUP_RETRIES,  4, Group::Retries}};
+    {{&Page::m_nManagementResponseTime,     _T("aManagementResponseTime"),     IDC_MANAGEMENT_RESPONSE},     5, Group::ResponseTimes},
+    {{&Page::m_nTransferResponseTime,       _T("aTransferResponseTime"),       IDC_TRANSFER_RESPONSE},      10, Group::ResponseTimes},
+    {{&Page::m_nDataChannelDelayTCP,        _T("aDataChannelDelayTCP"),        IDC_DATA_DELAY_TCP},        100, Group::Delays},
+    {{&Page::m_nManagementChannelDelayTCP,  _T("aManagementChannelDelayTCP"),  IDC_MANAGEMENT_DELAY_TCP},  100, Group::Delays},
+    {{&Page::m_nMaxIsochLinkDelayTCP,       _T("aMaxIsochLinkDelayTCP"),       IDC_ISOCH_DELAY_TCP},       100, Group::Delays},
+    {{&Page::m_nDataChannelDelayUDP,        _T("aDataChannelDelayUDP"),        IDC_DATA_DELAY_UDP},        100, Group::Delays},
+    {{&Page::m_nManagementChannelDelayUDP,  _T("aManagementChannelDelayUDP"),  IDC_MANAGEMENT_DELAY_UDP},  100, Group::Delays},
+    {{&Page::m_nMaxIsochLinkDelayUDP,       _T("aMaxIsochLinkDelayUDP"),       IDC_ISOCH_DELAY_UDP},       100, Group::Delays},
+    {{&Page::m_nDataChannelDelaySNAP,       _T("aDataChannelDelaySNAP"),       IDC_DATA_DELAY_SNAP},        25, Group::Delays},
+    {{&Page::m_nManagementChannelDelaySNAP, _T("aManagementChannelDelaySNAP"), IDC_MANAGEMENT_DELAY_SNAP},  25, Group::Delays},
+    {{&Page::m_nMaxIsochLinkDelaySNAP,      _T("aMaxIsochLinkDelaySNAP"),      IDC_ISOCH_DELAY_SNAP},       25, Group::Delays},
+    {{&Page::m_nBulkTransferRetries,        _T("aBulkTransferRetries"),        IDC_BULK_RETRIES},            5, Group::Retries},
+    {{&Page::m_nControlTransferRetries,     _T("aControlTransferRetries"),     IDC_CONTROL_RETRIES},         5, Group::Retries},
+    {{&Page::m_nInterruptTransferRetries,   _T("aInterruptTransferRetries"),   IDC_INTERRUPT_RETRIES},       3, Group::Retries},
+    {{&Page::m_nManagementRetries,          _T("aManagementRetries"),          IDC_MANAGEMENT_RETRIES},      4, Group::Retries},
+    {{&Page::m_nTransferSetupRetries,       _T("aTransferSetupRetries"),       IDC_TRANSFER_SETUP_RETRIES},  4, Group::Retries}};
 // clang-format on
 
 CMAUSBProtocolConstantsDlg::CMAUSBProtocolConstantsDlg() : CSettingsPage(IDD_MAUSB_PROTOCOL)
@@ -61,26 +61,17 @@ CMAUSBProtocolConstantsDlg::CMAUSBProtocolConstantsDlg() : CSettingsPage(IDD_MAU
 void CMAUSBProtocolConstantsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
-    for (const Setting& setting : Settings)
-    {
-        DDX_Text(pDX, setting.id, this->*setting.member);
-    }
+    ExchangeAll(pDX, Settings);
 }
 
 void CMAUSBProtocolConstantsDlg::LoadSettings()
 {
-    for (const Setting& setting : Settings)
-    {
-        ReadValue(ToolKey(), setting.name, this->*setting.member);
-    }
+    ReadAll(ToolKey(), Settings);
 }
 
 void CMAUSBProtocolConstantsDlg::SaveSettings()
 {
-    for (const Setting& setting : Settings)
-    {
-        WriteValue(ToolKey(), setting.name, this->*setting.member);
-    }
+    WriteAll(ToolKey(), Settings);
 }
 
 void CMAUSBProtocolConstantsDlg::InitToolTips()
@@ -101,21 +92,10 @@ void CMAUSBProtocolConstantsDlg::AddGroupToolTips(Group group, LPCTSTR text, int
     {
         if (setting.group == group)
         {
-            AddToolTip(setting.id, text);
+            AddToolTip(setting.control, text);
         }
     }
     AddToolTip(buttonId, buttonText);
-}
-
-void CMAUSBProtocolConstantsDlg::OnField(UINT id)
-{
-    for (const Setting& setting : Settings)
-    {
-        if (setting.id == static_cast<int>(id))
-        {
-            CheckModified(this->*setting.member);
-        }
-    }
 }
 
 void CMAUSBProtocolConstantsDlg::ResetGroup(Group group)
@@ -123,12 +103,12 @@ void CMAUSBProtocolConstantsDlg::ResetGroup(Group group)
     bool changed = false;
     for (const Setting& setting : Settings)
     {
-        if (setting.group == group && SetFieldValue(this->*setting.member, setting.value, setting.id))
+        if (setting.group == group && SetFieldValue(this->*setting.member, setting.value, setting.control))
         {
             changed = true;
         }
     }
-    // Last, because the change event of each edit has taken the mark away: it found its member as it was.
+    // Last, because the EN_CHANGE of each edit finds its member set already and takes the mark away.
     if (changed)
     {
         SetModified(TRUE);

@@ -18,7 +18,7 @@ protected:
     void SaveSettings() override;
     void LoadSettings() override;
 
-    afx_msg void OnField(UINT id);
+    afx_msg void OnField(UINT id) { CheckModifiedIn(Settings, id); }
     afx_msg void OnSetToDefault() { ResetGroup(Group::ResponseTimes); }
     afx_msg void OnSetToSuggested() { ResetGroup(Group::Delays); }
     afx_msg void OnSetToMinimum() { ResetGroup(Group::Retries); }
@@ -30,13 +30,9 @@ private:
         Delays,
         Retries
     };
-    using Number = int CMAUSBProtocolConstantsDlg::*;
-    struct Setting
+    struct Setting : NumberSetting<CMAUSBProtocolConstantsDlg>
     {
-        Number member;
-        WideString name;
-        int id;
-        int value;  // the default, and what its group's button puts back
+        int value;  // the default, which its group's button sets
         Group group;
     };
     static const Setting Settings[16];

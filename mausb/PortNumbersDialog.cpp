@@ -8,8 +8,7 @@
 
 IMPLEMENT_DYNAMIC(CPortNumbersDialog, CDialogEx)
 
-// The ids of the rows interleave: between one edit and the next lie a combo box and a label, which send no
-// such code.
+// The range includes the combo boxes and labels between the edits; they send no EN_CHANGE.
 BEGIN_MESSAGE_MAP(CPortNumbersDialog, CDialogEx)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_PORT_EDIT_0, IDC_PORT_EDIT_3, &CPortNumbersDialog::OnPortText)
 END_MESSAGE_MAP()
@@ -95,16 +94,12 @@ BOOL CPortNumbersDialog::OnInitDialog()
                          {IDC_PORT_TYPE_1, _T("Packet Type")},
                          {IDC_PORT_TYPE_2, _T("Packet Type")},
                          {IDC_PORT_TYPE_3, _T("Packet Type")}});
-    InitToolTips();
+    SetUpToolTips(*this, m_pToolTip, [this] { InitToolTips(); });
     return TRUE;
 }
 
 void CPortNumbersDialog::InitToolTips()
 {
-    if (!CreateToolTips(*this, m_pToolTip))
-    {
-        return;
-    }
     for (const RowIds& ids : Rows)
     {
         m_pToolTip->AddTool(GetDlgItem(ids.edit), _T("Enter a TCP port number."));
@@ -117,7 +112,6 @@ void CPortNumbersDialog::InitToolTips()
             _T("If you set it to Default, then all packets that aren't set by other ports will be ")
             _T("set on this port."));
     }
-    ActivateToolTips(*m_pToolTip);
 }
 
 void CPortNumbersDialog::ShowPortRow(int editId, int comboId, UINT& rowPort, int& rowPacketType, int row)
@@ -128,8 +122,7 @@ void CPortNumbersDialog::ShowPortRow(int editId, int comboId, UINT& rowPort, int
     {
         CString text;
         text.Format(_T("%u"), rowPort);
-        // Its change event sets the row by what the text says. What follows stands even for a port that is
-        // too high.
+        // Its EN_CHANGE sets the row by the text. The lines below hold also for a port that is too high.
         GetDlgItem(editId)->SetWindowText(text);
     }
     rowPacketType = rowPort != 0 ? entry.PacketType : PacketTypeDefault;

@@ -13,11 +13,11 @@ class CPortNumbersDialog : public CDialogEx
     DECLARE_DYNAMIC(CPortNumbersDialog)
 
 public:
-    // The table stays the caller's. OK leaves it with four entries, in the order of the rows, empty rows
-    // included.
+    // Keeps both pointers, which must outlive the dialog. OK replaces the table by four entries, in the order
+    // of the rows, empty rows included.
     CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent);
 
-    // 1 to 65535 as the text begins with it, and 0 for any other text.
+    // The number from 1 to 65535 at the start of the text; 0 if there is none.
     static UINT ParsePortText(const CString& text);
 
     DECLARE_MESSAGE_MAP()

@@ -22,32 +22,27 @@ namespace
 const WideString PortDriverKey = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
 }  // namespace
 
-// A setting: its member, the control that shows it, and the value that stores it.
-struct CXHCISettingsDlg::Setting
+struct CXHCISettingsDlg::Setting : NumberSetting<CXHCISettingsDlg>
 {
-    Member member;
-    int control;
-    void (*exchange)(CDataExchange*, int, int&);
-    WideString name;
     const WideString& key = TestServicesKey;
 };
 
-// In the order of the exchange; reading and writing have orders of their own.
+// In the order of the exchange. Reading and writing have orders of their own.
 const CXHCISettingsDlg::Setting CXHCISettingsDlg::Settings[] = {
-    {&Self::IMODInterval, IDC_IMOD_INTERVAL, DDX_Text, _T("IMODInterval"), PortDriverKey},
-    {&Self::PromptDuringConnect, IDC_PROMPT_DURING_CONNECT, DDX_Check, _T("PromptDuringConnect")},
-    {&Self::IntMaxPacketStart, IDC_INT_MAX_PACKET_START, DDX_Text, _T("IntMaxPacketStart")},
-    {&Self::IntMaxBurstStart, IDC_INT_MAX_BURST_START, DDX_Text, _T("IntMaxBurstStart")},
-    {&Self::IsochMaxBurstStart, IDC_ISOCH_MAX_BURST_START, DDX_Text, _T("IsochMaxBurstStart")},
-    {&Self::IsochSkipRead, IDC_ISOCH_SKIP_READ, DDX_Check, _T("IsochSkipRead")},
-    {&Self::IsochSkipWrite, IDC_ISOCH_SKIP_WRITE, DDX_Check, _T("IsochSkipWrite")},
-    {&Self::IsochDelayBeforeHSRead, IDC_ISOCH_DELAY_HS_READ, DDX_Text, _T("IsochDelayBeforeHSRead")},
-    {&Self::StopOnError, IDC_STOP_ON_ERROR, DDX_Check, _T("StopOnError")},
-    {&Self::InterruptSkipSG, IDC_INT_SKIP_SG, DDX_Check, _T("InterruptSkipSG")},
-    {&Self::InterruptSkipContiguousBuffer, IDC_INT_SKIP_CONTIGUOUS, DDX_Check,
-     _T("InterruptSkipContiguousBuffer")},
-    {&Self::InterruptSkipIOC, IDC_INT_SKIP_IOC, DDX_Check, _T("InterruptSkipIOC")},
-    {&Self::InterruptSkipEventData, IDC_INT_SKIP_EVENT_DATA, DDX_Check, _T("InterruptSkipEventData")},
+    {{&Self::IMODInterval, _T("IMODInterval"), IDC_IMOD_INTERVAL}, PortDriverKey},
+    {{&Self::PromptDuringConnect, _T("PromptDuringConnect"), IDC_PROMPT_DURING_CONNECT, DDX_Check}},
+    {{&Self::IntMaxPacketStart, _T("IntMaxPacketStart"), IDC_INT_MAX_PACKET_START}},
+    {{&Self::IntMaxBurstStart, _T("IntMaxBurstStart"), IDC_INT_MAX_BURST_START}},
+    {{&Self::IsochMaxBurstStart, _T("IsochMaxBurstStart"), IDC_ISOCH_MAX_BURST_START}},
+    {{&Self::IsochSkipRead, _T("IsochSkipRead"), IDC_ISOCH_SKIP_READ, DDX_Check}},
+    {{&Self::IsochSkipWrite, _T("IsochSkipWrite"), IDC_ISOCH_SKIP_WRITE, DDX_Check}},
+    {{&Self::IsochDelayBeforeHSRead, _T("IsochDelayBeforeHSRead"), IDC_ISOCH_DELAY_HS_READ}},
+    {{&Self::StopOnError, _T("StopOnError"), IDC_STOP_ON_ERROR, DDX_Check}},
+    {{&Self::InterruptSkipSG, _T("InterruptSkipSG"), IDC_INT_SKIP_SG, DDX_Check}},
+    {{&Self::InterruptSkipContiguousBuffer, _T("InterruptSkipContiguousBuffer"), IDC_INT_SKIP_CONTIGUOUS,
+      DDX_Check}},
+    {{&Self::InterruptSkipIOC, _T("InterruptSkipIOC"), IDC_INT_SKIP_IOC, DDX_Check}},
+    {{&Self::InterruptSkipEventData, _T("InterruptSkipEventData"), IDC_INT_SKIP_EVENT_DATA, DDX_Check}},
 };
 
 const CXHCISettingsDlg::Setting& CXHCISettingsDlg::SettingOf(Member member)
@@ -59,7 +54,7 @@ const CXHCISettingsDlg::Setting& CXHCISettingsDlg::SettingOf(Member member)
 CXHCISettingsDlg::CXHCISettingsDlg() : CSettingsPage(IDD_XHCI_SETTINGS)
 {
     AddXhciProducts();
-    // Their labels stand behind them.
+    // Their labels are behind them in the template.
     AddName(IDC_IMOD_INTERVAL, _T("IMOD Interval"));
     AddName(IDC_INT_MAX_PACKET_START, _T("xHCI Interrupt Loopback Starting MaxPacketSize"));
     AddName(IDC_INT_MAX_BURST_START, _T("xHCI Interrupt Loopback Starting Burst Size"));
@@ -70,10 +65,7 @@ CXHCISettingsDlg::CXHCISettingsDlg() : CSettingsPage(IDD_XHCI_SETTINGS)
 void CXHCISettingsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
-    for (const Setting& setting : Settings)
-    {
-        setting.exchange(pDX, setting.control, this->*setting.member);
-    }
+    ExchangeAll(pDX, Settings);
 }
 
 void CXHCISettingsDlg::LoadSettings()
@@ -104,13 +96,7 @@ void CXHCISettingsDlg::SaveSettings()
 
 void CXHCISettingsDlg::OnSettingChanged(UINT id)
 {
-    for (const Setting& setting : Settings)
-    {
-        if (setting.control == static_cast<int>(id))
-        {
-            CheckModified(this->*setting.member);
-        }
-    }
+    CheckModifiedIn(Settings, id);
 }
 
 void CXHCISettingsDlg::OnSysCommand(UINT, LPARAM)

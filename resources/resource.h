@@ -62,6 +62,7 @@
 
 // xHCI Settings
 #define IDD_XHCI_SETTINGS 102
+// CXHCISettingsDlg handles the changes of its edits and the clicks of its check boxes as ranges of ids.
 #define IDC_IMOD_INTERVAL 1002
 #define IDC_PROMPT_DURING_CONNECT 1000
 #define IDC_INT_MAX_PACKET_START 1003
@@ -95,6 +96,7 @@
 // MAUSB Media Settings
 #define IDD_MAUSB_MEDIA 133
 #define IDC_NETWORK_TYPE 1069
+// The two buttons must be contiguous: CMAUSBMediaDlg handles their clicks as one range.
 #define IDC_NETWORK_TCP 1066
 #define IDC_NETWORK_UDP 1067
 #define IDC_NETWORK_LOG 1055
@@ -135,6 +137,7 @@
 
 // Port Numbers
 #define IDD_PORT_NUMBERS 143
+// CPortNumbersDialog handles the changes of its edits as one range.
 #define IDC_PORT_LABEL_0 1187
 #define IDC_PORT_EDIT_0 1188
 #define IDC_PORT_TYPE_0 1189
@@ -169,6 +172,7 @@
 #define IDC_TRANSFER_RESPONSE_LABEL 1098
 #define IDC_TRANSFER_RESPONSE 1100
 #define IDC_TRANSFER_RESPONSE_UNIT 1118
+// CMAUSBProtocolConstantsDlg handles the changes of its edits as three ranges: the response times, these, and the retries.
 #define IDC_DELAYS 1096
 #define IDC_DATA_DELAY_LABEL 1081
 #define IDC_MANAGEMENT_DELAY_LABEL 1082
@@ -202,6 +206,7 @@
 
 // MAUSB HUT Params
 #define IDD_MAUSB_HUT_PARAMS 137
+// CMAUSBHubUnderTestParamsDlg handles the changes of its edits as one range.
 #define IDC_HUT_RETRIES 1158
 #define IDC_HUT_BULK_RETRIES_LABEL 1159
 #define IDC_HUT_BULK_RETRIES 1160

@@ -10,7 +10,7 @@ class CSettingsSheet : public CPropertySheet
 public:
     explicit CSettingsSheet(LPCTSTR caption);
 
-    // Appends the page if some installed tool needs it. The page stays the caller's.
+    // Appends the page if an installed tool needs it. The sheet keeps a pointer to it; the caller owns it.
     void Join(CSettingsPage& page);
 
 protected:

@@ -1,5 +1,5 @@
-// Goes through the program's pages for ./run, which takes a picture whenever this prints a name and a place
-// on the screen, and answers with a line. Then changes a setting and leaves with Apply and OK.
+// Goes through the program's pages for ./run. Prints the name and the place of a picture on the screen, and waits for a
+// line after each. Then changes a setting and closes the sheet with Apply and OK.
 #include "driver/editor.h"
 #include "resource.h"
 
@@ -34,8 +34,8 @@ std::string FileName(const Text& title)
 void TakePicture(HWND window, const Text& title)
 {
     RECT place = {};
-    // Drawn as the window in use, which without a window manager no window is.
-    SendMessageW(window, WM_NCACTIVATE, TRUE, 0);
+    // Without a window manager no window is active: this draws the title bar of an active one.
+    SendMessageW(GetAncestor(window, GA_ROOT), WM_NCACTIVATE, TRUE, 0);
     GetWindowRect(window, &place);
     Sleep(PaintMilliseconds);
     std::printf("%s %ldx%ld+%ld+%ld\n", FileName(title).c_str(), place.right - place.left,
@@ -79,7 +79,8 @@ int main()
             std::fprintf(stderr, "Page %d did not open.\n", index);
             return 1;
         }
-        TakePicture(sheet.Window(), Form(sheet.Page()).Title());
+        // One picture shows the tabs, so that a new page changes that one only.
+        TakePicture(index == 0 ? sheet.Window() : sheet.Page(), Form(sheet.Page()).Title());
         if (Form(sheet.Page()).Title() == L"MAUSB Media Settings")
         {
             ShowDialogs(editor, sheet);
