@@ -99,23 +99,6 @@ uint32_t ChecksumOf(const std::string& text)
     return sum;
 }
 
-int helpCommands;
-
-LRESULT CALLBACK CountHelp(int code, WPARAM wParam, LPARAM lParam)
-{
-    const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    helpCommands += message->message == WM_COMMAND && message->wParam == ID_HELP ? 1 : 0;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
-void ExpectHelpTaken(HWND window)
-{
-    helpCommands = 0;
-    HELPINFO info = {sizeof(info), HELPINFO_WINDOW, 0, window, 0, {}};
-    SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
-    EXPECT_GE(helpCommands, 1);
-}
-
 using FormsTest = SettingsTest;
 }  // namespace
 
@@ -132,22 +115,6 @@ TEST_F(FormsTest, NamesTipsAndTheExchangeAreAsTheyWereLastLookedAt)
                           << says;
         }
     });
-}
-
-// F1 is a command of the application, which has no help, and of nobody in a message box.
-TEST_F(FormsTest, HelpKeyIsTheApplicationsCommandAndDoesNoHarm)
-{
-    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountHelp, nullptr, GetCurrentThreadId());
-    ForEachForm([](const Form& form, const Text& title) {
-        ExpectHelpTaken(GetWindow(form.Page(), GW_CHILD));
-        ExpectHelpTaken(form.Window());
-        if (title == tabs::General)
-        {
-            const auto open = [&] { MessageBoxW(form.Window(), _T("text"), _T("Box"), MB_OKCANCEL); };
-            WithDialog(_T("Box"), open, [](const Form& box) { ExpectHelpTaken(box.Control(IDOK)); });
-        }
-    });
-    UnhookWindowsHookEx(hook);
 }
 
 TEST_F(FormsTest, DialogsOpenOverTheirOwnerWithTheFocusOnTheirFirstControl)

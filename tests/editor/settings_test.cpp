@@ -149,24 +149,6 @@ TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
     EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::initial));
 }
 
-TEST_F(AllSettingsTest, PageThatWasShownStoresItsDefaultsAndNoOtherDoes)
-{
-    for (const Text& tab : AllTabs())
-    {
-        SCOPED_TRACE(Printable(tab));
-        SettingsTest::SetUp();
-        if (tab == tabs::Identity)
-        {
-            StoreIdentifier();
-        }
-        const Editor sheet(tab);
-        ExpectShown(sheet, &Setting::initial);
-        EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
-        sheet.Ok();
-        EXPECT_EQ(StoredSettings(), TreeOf(StoredWith(tab), &Setting::initial));
-    }
-}
-
 TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
 {
     for (const Text& tab : AllTabs())
@@ -228,24 +210,36 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
     }
 }
 
-TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedInOrder)
+TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBothInOrder)
 {
-    StoreTree(TreeOf(AllSettings(), &Setting::initial));
     for (const Text& tab : AllTabs())
     {
         SCOPED_TRACE(Printable(tab));
+        SettingsTest::SetUp();
         std::vector<Setting> read = SettingsOf(tab);
-        std::erase_if(read, [](const Setting& setting) { return !setting.IsRead(); });
+        // The tables of ports are empty.
+        std::erase_if(read,
+                      [](const Setting& each) { return !each.IsRead() || each.name == _T("PacketType"); });
+        for (const Setting& setting : read)
+        {
+            Store(setting.key, {}, Absent);  // without a key there is nothing to ask
+        }
         // This page reads its last two values before the four that skip parts of the interrupt test.
         if (tab == tabs::Xhci)
         {
             std::rotate(read.end() - 6, read.end() - 2, read.end());
+        }
+        if (tab == tabs::Identity)
+        {
+            StoreIdentifier();
         }
         const Editor sheet;
         calls::Reset();
         ASSERT_TRUE(sheet.Select(tab));
         EXPECT_EQ(PlacesOf("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
         EXPECT_EQ(PlacesOf("RegSetValueExW"), Places());
+        ExpectShown(sheet, &Setting::initial);
+        EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
         calls::Reset();
         sheet.Ok();
         EXPECT_EQ(PlacesOf("RegQueryValueExW"), Places());
@@ -254,5 +248,6 @@ TEST_F(AllSettingsTest, EachPageReadsWhenItIsFirstShownAndWritesWhenItIsAppliedI
         EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
                   calls::Made("RegCreateKeyExW").size());
         EXPECT_EQ(calls::OpenKeys(), 0U);
+        EXPECT_EQ(StoredSettings(), TreeOf(StoredWith(tab), &Setting::initial));
     }
 }

@@ -92,34 +92,6 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
     }
 }
 
-TEST(WindowObjectTest, ObjectsWithoutWindowsDoNothing)
-{
-    CButton button;
-    EXPECT_EQ(button.GetCheck(), 0);
-    EXPECT_FALSE(button.UpdateData(TRUE));
-    EXPECT_FALSE(button.DestroyWindow());
-    EXPECT_EQ(button.GetDlgItem(1), nullptr);
-    EXPECT_EQ(CWnd::FromHandle(nullptr), nullptr);
-    CString text(_T("x"));
-    button.GetWindowText(text);
-    EXPECT_TRUE(text.IsEmpty());
-    CComboBox list;
-    list.GetLBText(0, text);
-    EXPECT_TRUE(text.IsEmpty());
-    Panel panel;
-    CEdit edit;
-    CEdit second;
-    EXPECT_TRUE(edit.SubclassWindow(panel.edit));
-    EXPECT_FALSE(second.SubclassWindow(panel.edit)) << "a window belongs to one object at most";
-    EXPECT_EQ(panel.GetDlgItem(Panel::IdEdit), &edit);
-    const HWND window = panel.m_hWnd;
-    panel.DestroyWindow();
-    EXPECT_EQ(panel.m_hWnd, nullptr);
-    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
-    EXPECT_EQ(edit.m_hWnd, nullptr) << "its window went with the parent";
-    EXPECT_FALSE(panel.UpdateData(FALSE));
-}
-
 TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
 {
     auto panel = std::make_unique<Panel>();

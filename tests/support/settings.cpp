@@ -103,44 +103,38 @@ std::vector<Setting>& Settings()
     return settings;
 }
 
-// The kind of the control, and another value than the initial one.
+// Finds the kind of the control, and another value than the initial one, for each control of a page another.
 void Examine(HWND control, Setting* setting)
 {
-    const Form form(GetParent(control));
     const LONG button = ButtonTypeOf(control);
     const bool isEdit = IsOf(control, _T("Edit"));
     const bool isText = setting->initial.type == REG_SZ;
-    const DWORD number = isText ? 0 : NumberIn(setting->initial);
-    setting->id = GetDlgCtrlID(control);
-    // No two controls of a page have the same value.
-    const auto own = static_cast<DWORD>(setting->id);
-    if (button == BS_AUTOCHECKBOX)
+    const DWORD number = isText || setting->initial.type == REG_BINARY ? 0 : NumberIn(setting->initial);
+    const auto id = static_cast<DWORD>(GetDlgCtrlID(control));
+    const HWND next = GetWindow(control, GW_HWNDNEXT);
+    setting->id = static_cast<int>(id);
+    if (button == BS_AUTORADIOBUTTON)
     {
-        setting->kind = Check;
-        setting->changed = Dword(1 - number);
-    }
-    else if (button == BS_AUTORADIOBUTTON)
-    {
-        const HWND second = GetWindow(control, GW_HWNDNEXT);
+        setting->secondId = GetDlgCtrlID(next);
         setting->kind = Radio;
-        setting->secondId = GetDlgCtrlID(second);
-        setting->changed = isText ? Sz(Form(second).Title()) : Dword(AlignedToDword);
+        setting->changed = isText ? Sz(Form(next).Title()) : Dword(AlignedToDword);
     }
     else if (isEdit && isText)
     {
         setting->kind = Line;
-        setting->changed = Sz(_T("D:\\some where ") + Decimal(own));
+        setting->changed = Sz(_T("D:\\some where ") + Decimal(id));
     }
     else if (isEdit)
     {
-        setting->kind = form.TextOf(setting->id) == Decimal(number) ? Number : Hex;
+        setting->kind = Form(control).Title() == Decimal(number) ? Number : Hex;
         const bool isSigned =
             setting->kind == Number && (GetWindowLongW(control, GWL_STYLE) & ES_NUMBER) == 0;
-        setting->changed = Dword(isSigned ? 0 - own : number + 100 * own);
+        setting->changed = Dword(isSigned ? 0 - id : number + 100 * id);
     }
-    else if (button < 0 && form.ItemsOf(setting->id).size() > 1)
+    else if (button == BS_AUTOCHECKBOX ||
+             (button < 0 && Form(GetParent(control)).ItemsOf(setting->id).size() > 1))
     {
-        setting->kind = List;
+        setting->kind = button < 0 ? List : Check;
         setting->changed = Dword(number == 0 ? 1 : number - 1);
     }
 }
@@ -167,29 +161,18 @@ class FindControls : public testing::Environment
         const std::vector<Text> tabs = sheet.Tabs();
         for (const Text& tab : tabs)
         {
-            if (SettingsOf(tab).empty())
-            {
-                FAIL() << "docs/settings.md has no section with a table for the page \"" << Printable(tab)
-                       << "\"";
-            }
+            ASSERT_FALSE(SettingsOf(tab).empty())
+                << "docs/settings.md has no section with a table for the page \"" << Printable(tab) << '"';
         }
         for (const Text& tab : AllTabs())
         {
-            if (!sheet.Select(tab))
-            {
-                FAIL() << "the sheet has no page \"" << Printable(tab)
-                       << "\": CQBSettingsApp::RunSheet must join it, and its constructor add its tools";
-            }
-            FindOn(sheet);
-            if (testing::Test::HasFatalFailure())
-            {
-                return;
-            }
+            ASSERT_TRUE(sheet.Select(tab))
+                << "the sheet has no page \"" << Printable(tab)
+                << "\": CQBSettingsApp::RunSheet must join it, and its constructor add its tools";
+            ASSERT_NO_FATAL_FAILURE(FindOn(sheet));
         }
-        if (tabs != AllTabs())
-        {
-            FAIL() << "docs/settings.md has the pages in another order than CQBSettingsApp::RunSheet";
-        }
+        ASSERT_TRUE(tabs == AllTabs())
+            << "docs/settings.md and CQBSettingsApp::RunSheet have different orders of pages";
     }
 
     static void FindOn(const Sheet& sheet)
@@ -204,23 +187,18 @@ class FindControls : public testing::Environment
                 continue;
             }
             const HWND control = FindControl(sheet, setting.control);
-            if (control == nullptr)
-            {
-                FAIL() << "the page \"" << Printable(tab) << "\" has no control \""
-                       << Printable(setting.control) << "\", which docs/settings.md has for "
-                       << Printable(setting.name)
-                       << ": it needs a text, a label directly before it, or AddName";
-            }
+            ASSERT_NE(control, nullptr)
+                << "the page \"" << Printable(tab) << "\" has no control \"" << Printable(setting.control)
+                << "\", which docs/settings.md has for " << Printable(setting.name)
+                << ": it needs a text, a label directly before it, or AddName";
             Examine(control, &setting);
             std::erase_if(inputs, [&setting](HWND input) {
                 return GetDlgCtrlID(input) == setting.id || GetDlgCtrlID(input) == setting.secondId;
             });
         }
-        if (!inputs.empty())
-        {
-            FAIL() << "docs/settings.md has no row for the control \"" << Printable(NameOf(inputs[0]))
-                   << "\" of the page \"" << Printable(tab) << "\"";
-        }
+        ASSERT_TRUE(inputs.empty()) << "docs/settings.md has no row for the control \""
+                                    << Printable(NameOf(inputs[0])) << "\" of the page \"" << Printable(tab)
+                                    << "\"";
     }
 
     // By "Box: name" or the name alone. Of radio buttons there are both names, of which the first counts.
