@@ -76,6 +76,19 @@ Places PlacesOf(const char* function)
     return places;
 }
 
+void ExpectStored(const Tree& expected)
+{
+    for (const auto& [key, values] : expected)
+    {
+        for (const auto& [name, value] : values)
+        {
+            ASSERT_EQ(Stored(key, name), value) << Printable(key + _T("\\") + name)
+                                                << ": LoadSettings and SaveSettings must read and write it";
+        }
+    }
+    EXPECT_TRUE(StoredSettings() == expected) << "more values are stored than docs/settings.md has";
+}
+
 // General Settings opens first, so it is always stored too.
 std::vector<Setting> StoredWith(const Text& tab)
 {
@@ -106,7 +119,7 @@ void ExpectMarks(const Sheet& sheet, const Setting& setting)
     // The paths of Drivers & Firmware are only taken along.
     const bool marks = setting.tab != tabs::Drivers || setting.kind != Kind::Line;
     setting.Enter(sheet, setting.changed);
-    EXPECT_EQ(sheet.CanApply(), marks);
+    ASSERT_EQ(sheet.CanApply(), marks) << "the handler of the control's change must call CheckModified";
     sheet.Apply();
     EXPECT_FALSE(sheet.CanApply());
     if (marks)
@@ -142,11 +155,11 @@ void ExpectMarks(const Sheet& sheet, const Setting& setting)
 TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
 {
     ChangeAll(&Setting::initial, &Setting::changed, &Sheet::Ok);
-    EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::changed));
+    ExpectStored(TreeOf(AllSettings(), &Setting::changed));
     ChangeAll(&Setting::changed, &Setting::initial, &Sheet::Ok);
-    EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::initial));
+    ExpectStored(TreeOf(AllSettings(), &Setting::initial));
     ChangeAll(&Setting::initial, &Setting::changed, &Sheet::Cancel);
-    EXPECT_EQ(StoredSettings(), TreeOf(AllSettings(), &Setting::initial));
+    ExpectStored(TreeOf(AllSettings(), &Setting::initial));
 }
 
 TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
@@ -191,7 +204,8 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
             }
         }
         const Editor sheet;
-        EXPECT_EQ(sheet.Tabs(), expectedTabs);
+        ASSERT_EQ(sheet.Tabs(), expectedTabs)
+            << "the tools in a page's rows of docs/settings.md are not those that its constructor adds";
         EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
         for (const Text& tab : expectedTabs)
         {
@@ -206,7 +220,7 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
             }
         }
         sheet.Ok();
-        EXPECT_EQ(StoredSettings(), expected);
+        ExpectStored(expected);
     }
 }
 
@@ -248,6 +262,6 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
                   calls::Made("RegCreateKeyExW").size());
         EXPECT_EQ(calls::OpenKeys(), 0U);
-        EXPECT_EQ(StoredSettings(), TreeOf(StoredWith(tab), &Setting::initial));
+        ExpectStored(TreeOf(StoredWith(tab), &Setting::initial));
     }
 }
