@@ -1,5 +1,7 @@
 # What package and the checks of packages share; sourced by bash after common.sh.
 PACKING_PACKAGES=(cmark-gfm git perl unzip zip)
+# Their code is linked into the programs.
+LINKED_PACKAGES=(mingw-w64-x86-64-dev "${WINDOWS_PACKAGES[0]}")
 
 # For a reader on Windows.
 with_crlf() { sed 's/$/\r/'; }
