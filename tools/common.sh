@@ -97,12 +97,14 @@ virtual_display()
     export DISPLAY=:$number
 }
 
-# Runs one of Wine's own programs; the first argument says what for.
+# Runs one of Wine's own programs; the first argument says what for. What it says goes through no pipe, which programs that
+# Wine starts in the background would hold open.
 wine_step()
 {
-    local purpose=$1 output
+    local purpose=$1 log=$root/build/wine/step.log
     shift
-    output=$(wine "$@" 2>&1) || die "Wine could not $purpose ($1 says: ${output:-nothing}). Remove $WINEPREFIX and try again."
+    wine "$@" > "$log" 2>&1 ||
+        die "Wine could not $purpose; $1 says: $(tr -d '\r' < "$log" | tail -n 1). Remove $WINEPREFIX and try again."
 }
 
 # Sets Wine up in a prefix of our own. To be ended by end_wine.

@@ -181,8 +181,9 @@ TEST_F(AccessJourney, EveryControlIsReachedAndChangedByKeys)
         if (Form(sheet.Page()).Title() == tabs::Media)
         {
             // Again with what the other network type enables.
-            while (walk.Focus() != sheet.Control(IDC_NETWORK_TCP))
+            for (int stops = 0; walk.Focus() != sheet.Control(IDC_NETWORK_TCP); ++stops)
             {
+                ASSERT_LT(stops, 50) << "Tab does not come to it";
                 ASSERT_NE(walk.Next(), nullptr);
             }
             walk.Change(VK_DOWN);
