@@ -172,7 +172,8 @@
 #define IDC_TRANSFER_RESPONSE_LABEL 1098
 #define IDC_TRANSFER_RESPONSE 1100
 #define IDC_TRANSFER_RESPONSE_UNIT 1118
-// CMAUSBProtocolConstantsDlg handles the changes of its edits as three ranges: the response times, these, and the retries.
+// CMAUSBProtocolConstantsDlg handles the changes of its edits as three ranges: the response times, these, and
+// the retries.
 #define IDC_DELAYS 1096
 #define IDC_DATA_DELAY_LABEL 1081
 #define IDC_MANAGEMENT_DELAY_LABEL 1082

@@ -33,8 +33,7 @@ std::string NamesOf(const Form& form)
         EXPECT_NE(NameOf(control), Text()) << id << " needs a text, a label directly before it, or AddName";
         names += " | " + Printable(NameOf(control));
         // The control before it is above it or to its left; but the buttons of the two port tables come last.
-        RECT place = {};
-        GetWindowRect(control, &place);
+        const RECT place = PlaceOf(control);
         for (const RECT& earlier : passed)
         {
             EXPECT_TRUE(earlier.bottom <= place.top || earlier.right <= place.left ||
@@ -126,10 +125,8 @@ TEST_F(FormsTest, DialogsOpenOverTheirOwnerWithTheFocusOnTheirFirstControl)
                       title == titles::AdvancedTCP ? IDC_TCP_SEND_DELAY : IDC_PORT_EDIT_0);
             const HWND owner = GetWindow(form.Window(), GW_OWNER);
             EXPECT_FALSE(IsWindowEnabled(owner));
-            RECT inner = {};
-            RECT outer = {};
-            GetWindowRect(form.Window(), &inner);
-            GetWindowRect(owner, &outer);
+            const RECT inner = PlaceOf(form.Window());
+            const RECT outer = PlaceOf(owner);
             EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
             EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
             EXPECT_EQ(LOWORD(SendMessageW(form.Window(), DM_GETDEFID, 0, 0)), IDOK);

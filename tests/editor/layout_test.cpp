@@ -26,8 +26,7 @@ std::vector<Control> ShownControls(HWND dialog)
     {
         if ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0)
         {
-            RECT place = {};
-            GetWindowRect(window, &place);
+            RECT place = PlaceOf(window);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
             controls.push_back({window, GetDlgCtrlID(window), place, ButtonTypeOf(window)});
         }
@@ -84,11 +83,6 @@ void ExpectFits(const Control& control)
     EXPECT_LE(text.bottom, control.place.bottom - control.place.top) << control.id;
 }
 
-bool Contains(const RECT& outer, const RECT& inner)
-{
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
 }  // namespace
 
 using LayoutTest = SettingsTest;

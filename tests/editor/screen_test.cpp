@@ -6,19 +6,6 @@
 
 namespace
 {
-RECT PlaceOf(HWND window)
-{
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return place;
-}
-
-bool Contains(const RECT& outer, const RECT& inner)
-{
-    RECT both = {};
-    return UnionRect(&both, &outer, &inner) && EqualRect(&both, &outer);
-}
-
 using ScreenTest = SettingsTest;
 }  // namespace
 

@@ -20,13 +20,6 @@ HWND Focus(HWND window)
     return info.hwndFocus;
 }
 
-RECT PlaceOf(HWND window)
-{
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return place;
-}
-
 // Whether it lies in the client area of the windows that it is in, and on the screen.
 bool IsSeen(HWND window)
 {

@@ -56,8 +56,7 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
         CWnd dialog;
         dialog.SubclassWindow(MakeWindow(before, owner));
         dialog.CenterWindow();
-        RECT after = {};
-        GetWindowRect(dialog.m_hWnd, &after);
+        const RECT after = PlaceOf(dialog.m_hWnd);
         EXPECT_TRUE(after.left == corner.x && after.top == corner.y) << after.left << ',' << after.top;
         dialog.DestroyWindow();
         DestroyWindow(owner);

@@ -18,16 +18,11 @@ inline const Text Halvane = _T("SOFTWARE\\Halvane");
 inline const Text Ostrel = _T("SOFTWARE\\Ostrel");
 inline const Text Installed = Halvane + _T("\\Installed");
 inline const Text Bench = Halvane + _T("\\QuorvexBench");
-inline const Text Alder = Halvane + _T("\\AlderQB");
-inline const Text Birch = Halvane + _T("\\BirchQB");
 inline const Text Kauri = Halvane + _T("\\KauriQB");
 inline const Text ClientPorts = Kauri + _T("\\TCPPortsClient");
 inline const Text ServerPorts = Kauri + _T("\\TCPPortsServer");
 inline const Text TestServices = Ostrel + _T("\\TestServices");
 inline const Text EhciDriver = Ostrel + _T("\\ehci_driver");
-inline const Text XhciDriver = Ostrel + _T("\\xhci_driver");
-inline const Text Usb4Driver = Halvane + _T("\\Drivers\\usb4hi");
-inline const Text RvskDriver = Halvane + _T("\\Drivers\\rvsk");
 inline const Text PortDriver = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
 }  // namespace keys
 

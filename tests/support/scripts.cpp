@@ -150,14 +150,12 @@ void ForEachForm(const std::function<void(const Form&, const Text& title)>& chec
 Text BoxOf(HWND control)
 {
     Text title;
-    RECT inner = {};
+    const RECT inner = PlaceOf(control);
     RECT least = {};
-    GetWindowRect(control, &inner);
     for (const HWND box : ControlsOf(GetParent(control)))
     {
-        RECT place = {};
+        const RECT place = PlaceOf(box);
         RECT common = {};
-        GetWindowRect(box, &place);
         if (ButtonTypeOf(box) == BS_GROUPBOX && box != control && IntersectRect(&common, &inner, &place) &&
             EqualRect(&common, &inner) &&
             (title.empty() || place.right - place.left < least.right - least.left))

@@ -42,6 +42,19 @@ bool IsOf(HWND window, LPCTSTR className)
     return lstrcmpiW(name, className) == 0;
 }
 
+RECT PlaceOf(HWND window)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+bool Contains(const RECT& outer, const RECT& inner)
+{
+    RECT both = {};
+    return UnionRect(&both, &outer, &inner) && EqualRect(&both, &outer);
+}
+
 LONG ButtonTypeOf(HWND window)
 {
     return IsOf(window, _T("Button")) ? GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK : -1;

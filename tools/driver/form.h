@@ -15,6 +15,9 @@ inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
 inline constexpr TCHAR ErrorTitle[] = _T("QB Settings Error");
 
 bool IsOf(HWND window, LPCTSTR className);
+// On the screen.
+RECT PlaceOf(HWND window);
+bool Contains(const RECT& outer, const RECT& inner);
 // BS_ type, or -1 for any window but a button.
 LONG ButtonTypeOf(HWND window);
 // The children in their order.

@@ -1,5 +1,5 @@
-// Goes through the program's pages for ./run. Prints the name and the place of a picture on the screen, and waits for a
-// line after each. Then changes a setting and closes the sheet with Apply and OK.
+// Goes through the program's pages for ./run. Prints the name and the place of a picture on the screen, and
+// waits for a line after each. Then changes a setting and closes the sheet with Apply and OK.
 #include "driver/editor.h"
 #include "resource.h"
 
@@ -33,10 +33,9 @@ std::string FileName(const Text& title)
 
 void TakePicture(HWND window, const Text& title)
 {
-    RECT place = {};
     // Without a window manager no window is active: this draws the title bar of an active one.
     SendMessageW(GetAncestor(window, GA_ROOT), WM_NCACTIVATE, TRUE, 0);
-    GetWindowRect(window, &place);
+    const RECT place = PlaceOf(window);
     Sleep(PaintMilliseconds);
     std::printf("%s %ldx%ld+%ld+%ld\n", FileName(title).c_str(), place.right - place.left,
                 place.bottom - place.top, place.left, place.top);
