@@ -29,7 +29,7 @@ std::vector<Text> Split(const Text& text, const Text& separator)
 {
     std::vector<Text> parts;
     size_t start = 0;
-    for (size_t end; (end = text.find(separator, start)) != Text::npos; start = end + separator.size())
+    for (size_t end = 0; (end = text.find(separator, start)) != Text::npos; start = end + separator.size())
     {
         parts.push_back(text.substr(start, end - start));
     }
@@ -290,7 +290,7 @@ std::vector<Setting> SettingsOf(const Text& tab)
     return settings;
 }
 
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value)
+Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value)
 {
     Tree tree;
     for (const Setting& setting : settings)

@@ -45,7 +45,8 @@ struct Setting
 const std::vector<Setting>& AllSettings();
 std::vector<Setting> SettingsOf(const Text& tab);
 // What is in the registry when these settings are at a value each.
-Tree TreeOf(const std::vector<Setting>& settings, StoredValue Setting::*value);
+using ValueOfSetting = StoredValue Setting::*;
+Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value);
 
 // The titles of all pages, in the order of the tabs.
 const std::vector<Text>& AllTabs();
