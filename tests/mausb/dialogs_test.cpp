@@ -28,7 +28,7 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
 {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
-    const auto open = [&] { result = static_cast<int>(dialog.DoModal()); };
+    const auto open = [&] { result = dialog.DoModal(); };
     WithDialog(_T("Some Ports"), open, [&](const Form& form) {
         script(form);
         form.Click(button);
