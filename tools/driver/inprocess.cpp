@@ -88,7 +88,9 @@ void* ProgramFiber()
 {
     static void* const fiber = [] {
         callerFiber = ConvertThreadToFiber(nullptr);
-        return CreateFiber(size_t{1} << 23, RunProgram, nullptr);
+        // Enough under sanitizers, and small enough to leave Wine the space from which threads get their
+        // stacks.
+        return CreateFiber(size_t{1} << 21, RunProgram, nullptr);
     }();
     return fiber;
 }
