@@ -2,12 +2,12 @@
 
 namespace
 {
-// PROPID_ACC_NAME, which not every header has.
+// PROPID_ACC_NAME, which some versions of the headers lack.
 constexpr MSAAPROPID NameProperty = {
     0x608D3DF8, 0x8128, 0x4AA7, {0xA4, 0x28, 0xF5, 0x5E, 0x49, 0x26, 0x72, 0x91}};
 constexpr DWORD Object = static_cast<DWORD>(OBJID_CLIENT);
 
-// Where a dialog with names keeps the window procedure that it has besides.
+// The window property that holds the dialog's original window procedure.
 constexpr LPCTSTR Procedure = _T("Procedure behind the names");
 
 IAccPropServices* OpenService()
@@ -18,7 +18,7 @@ IAccPropServices* OpenService()
     return service;
 }
 
-// A name stays with the system when its window goes, unless it is taken back before that.
+// The system keeps an accessible name after its window is destroyed unless it is cleared before that.
 LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(dialog, Procedure));
@@ -49,7 +49,7 @@ void NameControls(const CWnd& dialog, const ControlNames& names)
     }
     for (const auto& [id, name] : names)
     {
-        // Not every header has the const.
+        // Some versions of the header lack the const.
         service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, Object, CHILDID_SELF, NameProperty,
                                 const_cast<LPWSTR>(name));
     }

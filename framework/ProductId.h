@@ -1,4 +1,4 @@
-// The sibling tools, by the names of their values under the key of installed tools.
+// The tools of the family. A tool's id is the name of its value under SOFTWARE\Halvane\Installed.
 #pragma once
 
 #include "framework/RegistryAccess.h"
@@ -17,10 +17,10 @@ inline const ProductId IvyRig = _T("IvyRig");
 inline const ProductId JuniperRig = _T("JuniperRig");
 inline const ProductId KauriQB = _T("KauriQB");
 
-// Whether the key of installed tools had a value of this name, in exact case, with a number other than 0 when
-// the program started. Defined in shell/, which owns the list; declared here because pages ask, and includes
-// point down only.
+// Whether SOFTWARE\Halvane\Installed had a value of this exact name (case-sensitive) with nonzero data when
+// the program started. It is defined in shell/, which owns the list, but declared here because pages call it
+// and must not include headers of shell/.
 bool IsProductInstalled(const ProductId& product);
 
-// Sets the path to the tool's own key, "SOFTWARE\Halvane\" and the tool's name.
+// Sets `path` to the tool's own key: "SOFTWARE\Halvane\" followed by the tool's id.
 void MakeProductKeyPath(WideString& path, const ProductId& product);

@@ -38,7 +38,7 @@ bool WriteValueBytes(const WideString& key, const WideString& name, DWORD type, 
                           static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
-// A value's size in bytes; false if there is no such value.
+// Gets a value's size in bytes. Returns false if the value does not exist.
 bool QuerySize(const RegistryKey& key, const WideString& name, DWORD* size)
 {
     *size = 0;
@@ -59,7 +59,8 @@ bool ReadRegistryString(const WideString& key, const WideString& name, WideStrin
     {
         return false;
     }
-    // Room for a terminator behind the last byte, which may be half a character; the other half is then 0.
+    // The terminator is written after the last byte. If the size is odd, its first byte completes the last
+    // character, and the zeroed buffer terminates the text.
     const auto buffer = std::make_unique<TCHAR[]>(static_cast<size_t>(size) + 1);
     if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(buffer.get()),
                          &size) != ERROR_SUCCESS)
@@ -86,7 +87,7 @@ void MakeProductKeyPath(WideString& path, const ProductId& product)
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
 {
     const RegistryKey opened(key, RegistryKey::Access::Read);
-    // A copy, because a query that fails leaves anything in its buffer.
+    // A copy, because a failed query may change its buffer.
     DWORD word = number;
     DWORD size = sizeof(word);
     if (opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,

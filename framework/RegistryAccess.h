@@ -1,6 +1,6 @@
 // Registry access. Keys are relative to HKEY_LOCAL_MACHINE and have no leading backslash. A read creates
-// nothing; a write creates the key with all keys above it. Each call opens its key for one value and closes
-// it.
+// nothing; a write creates the key and its missing parents. Each function opens its key, accesses one value
+// and closes the key.
 #pragma once
 
 #include <afxstr.h>
@@ -13,13 +13,13 @@ inline const HKEY SettingsRoot = HKEY_LOCAL_MACHINE;
 inline constexpr REGSAM KeyRead = KEY_READ;
 inline constexpr REGSAM KeyWrite = KEY_WRITE;
 
-// The key above the family's own keys.
+// The parent of the tool family's keys.
 inline constexpr LPCTSTR FamilyRoot = _T("SOFTWARE\\Halvane");
 
-// Shared by the pages of the host and device tools.
+// The key that the pages of the host and device tools share.
 inline const WideString TestServicesKey = _T("SOFTWARE\\Ostrel\\TestServices");
 
-// Holds an open key, and closes it at the end of its scope.
+// Owns an open key and closes it in the destructor.
 class RegistryKey
 {
 public:
@@ -29,7 +29,7 @@ public:
         Write  // the key is created when absent
     };
 
-    // Opens a key of SettingsRoot.
+    // Opens or creates a key under SettingsRoot. IsOpen tells whether this succeeded.
     RegistryKey(const WideString& path, Access access);
     // Takes ownership of an open key.
     explicit RegistryKey(HKEY key) : m_key(key) {}
@@ -44,22 +44,23 @@ private:
     HKEY m_key = nullptr;
 };
 
-// Stores a REG_DWORD. False if the key or the value was refused.
+// Stores a REG_DWORD. Returns false if the key cannot be opened or the value cannot be set.
 bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value);
 
-// Reads the bytes of a value of any type as UTF-16, up to the first NUL. On failure the result is false and
-// the text does not change.
+// Reads a value of any type as UTF-16 text, up to its first NUL. On failure it returns false and does not
+// change the text.
 bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text);
 
-// Stores a REG_SZ with its terminator; a null pointer counts as the empty text.
+// Stores a REG_SZ with its terminator. A null pointer is stored as empty text. Returns false as
+// WriteRegistryDword does.
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text);
 
-// Replaces the low bytes of the number by the bytes of a value of any type. A value of more than four bytes,
-// or none, leaves the number as it was.
+// Reads a value of up to four bytes and any type into the low bytes of `number`. If the value is missing or
+// longer, `number` does not change.
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number);
 
-// Copies at most `size` bytes of a value of any type; the bytes of the buffer behind them do not change.
+// Copies at most `size` bytes of a value of any type. The rest of the buffer does not change.
 void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer);
 
-// Stores a REG_BINARY; does nothing with no buffer or no bytes.
+// Stores a REG_BINARY. Does nothing if the buffer is null or `size` is 0.
 void WriteRegistryBytes(const WideString& key, const WideString& name, DWORD size, const void* buffer);

@@ -1,13 +1,11 @@
-// A table of a page's numbers and flags, for pages whose settings differ in member, value name and control
-// only.
+// The row type of a page's table of numbers and flags. The rows differ in member, value name and control.
 #pragma once
 
 #include "framework/RegistryAccess.h"
 
 #include <afxwin.h>
 
-// One row. The page's own order of rows is the order of the exchange, and of reading and writing where a page
-// reads and writes the whole table.
+// One setting. CSettingsPage exchanges, reads and writes whole tables in the order of their rows.
 template <class PageType>
 struct NumberSetting
 {

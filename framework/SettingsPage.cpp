@@ -90,7 +90,7 @@ bool CSettingsPage::ConcernsInstalledTool() const
     return m_bAlwaysShown || std::any_of(m_products.begin(), m_products.end(), IsProductInstalled);
 }
 
-// The registry operations report no failure, because no page asks for one.
+// The registry operations report no failure, because no page handles one.
 
 void CSettingsPage::ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer)
 {

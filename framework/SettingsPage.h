@@ -1,4 +1,4 @@
-// The base of all pages: when settings are read, shown, marked as changed and written.
+// The base class of all pages. It defines when settings are loaded, shown, marked as modified and stored.
 #pragma once
 
 #include "framework/ControlNames.h"
@@ -17,11 +17,10 @@ class CSettingsPage : public CPropertyPage
 
 public:
     explicit CSettingsPage(UINT nIDTemplate);
-    // Destroys the tooltip control before the page's window and the other members of this class. The members
-    // of the derived class are gone by then.
+    // Destroys the tooltip control before the page's window and before the other members of this class.
     ~CSettingsPage() override { m_pToolTip.reset(); }
 
-    // Whether an installed tool needs the page. True for a page that names no tool.
+    // Whether the page belongs in the sheet: true if it names no tool, or if one of its tools is installed.
     bool ConcernsInstalledTool() const;
 
     BOOL OnInitDialog() override;
@@ -29,46 +28,48 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
-    // Adds the tips of the page's controls, by AddToolTip.
+    // Adds the tooltips of the page's controls with AddToolTip.
     virtual void InitToolTips() = 0;
-    // Writes the members as they stand, changed or not.
+    // Stores all members, changed or not. It does not update them from the controls.
     virtual void SaveSettings() = 0;
-    // Reads the values into the members, once, before any control holds one.
+    // Loads the stored values into the members. Runs once, before the controls are filled.
     virtual void LoadSettings() = 0;
-    // Enables and disables controls by the members. Runs once, when the controls hold the members' values.
+    // Enables and disables controls according to the members. Runs once, after the controls are filled.
     virtual void UpdateControlStates() {}
 
-    // Moves the controls into the members, and marks the page if that changed this member; if not, it takes
-    // the mark away. So the mark tells of the latest event only. If an edit holds no number the exchange
-    // stops there, and the members behind it keep their values.
+    // Updates all members from the controls. If this changes `member`, the page is marked as modified;
+    // otherwise its mark is cleared. The mark therefore reflects only the latest event. If an edit does not
+    // hold a number, the exchange stops there and the remaining members keep their values.
     virtual void CheckModified(int& member);
     virtual void CheckModified(CString& member);
     virtual void CheckModified(UINT& member);
     virtual void CheckModified(WideString& member);
 
-    // All of these open `key` under HKEY_LOCAL_MACHINE for one value. A read takes the bytes of any registry
-    // type and creates nothing; a write creates the key and the value. No failure is reported: a value that
-    // cannot be written is lost.
+    // Each of these opens `key` under HKEY_LOCAL_MACHINE for one value. A read accepts any registry type and
+    // creates nothing; a write creates the key and the value if they do not exist. No failure is reported: a
+    // value that cannot be written is lost.
     //
-    // Reads at most `size` bytes; the bytes of the buffer behind a shorter value stay as they were, and all
-    // do if there is no value. The write stores a REG_BINARY, and nothing if there are no bytes.
+    // The read copies at most `size` bytes. The rest of the buffer does not change, nor does any of it if the
+    // value is missing. The write stores a REG_BINARY, or nothing if `size` is 0.
     virtual void ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer);
     virtual void WriteBinaryValue(const WideString& key, const WideString& name, DWORD size,
                                   const void* buffer);
-    // A REG_DWORD: a number, a check box's flag or a list's index. A value of fewer than four bytes replaces
-    // the low bytes of the member. A missing value, or one of more than four bytes, leaves the member alone.
+    // A REG_DWORD: a number, a check box's flag or a list's index. A value shorter than four bytes replaces
+    // the low bytes of the member. If the value is missing or longer than four bytes, the member does not
+    // change.
     virtual void ReadValue(const WideString& key, const WideString& name, int& member);
     virtual void WriteValue(const WideString& key, const WideString& name, const int& member);
     virtual void ReadValue(const WideString& key, const WideString& name, UINT& member);
     virtual void WriteValue(const WideString& key, const WideString& name, const UINT& member);
-    // A REG_SZ, up to its first NUL. A missing value makes the member empty.
+    // A REG_SZ, read up to its first NUL. If the value is missing, the member becomes empty.
     virtual void ReadValue(const WideString& key, const WideString& name, CString& member);
     virtual void WriteValue(const WideString& key, const WideString& name, const CString& member);
-    // A REG_DWORD, 1 or 0; any other number is read as true. A missing or too long value gives false.
+    // A REG_DWORD, stored as 1 or 0. Any other number is read as true; a missing or longer value is read as
+    // false.
     virtual void ReadValue(const WideString& key, const WideString& name, bool& member);
     virtual void WriteValue(const WideString& key, const WideString& name, const bool& member);
 
-    // The same operations for all rows of a table, in its order.
+    // These process all rows of a table in order.
     template <class Row, size_t Count>
     void ExchangeAll(CDataExchange* pDX, const Row (&table)[Count])
     {
@@ -93,7 +94,7 @@ protected:
             WriteValue(key, row.name, MemberOf(row));
         }
     }
-    // CheckModified on the member of that control.
+    // Calls CheckModified for the member that belongs to the control.
     template <class Row, size_t Count>
     void CheckModifiedIn(const Row (&table)[Count], UINT control)
     {
@@ -106,11 +107,11 @@ protected:
         }
     }
 
-    // For constructors: the page is shown only if one of the tools added so is installed.
+    // For constructors. A page that names tools is shown only if one of them is installed.
     void AddProduct(const ProductId& product);
     void AddXhciProducts();
-    // For constructors: the name that a screen reader says for a control once the page is shown. The page
-    // keeps the pointer.
+    // For constructors. Gives a control an accessible name, which screen readers announce. The page keeps the
+    // pointer, so the text must outlive the page.
     void AddName(int id, LPCTSTR name) { m_names.emplace_back(id, name); }
     static bool IsAnyXhciToolInstalled();
     static bool IsAnyEhciToolInstalled();
@@ -129,7 +130,7 @@ private:
     template <class Member>
     void MarkIfChanged(Member& member);
 
-    std::unique_ptr<CToolTipCtrl> m_pToolTip;  // made at first display
+    std::unique_ptr<CToolTipCtrl> m_pToolTip;  // created in OnInitDialog
     std::vector<ProductId> m_products;
     bool m_bAlwaysShown = true;
     ControlNames m_names;

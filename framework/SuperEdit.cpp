@@ -13,7 +13,8 @@ namespace
 {
 constexpr ULONGLONG NoDigit = 0xFFFFFFFF;
 
-// The C library's functions take no character beyond a byte; none of those prints or has another case here.
+// isprint and tolower accept only values of one byte. Characters above that are not printable here and have
+// no lower case.
 bool IsPrintable(WPARAM character)
 {
     return character <= 0xFF && std::isprint(static_cast<int>(character)) != 0;
@@ -89,7 +90,7 @@ void CSuperEdit::OnChar(UINT nChar, UINT, UINT)
     MessageBeep(static_cast<UINT>(-1));
 }
 
-// Asks for the characters that OnChar is to judge, so that the dialog takes none of them for a mnemonic.
+// Requests the characters that OnChar checks, so that the dialog does not treat them as mnemonics.
 UINT CSuperEdit::OnGetDlgCode()
 {
     const UINT code = static_cast<UINT>(Default());

@@ -2,18 +2,19 @@
 
 #include <afxwin.h>
 
-// An edit that holds a number in a base of its own, from 2 to 36. Digits above 9 are letters, shown as
-// capitals.
+// An edit that holds a number in a configurable base from 2 to 36. Digits above 9 are letters, displayed in
+// upper case.
 class CSuperEdit : public CEdit
 {
     DECLARE_DYNAMIC(CSuperEdit)
 
 public:
-    // Shows the edit's number in the new base, and from now on refuses keys that are no digits of it.
+    // Converts the displayed number to the new base. From then on, typed characters that are not digits of
+    // that base are rejected.
     void SetBase(BYTE nBase);
 
-    // The text as a number, 0 for none. It may hold anything, because only keys are refused: a character that
-    // is no digit still counts, and what passes 64 bits wraps.
+    // The text as a number; 0 if it is empty. Pasted text is not filtered: a character that is not a digit
+    // counts as 0xFFFFFFFF, and a number of more than 64 bits wraps.
     ULONGLONG GetNumber() const;
     void SetNumber(ULONGLONG nNumber);
 

@@ -5,14 +5,14 @@
 #include <functional>
 #include <memory>
 
-// Tips wrap at 300 pixels and stay for 30 seconds.
+// Tooltips wrap at 300 pixels and are shown for 30 seconds.
 inline constexpr int MaxTipWidth = 300;
 inline constexpr int TipMilliseconds = 30000;
 
-// Makes the window's tooltip control and has addTips add the tools. If the control cannot be made, nothing is
-// added; the object is there all the same, without effect.
+// Creates the window's tooltip control and calls addTips to add the tools. If the control cannot be created,
+// addTips is not called and `toolTip` has no window, so it has no effect.
 void SetUpToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip,
                    const std::function<void()>& addTips);
 
-// Passes a message of the window on to the tooltip control, if there is one yet.
+// Relays a message of the window to its tooltip control, which may be null.
 void RelayToToolTips(CToolTipCtrl* toolTip, MSG* message);

@@ -10,7 +10,8 @@ BEGIN_MESSAGE_MAP(CAdvancedTCPSettingsDlg, CDialogEx)
     ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_RCVBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf)
 END_MESSAGE_MAP()
 
-// Any number but 0 enables TCP_NODELAY, and a check box would show most of them as unchecked.
+// m_nTcpNoDelay is normalized because any nonzero number enables TCP_NODELAY, but DDX_Check shows numbers
+// above 2 as unchecked.
 CAdvancedTCPSettingsDlg::CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings)
     : CDialogEx(IDD_ADVANCED_TCP),
       m_nSocketSendDelay(settings.m_nSocketSendDelay),
@@ -71,7 +72,7 @@ void CAdvancedTCPSettingsDlg::InitToolTips()
     }
 }
 
-// A disabled size keeps its number, which is stored all the same.
+// A disabled size edit keeps its number, which is still stored.
 void CAdvancedTCPSettingsDlg::OnUseDefaultSndBuf()
 {
     UpdateData(TRUE);
@@ -86,8 +87,8 @@ void CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf()
     GetDlgItem(IDC_TCP_RCVBUF_LABEL)->EnableWindow(m_nUseDefaultRcvBuf == 0);
 }
 
-// The record takes the members also when an edit holds no number and the dialog stays open: the exchange has
-// changed the members before that edit.
+// Updates the record even if the exchange fails and the dialog stays open: the members exchanged before the
+// failure have new values.
 void CAdvancedTCPSettingsDlg::OnOK()
 {
     CDialogEx::OnOK();

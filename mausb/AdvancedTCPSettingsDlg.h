@@ -1,4 +1,4 @@
-// Advanced TCP Settings: edits the six socket options of the MAUSB tool, in memory.
+// The Advanced TCP Settings dialog: edits the six socket options of the MAUSB tool in memory.
 #pragma once
 
 #include <afxcmn.h>
@@ -21,7 +21,7 @@ class CAdvancedTCPSettingsDlg : public CDialogEx
     DECLARE_DYNAMIC(CAdvancedTCPSettingsDlg)
 
 public:
-    // Keeps a pointer to the record, which OK changes.
+    // Keeps a pointer to the record, which must outlive the dialog. OnOK changes the record.
     explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);
 
     DECLARE_MESSAGE_MAP()

@@ -1,4 +1,5 @@
-// MAUSB HUT Params: what the Host Under Test does, in SOFTWARE\Halvane\KauriQB.
+// The MAUSB HUT Params page: retry counts and one capability of the Host Under Test, stored in
+// SOFTWARE\Halvane\KauriQB.
 #pragma once
 
 #include "framework/SettingsPage.h"

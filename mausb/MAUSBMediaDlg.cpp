@@ -27,10 +27,10 @@ namespace
 {
 constexpr BYTE SnapIdBase = 16;
 
-// Only from the control to the member: the page itself shows the number in its base. An empty edit is 0; a
-// text that does not begin as a hexadecimal number (blanks, a sign and 0x may come first) fails the exchange
-// without a word. A number with the top bit set is shown with sixteen digits: the runtime's own scan keeps
-// the last eight, that of mingw-w64 would not.
+// Moves the number from the edit to the member; UpdateControlStates fills the edit. An empty edit gives 0. A
+// text that does not start with a hexadecimal number (after optional blanks, sign and 0x) fails the exchange
+// without a message. The edit shows a number with its top bit set in sixteen digits: the scan function of the
+// Windows runtime keeps the last eight, but the replacement in mingw-w64 does not.
 void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
@@ -61,7 +61,7 @@ void EnableWindows(CWnd* const (&windows)[Count], BOOL enabled)
 CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
 {
     AddProduct(KauriQB);
-    // Only the boxes around them tell the two buttons apart.
+    // The two buttons have the same text; only the group boxes around them differ.
     AddName(IDC_TCP_CLIENT_PORTS, _T("Client Port Numbers"));
     AddName(IDC_TCP_SERVER_PORTS, _T("Server Port Numbers"));
 }
@@ -145,7 +145,7 @@ void CMAUSBMediaDlg::InitToolTips()
 
 void CMAUSBMediaDlg::UpdateControlStates()
 {
-    // Each text set here raises its edit's change event, which exchanges all members.
+    // Each change of text here sends EN_CHANGE, and the handler updates all members from the controls.
     m_edSnapIdOUI.SetBase(SnapIdBase);
     m_edSnapIdPID.SetBase(SnapIdBase);
     m_edSnapIdOUI.SetNumber(static_cast<ULONGLONG>(m_nLoadedSnapIdOUI));

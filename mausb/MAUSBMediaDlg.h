@@ -1,4 +1,4 @@
-// MAUSB Media Settings: how the MAUSB tool meets its host over a network, in SOFTWARE\Halvane\KauriQB.
+// The MAUSB Media Settings page: how the MAUSB tool connects to its host, stored in SOFTWARE\Halvane\KauriQB.
 #pragma once
 
 #include "framework/SettingsPage.h"
@@ -43,11 +43,11 @@ private:
     static constexpr int NetworkUDP = 1;
 
     void BindControls(CDataExchange* pDX);
-    // Calls visit(value name, member) for the page's own values but NetworkType, in the order in which they
-    // are stored.
+    // Calls visit(value name, member) for all values of this page except NetworkType, in the order in which
+    // they are stored.
     template <class Visit>
     void ForEachSetting(Visit visit);
-    // The same for the values of the Advanced TCP Settings dialog.
+    // The same for the values that the Advanced TCP Settings dialog edits.
     template <class Visit>
     void ForEachAdvancedSetting(Visit visit);
     void LoadAdvancedTCPSettings();
@@ -82,7 +82,8 @@ private:
     CStatic m_stSnapIdPID;
     UINT m_nSnapIdOUI = 0x506F9A;
     UINT m_nSnapIdPID = 0x1500;
-    // As loaded: the edits start empty, and the exchanges before they are filled take the two above to 0.
+    // The loaded numbers. While UpdateControlStates fills the two edits, exchanges with the empty edits set
+    // the two members above to 0.
     int m_nLoadedSnapIdOUI = 0;
     int m_nLoadedSnapIdPID = 0;
     CStatic m_stMaxPacketSizeTCP;
@@ -100,7 +101,8 @@ private:
     AdvancedTCPSettings m_advancedTCP;
     PortTable m_portsClient;
     PortTable m_portsServer;
-    // For isochronous transfers over UDP, which the tool doesn't offer yet: never shown and never stored.
+    // For isochronous transfers over UDP, which the tool does not support yet. The controls are never shown
+    // and the numbers are never stored.
     CButton m_btnUseUDPForIsoch;
     CEdit m_edIsoch;
     CEdit m_edMaxIsoch;

@@ -1,4 +1,4 @@
-// What the MAUSB Media Settings page reads and writes.
+// Loading and storing the values of the MAUSB Media Settings page.
 #include "mausb/MAUSBMediaDlg.h"
 #include "mausb/ToolKey.h"
 
@@ -83,7 +83,7 @@ void CMAUSBMediaDlg::LoadSettings()
 void CMAUSBMediaDlg::SaveSettings()
 {
     WriteRegistryString(ToolKey(), NameNetworkType, m_nNetworkType == NetworkUDP ? TextUDP : TextTCP);
-    // From the edits and not by the exchange, which leaves a member alone that it fails on.
+    // Taken from the edits, because a failed exchange does not update the members.
     m_nSnapIdOUI = static_cast<UINT>(m_edSnapIdOUI.GetNumber());
     m_nSnapIdPID = static_cast<UINT>(m_edSnapIdPID.GetNumber());
     ForEachSetting(

@@ -46,7 +46,7 @@ CMAUSBProtocolConstantsDlg::CMAUSBProtocolConstantsDlg() : CSettingsPage(IDD_MAU
     {
         this->*setting.member = setting.value;
     }
-    // Each has a label at the head of its row and one at the head of its column.
+    // Screen readers cannot combine the row and column labels of these edits.
     AddName(IDC_DATA_DELAY_TCP, _T("aDataChannelDelay, TCP/IP"));
     AddName(IDC_MANAGEMENT_DELAY_TCP, _T("aManagementChannelDelay, TCP/IP"));
     AddName(IDC_ISOCH_DELAY_TCP, _T("aMaxIsochLinkDelay, TCP/IP"));
@@ -108,7 +108,7 @@ void CMAUSBProtocolConstantsDlg::ResetGroup(Group group)
             changed = true;
         }
     }
-    // Last, because the EN_CHANGE of each edit finds its member set already and takes the mark away.
+    // This comes last because each edit's EN_CHANGE handler finds its member unchanged and clears the mark.
     if (changed)
     {
         SetModified(TRUE);

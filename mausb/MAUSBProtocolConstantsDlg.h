@@ -1,4 +1,5 @@
-// MAUSB Protocol Settings: the constants of the MAUSB 1.0a specification, in SOFTWARE\Halvane\KauriQB.
+// The MAUSB Protocol Settings page: constants of the MAUSB 1.0a specification, stored in
+// SOFTWARE\Halvane\KauriQB.
 #pragma once
 
 #include "framework/SettingsPage.h"
@@ -32,17 +33,17 @@ private:
     };
     struct Setting : NumberSetting<CMAUSBProtocolConstantsDlg>
     {
-        int value;  // the default, which its group's button sets
+        int value;  // the default; the group's button restores it
         Group group;
     };
     static const Setting Settings[16];
 
     void ResetGroup(Group group);
-    // Sets a member and its edit. Whether the member changed.
+    // Sets a member and its edit. Returns whether the member changed.
     bool SetFieldValue(int& member, int value, int id);
     void AddGroupToolTips(Group group, LPCTSTR text, int buttonId, LPCTSTR buttonText);
 
-    // Response times and delays are in milliseconds.
+    // All times are in milliseconds.
     int m_nManagementResponseTime;
     int m_nTransferResponseTime;
     int m_nDataChannelDelayTCP;

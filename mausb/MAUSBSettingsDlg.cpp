@@ -73,7 +73,7 @@ void CMAUSBSettingsDlg::LoadSettings()
     ReadValue(ToolKey(), NameUseDefaultMaxUSBTransferSize, m_nUseDefaultMaxUSBTransferSize);
 }
 
-// The radio buttons stand for 1 and 4, so they take no part in the exchange and are set here.
+// The radio buttons stand for the numbers 1 and 4, which DDX_Radio cannot exchange.
 void CMAUSBSettingsDlg::LoadIsochPayloadAlignment()
 {
     int alignment = AlignedToByte;
@@ -111,7 +111,7 @@ void CMAUSBSettingsDlg::UpdateControlStates()
             m_nProtocolVersionIndex = found;
         }
     }
-    // The exchange before this found the list empty.
+    // The list was still empty during the exchange in OnInitDialog.
     m_cbProtocolVersion.SetCurSel(m_nProtocolVersionIndex);
     OnUseDefaultMaxUSBTransferSize();
     ShowContainerId();
@@ -168,7 +168,8 @@ void CMAUSBSettingsDlg::SetIsochPayloadAlignment(int alignment)
     SetModified(m_nIsochPayloadAlignment != before);
 }
 
-// An unchecked radio button that gets the focus by Tab checks itself: the setting would change by going past.
+// An unchecked radio button checks itself when Tab moves the focus to it, so only the checked one may be a
+// tab stop.
 void CMAUSBSettingsDlg::MoveAlignmentTabStop()
 {
     const DWORD byteStop = m_nIsochPayloadAlignment == AlignedToByte ? WS_TABSTOP : 0;

@@ -1,5 +1,5 @@
-// MAUSB Settings: version, payload alignment, identity and sleep of the MAUSB tool, in
-// SOFTWARE\Halvane\KauriQB.
+// The MAUSB Settings page: protocol version, payload alignment, Container ID and sleep settings of the MAUSB
+// tool, stored in SOFTWARE\Halvane\KauriQB.
 #pragma once
 
 #include "framework/SettingsPage.h"
@@ -19,7 +19,8 @@ protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
     void SaveSettings() override;
-    // Also stores a new Container ID at once if there is none: the tool needs one, applied or not.
+    // Also generates and stores a Container ID if none is stored, because the tool needs one even if the user
+    // cancels.
     void LoadSettings() override;
     void UpdateControlStates() override;
 
@@ -33,30 +34,30 @@ protected:
     afx_msg void OnUseDefaultMaxUSBTransferSize();
 
 private:
-    // As they are stored.
+    // The stored numbers.
     static constexpr int AlignedToByte = 1;
     static constexpr int AlignedToDword = 4;
 
     void LoadIsochPayloadAlignment();
     void SetIsochPayloadAlignment(int alignment);
-    // To the button that is checked.
+    // Makes the checked radio button the group's tab stop.
     void MoveAlignmentTabStop();
-    // False, with the ID left as it is, if the system had no address to make one from.
+    // Returns false, without changing the ID, if UuidCreate has no network address.
     bool GenerateContainerId();
     void ShowContainerId();
     void EnableMaxUSBTransferSize();
 
     int m_nIsochPayloadAlignment = AlignedToByte;
-    UUID m_RootHubUUID;  // the Container ID; nil for none yet
+    UUID m_RootHubUUID;  // the Container ID; nil if there is none yet
     CEdit m_edContainerId;
     int m_nRefuseSleepRequests = 0;
     CButton m_btnRefuseSleepRequests;
     CButton m_btnLinkSleepCapability;
     int m_nLinkSleepCapability = 0;
     int m_nProtocolVersionIndex = 0;
-    CString m_strProtocolVersion;  // as loaded; the list has what is saved
+    CString m_strProtocolVersion;  // as loaded; SaveSettings uses the list's text instead
     CComboBox m_cbProtocolVersion;
-    // The transfer size is for the tool alone so far: its controls are never shown.
+    // The controls of the transfer size are never shown, so its values are only loaded and stored.
     CEdit m_edMaxUSBTransferSize;
     int m_nMaxUSBTransferSize = 0;
     int m_nUseDefaultMaxUSBTransferSize = 1;

@@ -8,7 +8,7 @@
 
 IMPLEMENT_DYNAMIC(CPortNumbersDialog, CDialogEx)
 
-// The range includes the combo boxes and labels between the edits; they send no EN_CHANGE.
+// The range includes the labels and combo boxes between the edits, which send no EN_CHANGE.
 BEGIN_MESSAGE_MAP(CPortNumbersDialog, CDialogEx)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_PORT_EDIT_0, IDC_PORT_EDIT_3, &CPortNumbersDialog::OnPortText)
 END_MESSAGE_MAP()
@@ -28,10 +28,10 @@ constexpr RowIds Rows[] = {{IDC_PORT_EDIT_0, IDC_PORT_TYPE_0},
                            {IDC_PORT_EDIT_2, IDC_PORT_TYPE_2},
                            {IDC_PORT_EDIT_3, IDC_PORT_TYPE_3}};
 
-// From PacketTypeDefault, which is -1, on.
+// In the order of the packet types, starting with PacketTypeDefault (-1).
 constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
 
-// A stored type may be any number; one that has no item selects none.
+// The combo box item of a packet type. A stored type outside the list has no item: CB_ERR selects none.
 int ItemOf(int packetType)
 {
     return packetType >= PacketTypeDefault && packetType <= PacketTypeBulk ? packetType + 1 : CB_ERR;
@@ -122,7 +122,8 @@ void CPortNumbersDialog::ShowPortRow(int editId, int comboId, UINT& rowPort, int
     {
         CString text;
         text.Format(_T("%u"), rowPort);
-        // Its EN_CHANGE sets the row by the text. The lines below hold also for a port that is too high.
+        // This sends EN_CHANGE. The handler resets the row if the port is above 65535, and the lines below
+        // restore it.
         GetDlgItem(editId)->SetWindowText(text);
     }
     rowPacketType = rowPort != 0 ? entry.PacketType : PacketTypeDefault;

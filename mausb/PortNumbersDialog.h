@@ -1,4 +1,4 @@
-// Port Numbers: edits up to four rows of one port table, in memory.
+// The Port Numbers dialog: edits up to four rows of a port table in memory.
 #pragma once
 
 #include "mausb/PortTable.h"
@@ -13,11 +13,11 @@ class CPortNumbersDialog : public CDialogEx
     DECLARE_DYNAMIC(CPortNumbersDialog)
 
 public:
-    // Keeps both pointers, which must outlive the dialog. OK replaces the table by four entries, in the order
-    // of the rows, empty rows included.
+    // Keeps pointers to the title and the table, which must outlive the dialog. OnOK replaces the table's
+    // contents with four entries in row order, including empty rows.
     CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent);
 
-    // The number from 1 to 65535 at the start of the text; 0 if there is none.
+    // The port number from 1 to 65535 at the start of the text, or 0 if there is none.
     static UINT ParsePortText(const CString& text);
 
     DECLARE_MESSAGE_MAP()

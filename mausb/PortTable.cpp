@@ -13,7 +13,7 @@ WideString TableKeyPath(const WideString& name)
     return ToolKey() + _T("\\") + name;
 }
 
-// The type stays as it is if the port has none, or one that does not fit.
+// Leaves packetType unchanged if the value is missing or longer than four bytes.
 void ReadPacketType(HKEY key, int& packetType)
 {
     DWORD stored = 0;
@@ -63,7 +63,7 @@ bool LoadPortTable(PortTable& table, const WideString& name)
         {
             break;
         }
-        const LPCTSTR found = portName.c_str();  // up to its end, which the buffer goes beyond
+        const LPCTSTR found = portName.c_str();  // the name without the unused end of the buffer
         const RegistryKey portKey(path + _T("\\") + found, RegistryKey::Access::Read);
         if (!portKey.IsOpen())
         {

@@ -1,14 +1,14 @@
-// A port table: the TCP ports that the MAUSB tool uses on one side of a connection, and what travels on each.
-// It is stored as a subkey of the tool's key with one subkey per port, named by the number in decimal, which
-// holds the REG_DWORD "PacketType".
+// A port table lists the TCP ports that the MAUSB tool uses as client or as server, with the packet type of
+// each port. It is stored as a subkey of the tool's key. Each port is a subkey of that, named by the port
+// number in decimal, with a REG_DWORD "PacketType".
 #pragma once
 
 #include "framework/RegistryAccess.h"
 
 #include <vector>
 
-// As stored. A port that has no stored type is a "Default" port: it carries what no other port is set to
-// carry.
+// The stored numbers. A "Default" port carries all packets that no other port carries. A port without a
+// stored type is a "Default" port.
 enum : int
 {
     PacketTypeDefault = -1,
@@ -20,19 +20,20 @@ enum : int
 struct PortEntry
 {
     UINT PortNumber;  // 0: an empty row, which is not stored
-    int PacketType;   // whatever was stored, not only the four above
+    int PacketType;   // may be any stored number, not only one of the above
 };
 
-// A port may stand more than once; empty rows may stand anywhere.
+// Port numbers may repeat, and empty rows may be anywhere.
 using PortTable = std::vector<PortEntry>;
 
-// What a tool without a table uses.
+// The entry that is shown if no table is stored.
 inline constexpr PortEntry DefaultPortEntry = {9001, PacketTypeDefault};
 
-// Appends the stored table to one that is empty, ordered by packet type. False if it could not be read to its
-// end; what was read until then stands in the table.
+// Reads the stored table into `table`, which must be empty, and sorts it by packet type. Returns false if it
+// cannot be read completely; `table` then holds the entries that were read.
 bool LoadPortTable(PortTable& table, const WideString& name);
 
-// Replaces the stored table. False if that failed: the old table is then gone in part or whole and the new
-// one stands in part, unless its key could not be opened at all. Of equal ports the last one stays.
+// Replaces the stored table. If a port number repeats, its last entry is stored. Returns false on failure:
+// the old table is unchanged if its key could not be opened; otherwise it may be deleted and the new one
+// incomplete.
 bool SavePortTable(const PortTable& table, const WideString& name);

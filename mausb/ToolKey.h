@@ -1,4 +1,4 @@
-// Where the MAUSB tool reads its settings. All of its pages share the one key; no two share a value name.
+// The registry key of the MAUSB tool. All its pages share the key but no value names.
 #pragma once
 
 #include "framework/ProductId.h"

@@ -1,4 +1,4 @@
-// The root of the class library: run-time class records and the exception that ends a data exchange.
+// The root of the class library: run-time class records, and the exception that ends a data exchange.
 #pragma once
 
 #include "afxstr.h"
@@ -36,7 +36,7 @@ public:                                           \
         return RUNTIME_CLASS(class_name);                                                              \
     }
 
-// Thrown by CDataExchange::Fail and caught by CWnd::UpdateData; nothing else sees it.
+// CDataExchange::Fail throws it and CWnd::UpdateData catches it. No other code uses it.
 struct CUserException
 {
 };

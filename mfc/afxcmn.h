@@ -10,8 +10,8 @@ class CToolTipCtrl : public CWnd
     DECLARE_DYNAMIC(CToolTipCtrl)
 
 public:
-    // False if the control could not be made.
+    // FALSE if the control could not be created.
     BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
-    // The tool is the window itself, anywhere on it: a part of one is not offered. The text is copied.
+    // The tool is the whole window; rectangles within a window are not supported. The text is copied.
     BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText);
 };

@@ -1,4 +1,4 @@
-// Dialog data exchange: one call ties one control to one member.
+// Dialog data exchange. Each DDX call exchanges one control with one member.
 #pragma once
 
 #include "afxwin.h"
@@ -14,10 +14,11 @@ public:
     BOOL m_bSaveAndValidate;  // true: controls to members
     CWnd* m_pDlgWnd;
 
-    // The control's window; an exchange with a control that is not there fails.
+    // Returns the control's window. Fails the exchange if the dialog has no such control.
     HWND PrepareCtrl(int nIDC);
     HWND PrepareEditCtrl(int nIDC);
-    // Puts the focus on the control prepared last, an edit's text selected, and ends the exchange.
+    // Ends the exchange by an exception. If members are being saved, the control prepared last gets the
+    // focus, and the text of an edit is selected.
     [[noreturn]] void Fail();
 
 private:
@@ -28,16 +29,16 @@ private:
 // Subclasses the control at the first exchange.
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
-// A text that is no number of the type (an empty one, or one out of range, included) is refused with a
-// message box; the member keeps its value and the exchange fails.
+// The number forms accept only a number of the type. For any other text, such as an empty one, they show a
+// message box and fail the exchange; the member does not change.
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
 
-// A value outside 0 to 2 shows as unchecked.
+// A value outside 0 to 2 is shown as unchecked.
 void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
-// nIDC is the first radio button of its group; the value is the position of the checked one, -1 for none. The
-// checked one, or with none the first, becomes the group's tab stop.
+// nIDC is the first radio button of its group. The value is the index of the checked button, or -1 if none is
+// checked. The checked button, or else the first, becomes the group's tab stop.
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
 void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index);
 void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);

@@ -2,7 +2,7 @@
 
 #include "afxwin.h"
 
-// A dialog; the backgrounds that the class library paints for it are not used here.
+// MFC's CDialogEx adds custom backgrounds, which the editor does not use.
 class CDialogEx : public CDialog
 {
     DECLARE_DYNAMIC(CDialogEx)

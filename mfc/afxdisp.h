@@ -1,4 +1,4 @@
 #pragma once
 
-// Would let dialogs hold ActiveX controls. No dialog here has one, so there is nothing to set up.
+// In MFC this enables ActiveX controls in dialogs. No dialog here has any, so it does nothing.
 inline void AfxEnableControlContainer(void* = nullptr) {}

@@ -14,22 +14,24 @@ class CPropertyPage : public CDialog
     DECLARE_DYNAMIC(CPropertyPage)
 
 public:
-    // The tab shows the template's title.
+    // The page's tab shows the template's title.
     explicit CPropertyPage(UINT nIDTemplate);
 
     PROPSHEETPAGEW& GetPSP() { return m_psp; }
 
-    // Marks this page, or takes its mark away. The sheet's Apply button is enabled while some page is marked.
-    // A page that has no window yet can't be marked.
+    // Marks this page as modified, or clears the mark. The sheet's Apply button is enabled while any page is
+    // marked. A page without a window cannot be marked.
     void SetModified(BOOL bChanged = TRUE);
 
-    // Members to controls, except the first time, when OnInitDialog has just done it. False: another page.
+    // Moves members to controls, except the first time, when OnInitDialog has just done so. FALSE makes the
+    // sheet activate another page.
     virtual BOOL OnSetActive();
-    // Controls to members. False: the sheet stays on this page.
+    // Moves controls to members. FALSE keeps the sheet on this page.
     virtual BOOL OnKillActive() { return UpdateData(TRUE); }
     virtual BOOL OnApply();
 
-    // The sheet runs the dialog keys for its pages; a page that did so as well would take Tab for itself.
+    // The sheet handles the dialog keys of its pages. If a page called IsDialogMessage too, Tab could not
+    // leave the page.
     BOOL PreTranslateMessage(MSG*) override { return FALSE; }
 
 protected:
@@ -41,18 +43,18 @@ protected:
 private:
     friend class CPropertySheet;
     static INT_PTR CALLBACK PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
-    // Tells the common control this page's mark again.
+    // Marks the page again if it is marked, because the common control has lost the mark.
     void RestoreMark();
-    // Scrolls as little as brings the control into view, with the label before it.
+    // Scrolls the least distance that brings the control and its label into view.
     void Show(HWND control);
     void ScrollTo(int top);
     void Scroll(int code);
     void Wheel(int turn);
     int Units(int units) const;
 
-    int m_nHeight = 0;  // down to the margin below the last control
-    int m_nTop = 0;     // how much of it lies above the window
-    int m_nWheel = 0;   // turned, and not enough to scroll by
+    int m_nHeight = 0;  // of the page with its bottom margin, in pixels; 0 until it is first needed
+    int m_nTop = 0;     // scroll position in pixels
+    int m_nWheel = 0;   // wheel movement not scrolled yet, in pixels times WHEEL_DELTA
     PROPSHEETPAGEW m_psp = {};
     BOOL m_bModified = FALSE;
     BOOL m_bFirstSetActive = TRUE;
@@ -67,14 +69,15 @@ public:
 
     PROPSHEETHEADERW m_psh = {};
 
-    // Appends a page, which the caller keeps. Its window is made when the page is first displayed.
+    // Adds a page. The sheet keeps a pointer; the caller owns the page. Its window is created when the page
+    // is first displayed.
     void AddPage(CPropertyPage* pPage) { m_pages.push_back(pPage); }
-    // Before the sheet is up: the page it opens on. False if the page isn't in the sheet.
+    // Sets the page that is active when the sheet opens. FALSE if the page is not in the sheet.
     BOOL SetActivePage(CPropertyPage* pPage);
-    // The page in front, or null.
+    // The active page, or null.
     CPropertyPage* GetActivePage();
 
-    // IDOK, IDCANCEL, or -1 if the sheet could not be made.
+    // IDOK, IDCANCEL, or -1 if the sheet could not be created.
     virtual int DoModal();
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -94,32 +97,33 @@ private:
     CString m_strCaption;
     CWnd* m_pParentWnd;
     std::vector<CPropertyPage*> m_pages;
-    HWND m_hWndShown = nullptr;  // had the focus when that was last shown
-    // As the common control has made them: the window's size, its client area, and its tabs and buttons.
+    HWND m_hWndShown = nullptr;  // the focused control that was last scrolled into view
+    // The layout that the common control made: the window's size, its client area, and the places of the tab
+    // control and the buttons.
     SIZE m_size = {};
     RECT m_client = {};
     std::vector<std::pair<HWND, RECT>> m_controls;
 };
 
-// The system's own dialog for choosing one file.
+// The system's dialog for opening a file.
 class CFileDialog
 {
 public:
-    // lpszFilter: "text|pattern|text|pattern||". dwFlags: OFN_ flags. Of the two kinds only the open dialog
-    // in the Vista style is offered; dwSize and the style's flag are there for the signature.
+    // lpszFilter is "text|pattern|text|pattern||"; dwFlags are OFN_ flags. Only the Vista-style open dialog
+    // is implemented, so bOpenFileDialog, dwSize and bVistaStyle have no effect.
     explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
 
     OPENFILENAMEW m_ofn = {};
 
-    // IDOK or IDCANCEL; IDCANCEL also if the dialog could not be shown.
+    // IDOK or IDCANCEL; also IDCANCEL if the dialog could not be shown.
     INT_PTR DoModal();
-    // The full path chosen; empty before DoModal gave IDOK.
+    // The full path of the chosen file; empty unless DoModal returned IDOK.
     CString GetPathName() const { return m_strPathName; }
 
 private:
-    TCHAR m_szFileName[MAX_PATH] = {};  // the name to start with
+    TCHAR m_szFileName[MAX_PATH] = {};  // the initial name; m_ofn.lpstrFile points to it
     CString m_strFilter;
     CString m_strPathName;
     CWnd* m_pParentWnd;

@@ -1,5 +1,5 @@
-// Message maps. A class declares one with DECLARE_MESSAGE_MAP and lists it between BEGIN_ and
-// END_MESSAGE_MAP; a message that the class's own map does not name is looked up in its base's.
+// Message maps. A class declares its map with DECLARE_MESSAGE_MAP and defines it between BEGIN_MESSAGE_MAP
+// and END_MESSAGE_MAP. A message without an entry is looked up in the base class's map.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 class CCmdTarget;
 
-// Calls the entry's handler on the object and gives the message's result.
+// Calls the entry's handler on the object and returns the message's result.
 using AFX_PMSG = LRESULT (*)(CCmdTarget* target, WPARAM wParam, LPARAM lParam);
 
 struct AFX_MSGMAP_ENTRY
@@ -115,7 +115,7 @@ protected:                                        \
 #define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \
     {WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, &afx_detail::CallCommand<memberFxn>},
 #define ON_CONTROL(wNotifyCode, id, memberFxn) ON_CONTROL_RANGE(wNotifyCode, id, id, memberFxn)
-// A menu command's code is 0, as a button's click is.
+// Menu commands have the notification code 0, as BN_CLICKED has.
 #define ON_COMMAND(id, memberFxn) ON_CONTROL(0, id, memberFxn)
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
 #define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)

@@ -4,7 +4,7 @@
 
 #include <objbase.h>
 
-// Holds COM for the thread, which the file dialogs need, as long as it lives.
+// Initializes COM for the thread until it is destroyed. The file dialog needs COM.
 class CShellManager
 {
 public:

@@ -1,4 +1,4 @@
-// CString, over the text type that the C++ library keeps.
+// CString, implemented with std::basic_string.
 #pragma once
 
 #include <tchar.h>
@@ -10,7 +10,7 @@ class CString
 {
 public:
     CString() = default;
-    // A null pointer counts as the empty text.
+    // A null pointer gives an empty text.
     CString(LPCTSTR text)
     {
         if (text != nullptr)
@@ -33,7 +33,7 @@ public:
     int ReverseFind(TCHAR character) const { return Index(m_text.rfind(character)); }
     void Truncate(int length) { m_text.resize(static_cast<size_t>(length)); }
 
-    // As the C library's printf, for at most 511 characters; what is longer is cut.
+    // Formats as the C library's printf does, up to 511 characters; a longer result is truncated.
     template <class... Arguments>
     void Format(LPCTSTR format, Arguments... arguments)
     {
@@ -44,8 +44,8 @@ public:
 
     friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
 
-    // Room for `length` characters; ReleaseBuffer cuts the text at its first NUL. The pointer is good until
-    // then.
+    // GetBuffer returns a buffer for `length` characters, which is valid until ReleaseBuffer truncates the
+    // text at its first NUL.
     LPTSTR GetBuffer(int length)
     {
         m_text.resize(static_cast<size_t>(length));

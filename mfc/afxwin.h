@@ -11,8 +11,7 @@ class CCmdTarget : public CObject
     DECLARE_DYNAMIC(CCmdTarget)
 
 public:
-    // Runs the handler that the message maps name for a command or control notification; false if there is
-    // none.
+    // Calls the handler of a command or control notification. FALSE if the message maps have none.
     BOOL OnCmdMsg(UINT nID, UINT nCode);
 
 protected:
@@ -21,9 +20,9 @@ protected:
     const AFX_MSGMAP_ENTRY* FindMessageEntry(UINT nMessage, UINT nCode, UINT nID) const;
 };
 
-// A window. An object is attached to at most one window and a window to at most one object; the object
-// belongs to whoever made it and outlives or predeceases its window as it likes. Every operation on an object
-// that has no window does nothing and gives 0.
+// A window. An object is attached to at most one window and a window to at most one object. The code that
+// creates the object owns it. The window may be destroyed first; if the object is destroyed first, it
+// destroys its window. Every operation on an object without a window does nothing and returns 0.
 class CWnd : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWnd)
@@ -35,7 +34,8 @@ public:
 
     // The object attached to the window, or null.
     static CWnd* FromHandlePermanent(HWND hWnd);
-    // The same, or a temporary object for a window that has none. Good until the message loop is next idle.
+    // The object attached to the window, or a temporary object that is valid until the message loop is next
+    // idle.
     static CWnd* FromHandle(HWND hWnd);
     static void DeleteTempMap();
 
@@ -44,33 +44,33 @@ public:
 
     // Null if the window has no such child.
     CWnd* GetDlgItem(int nID) const;
-    // A control that is disabled hands the focus on to the next of its dialog, if it has it.
+    // If the control has the focus when it is disabled, the focus moves to the next control of the dialog.
     BOOL EnableWindow(BOOL bEnable = TRUE);
-    // Takes styles away, then adds some. False if that changed nothing.
+    // Removes styles, then adds some. FALSE if this changes nothing.
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd);
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
     void SetWindowText(LPCTSTR lpszString) { ::SetWindowTextW(m_hWnd, lpszString); }
     void GetWindowText(CString& rString) const;
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    // Centres the window over its owner, or on its monitor, and keeps it on that monitor.
+    // Centres the window over its owner, or on its monitor. The window stays inside that monitor.
     void CenterWindow();
 
-    // Moves members to controls (false) or controls to members (true) by DoDataExchange. While it runs the
-    // notifications of this window's controls are dropped. False if the exchange failed.
+    // Moves members to controls (FALSE) or controls to members (TRUE) with DoDataExchange. Until it returns,
+    // notifications of this window's controls are dropped. FALSE if the exchange failed.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    // Switches the class library's own tips on, which take their texts on request. All tips here have theirs
-    // from CToolTipCtrl::AddTool, so this has no further effect.
+    // In MFC this enables tooltips that request their text by a notification. All tooltips here are added to
+    // a CToolTipCtrl, so it does nothing.
     BOOL EnableToolTips(BOOL) { return TRUE; }
 
     virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
-    // Shows the window and runs messages until EndModalLoop, or until ContinueModal says no; gives
-    // EndModalLoop's result, or -1 if the program is to end.
+    // Shows the window and runs a message loop until EndModalLoop is called or ContinueModal returns FALSE.
+    // Returns EndModalLoop's result, or -1 on WM_QUIT.
     int RunModalLoop();
     void EndModalLoop(int nResult);
     virtual BOOL ContinueModal() { return m_bContinueModal; }
 
-    // Makes this the window's object, so that its messages come to WindowProc.
+    // Attaches the object to the window and subclasses it, so that WindowProc receives the window's messages.
     void Attach(HWND hWnd);
 
 protected:
@@ -80,7 +80,7 @@ protected:
     virtual BOOL OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
     virtual void DoDataExchange(CDataExchange*) {}
 
-    // Default processing of the message in hand, with the arguments it came with.
+    // Passes the current message to DefWindowProc with its original arguments.
     LRESULT Default();
     static const MSG* GetCurrentMessage();
 
@@ -122,7 +122,7 @@ class CListBox : public CWnd
 
 public:
     int AddString(LPCTSTR lpszItem);
-    // -1 takes the selection away.
+    // -1 clears the selection.
     int SetCurSel(int nSelect);
 };
 
@@ -135,7 +135,7 @@ public:
     int SetCurSel(int nSelect);
     // CB_ERR if nothing is selected.
     int GetCurSel() { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
-    // CB_ERR if there is none. The search begins behind nStartAfter and wraps.
+    // CB_ERR if there is no such item. The search begins after nStartAfter and wraps around.
     int FindStringExact(int nStartAfter, LPCTSTR lpszString);
     // Leaves the text empty if there is no such item.
     void GetLBText(int nIndex, CString& rString);
@@ -148,7 +148,7 @@ class CDialog : public CWnd
 public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
 
-    // IDOK, IDCANCEL or what EndDialog was given; -1 if the dialog could not be made.
+    // Returns EndDialog's result, or -1 if the dialog could not be created.
     virtual int DoModal();
     void EndDialog(int nResult) { EndModalLoop(nResult); }
 
@@ -165,18 +165,18 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-// The dialog procedure of every dialog: WM_INITDIALOG names the object, which takes the window and goes on to
-// OnInitDialog.
+// The dialog procedure of all dialogs. WM_INITDIALOG carries the CDialog, which it attaches to the window
+// before it calls OnInitDialog.
 INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
-// The application. One object, a static; WinMain runs InitInstance of it, whose windows are modal: no loop
-// of messages comes after it, whatever it gives.
+// The application: one static object. WinMain calls its InitInstance, which runs modal windows. No message
+// loop follows, whatever InitInstance returns.
 class CWinApp : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWinApp)
 
 public:
-    // With no name the application is called as its file is, without the extension.
+    // A null name stands for the program file's name without its extension.
     explicit CWinApp(LPCTSTR lpszAppName = nullptr);
     ~CWinApp() override;
 
@@ -187,9 +187,10 @@ public:
     CWnd* m_pMainWnd = nullptr;  // not owned
 
 protected:
-    // Names the key that the class library's own settings would lie under. There are none here.
+    // In MFC this sets the registry key of the framework's own settings. The editor has none, so it does
+    // nothing.
     void SetRegistryKey(LPCTSTR) {}
-    // There is no help file: the command is taken and nothing follows.
+    // There is no help file, so the command does nothing.
     afx_msg void OnHelp() {}
 
     DECLARE_MESSAGE_MAP()
@@ -198,9 +199,9 @@ protected:
 CWinApp* AfxGetApp();
 CWnd* AfxGetMainWnd();
 HINSTANCE AfxGetInstanceHandle();
-// Titled with the application's name and owned by the window the user is in.
+// Shows a message box with the application's name as its title. Its owner is the active window.
 int AfxMessageBox(LPCTSTR lpszText, UINT nType);
-// The top-level window that a dialog started from the window should disable; from the main window if null.
+// The top-level window that a dialog with this parent disables. For null it is the main window's.
 HWND AfxGetSafeOwner(const CWnd* pParent);
 
 constexpr UINT ID_HELP = 0xE146;

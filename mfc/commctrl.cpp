@@ -1,6 +1,5 @@
-// The functions of the common controls that the program calls. The library is loaded at the first call and
-// not imported, because it loads further libraries as it comes, and the search for those must be restricted
-// by then.
+// The functions of comctl32 that the program calls. The DLL is loaded at the first call and not imported: it
+// loads further DLLs, and by then the DLL search must be restricted.
 #include <tchar.h>
 #include <windows.h>
 
@@ -9,7 +8,7 @@
 
 namespace
 {
-// The bare name lets the system take the version that the manifest names.
+// Without a path, the system loads the version that the manifest selects.
 template <class Function>
 Function* CommonControlsFunction(Function&, const char* name)
 {

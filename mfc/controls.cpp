@@ -65,7 +65,7 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText)
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = ::GetParent(pWnd->m_hWnd);
     tool.uId = reinterpret_cast<UINT_PTR>(pWnd->m_hWnd);
-    // The control takes a copy; its structure has no const.
+    // The control copies the text, although the structure lacks the const.
     tool.lpszText = const_cast<LPWSTR>(lpszText);
     return static_cast<BOOL>(SendMessage(TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)));
 }

@@ -44,12 +44,12 @@ int CDialog::DoModal()
     m_bContinueModal = TRUE;
     CreateDialogParamW(AfxGetInstanceHandle(), MAKEINTRESOURCEW(m_nIDTemplate), owner, AfxDlgProc,
                        reinterpret_cast<LPARAM>(this));
-    // OnInitDialog may have ended the dialog, which is then never shown.
+    // If OnInitDialog has ended the dialog, it is never shown.
     if (m_hWnd != nullptr && m_bContinueModal)
     {
         RunModalLoop();
     }
-    // Before the dialog goes, so that the activation goes to its owner and to no other program.
+    // The owner must be enabled before the dialog is destroyed; otherwise another program is activated.
     if (disabled)
     {
         ::EnableWindow(owner, TRUE);

@@ -51,7 +51,7 @@ CString WindowText(HWND control)
     return text;
 }
 
-// A text equal to the one that stands is not set again.
+// Setting the same text would move the caret.
 void SetTextIfDifferent(HWND control, const CString& text)
 {
     if (!(WindowText(control) == text))
@@ -60,7 +60,7 @@ void SetTextIfDifferent(HWND control, const CString& text)
     }
 }
 
-// The whole text as one decimal number from `least` to `most`, blanks around it allowed.
+// Parses the whole text as one decimal number from `least` to `most`. Blanks before and after it are allowed.
 bool ParseNumber(LPCTSTR text, long long least, long long most, long long* number)
 {
     TCHAR* end = nullptr;
@@ -94,7 +94,7 @@ void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, LPCTSTR format,
     value = static_cast<Number>(number);
 }
 
-// Members that are the answer to one message and are set by another.
+// Exchanges a number that one message gets and another one sets.
 void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT set)
 {
     const HWND control = pDX->PrepareCtrl(nIDC);
@@ -171,7 +171,8 @@ void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
             value = position;
         }
     }
-    // Tab is to find the checked button: any other would check itself, and say so, on getting the focus.
+    // Tab must reach the checked button: any other would check itself and send BN_CLICKED when it gets the
+    // focus.
     const int tabStop = value >= 0 && value < count ? value : 0;
     for (int position = 0; position < count; ++position)
     {

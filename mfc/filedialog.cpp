@@ -7,7 +7,7 @@
 
 namespace
 {
-// Releases a COM object at the end of its scope.
+// Owns a reference to a COM object and releases it in the destructor.
 template <class Interface>
 class ComPointer
 {
@@ -31,7 +31,7 @@ private:
     Interface* m_pointer = nullptr;
 };
 
-// Cuts "text|pattern|text|pattern||" into pairs that point into the given text.
+// Splits "text|pattern|text|pattern||" in place into pairs that point into it.
 std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
 {
     std::vector<COMDLG_FILTERSPEC> pairs;
@@ -85,8 +85,8 @@ INT_PTR CFileDialog::DoModal()
     }
     DWORD options = 0;
     dialog->GetOptions(&options);
-    // The item dialog's options of these meanings have the numbers of the older dialog's flags; it has no
-    // read-only box to hide.
+    // FOS_OVERWRITEPROMPT equals OFN_OVERWRITEPROMPT. The item dialog has no read-only box for
+    // OFN_HIDEREADONLY to hide.
     options |= m_ofn.Flags & OFN_OVERWRITEPROMPT;
     dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
     const int length = m_strFilter.GetLength();

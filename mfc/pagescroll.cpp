@@ -1,4 +1,4 @@
-// CPropertyPage: a page that is higher than its place scrolls.
+// CPropertyPage: scrolling of a page that is taller than its window.
 #include "afxdlgs.h"
 
 #include <commctrl.h>
@@ -8,7 +8,7 @@
 
 namespace
 {
-// Where the control stands in its dialog.
+// The control's rectangle in client coordinates of its dialog.
 RECT PlaceOf(HWND control)
 {
     RECT place = {};
@@ -22,8 +22,8 @@ bool HasStyle(HWND window, DWORD style)
     return (static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & style) != 0;
 }
 
-// The sheet's part below the tabs. The common control places a page, each time it is selected, by the size
-// that the sheet was made with.
+// Places the page in the display area of the tab control. The common control uses the area of the sheet's
+// original size each time it selects a page.
 void TakePlace(HWND page, WINDOWPOS* given)
 {
     const HWND sheet = GetParent(page);
@@ -64,7 +64,7 @@ LRESULT CPropertyPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return CDialog::WindowProc(message, wParam, lParam);
 }
 
-// Vertical dialog units in pixels.
+// Converts vertical dialog units to pixels.
 int CPropertyPage::Units(int units) const
 {
     RECT rectangle = {0, 0, 0, units};
@@ -82,7 +82,8 @@ void CPropertyPage::ScrollTo(int top)
             const int bottom = HasStyle(child, WS_VISIBLE) ? static_cast<int>(PlaceOf(child).bottom) : 0;
             m_nHeight = std::max(m_nHeight, bottom);
         }
-        // Less than the template's margin, as a place that fits may come out lower by some pixels.
+        // Less than the template's margin, because rounding can make the window some pixels too low for a
+        // page that fits.
         m_nHeight += Units(5);
     }
     RECT client = {};
@@ -99,14 +100,14 @@ void CPropertyPage::ScrollTo(int top)
     {
         return;
     }
-    // One by one, as ScrollWindowEx leaves those of a hidden page where they are.
+    // The controls are moved one by one because ScrollWindowEx does not move those of a hidden page.
     for (HWND child = GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
     {
         const RECT place = PlaceOf(child);
         ::SetWindowPos(child, nullptr, place.left, place.top + before - m_nTop, 0, 0,
                        SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
     }
-    // All of it, as the background is drawn for the page and not for what scrolls.
+    // The background is drawn for the whole page and does not scroll, so everything is redrawn.
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
@@ -116,7 +117,7 @@ void CPropertyPage::Scroll(int code)
     GetScrollInfo(m_hWnd, SB_VERT, &bar);
     const int line = Units(8);
     const int page = static_cast<int>(bar.nPage) - line;
-    // By the codes from SB_LINEUP to SB_BOTTOM.
+    // Indexed by the scroll codes from SB_LINEUP (0) to SB_BOTTOM (7).
     const int dragged = bar.nTrackPos - m_nTop;
     const int by[] = {-line, line, -page, page, dragged, dragged, -m_nTop, m_nHeight};
     if (code <= SB_BOTTOM)
@@ -143,7 +144,7 @@ void CPropertyPage::Show(HWND control)
     RECT client = {};
     GetClientRect(m_hWnd, &client);
     RECT place = PlaceOf(control);
-    // What stands before it and is no control of its own is its label, or the title of its group.
+    // The controls before it that are no tab stops are its label or the title of its group box.
     for (HWND label = GetWindow(control, GW_HWNDPREV); label != nullptr && !HasStyle(label, WS_TABSTOP);
          label = GetWindow(label, GW_HWNDPREV))
     {

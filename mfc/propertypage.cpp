@@ -11,7 +11,7 @@ CPropertyPage::CPropertyPage(UINT nIDTemplate) : CDialog(nIDTemplate)
     m_psp.lParam = reinterpret_cast<LPARAM>(static_cast<CDialog*>(this));
 }
 
-// The sheet hands a page its own structure where a dialog gets the object.
+// For a page, WM_INITDIALOG carries the PROPSHEETPAGE, which in turn carries the object.
 INT_PTR CALLBACK CPropertyPage::PageProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     return AfxDlgProc(hWnd, message, wParam,
@@ -63,8 +63,7 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     {
     case static_cast<UINT>(PSN_SETACTIVE):
         answer = OnSetActive() ? 0 : -1;
-        // The common control does not know the page yet while its dialog is being made, and so forgets a mark
-        // set then.
+        // The common control ignores a page's mark while it creates the page, so the mark is set again here.
         RestoreMark();
         break;
     case static_cast<UINT>(PSN_KILLACTIVE):
@@ -76,8 +75,7 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     default:
         return CDialog::OnNotify(wParam, lParam, pResult);
     }
-    // This procedure stands before the dialog's, so its result is the message's, with no DWLP_MSGRESULT
-    // between.
+    // The window is subclassed, so this is the message's result and DWLP_MSGRESULT is not used.
     *pResult = answer;
     return TRUE;
 }

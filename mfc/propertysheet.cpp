@@ -6,11 +6,11 @@ IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
 
 namespace
 {
-// The sheet's own message: somebody may have brought it to the front.
+// A private message, posted when the sheet may have been activated.
 constexpr UINT ActivatePopup = WM_APP;
 
-// The sheet that is being created. Its window is attached before its first message: that is how WM_NCCREATE
-// of a window that a system function makes reaches a handler.
+// The sheet that is being created. CbtFilter attaches it to its window before the window's first message, so
+// that OnNcCreate receives WM_NCCREATE.
 CPropertySheet* g_sheet;
 HHOOK g_hook;
 
@@ -21,7 +21,8 @@ void UnhookWindowCreate()
     g_sheet = nullptr;
 }
 
-// Of all dialogs that are up one is enabled, the last. Tips have no title bar.
+// Activates the window and stops the enumeration if it is the one dialog that is visible and enabled.
+// WS_CAPTION excludes tooltips.
 BOOL CALLBACK ActivateIfLive(HWND window, LPARAM)
 {
     const LONG style = GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED | WS_CAPTION);
@@ -38,7 +39,7 @@ LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
     const LRESULT result = CallNextHookEx(g_hook, code, wParam, lParam);
     const HWND window = reinterpret_cast<HWND>(wParam);
     TCHAR className[8] = {};
-    // Other windows, an input method's for one, may be created on the way to the dialog.
+    // Other windows, such as those of an input method, may be created before the dialog.
     if (code == HCBT_CREATEWND && g_sheet != nullptr && GetClassNameW(window, className, 8) == 6 &&
         lstrcmpW(className, _T("#32770")) == 0)
     {
@@ -78,8 +79,8 @@ CPropertyPage* CPropertySheet::GetActivePage()
     return found == m_pages.end() ? nullptr : *found;
 }
 
-// The sheet is modeless to the system, because PreTranslateMessage must see the messages and a loop of the
-// common control's own would not show them.
+// The common control creates the sheet modeless, because its own modal loop would not call
+// PreTranslateMessage.
 int CPropertySheet::DoModal()
 {
     std::vector<PROPSHEETPAGEW> pages;
@@ -97,13 +98,13 @@ int CPropertySheet::DoModal()
     g_sheet = this;
     g_hook = SetWindowsHookExW(WH_CBT, CbtFilter, nullptr, GetCurrentThreadId());
     PropertySheetW(&header);
-    // Where no window has come, the next one is none of the sheet's.
+    // If no window was created, the hook must not catch the next one.
     UnhookWindowCreate();
     if (m_hWnd == nullptr)
     {
         return -1;
     }
-    // The common control disables Apply when it has made the first page.
+    // The common control disables Apply after it has created the first page.
     for (CPropertyPage* page : m_pages)
     {
         page->RestoreMark();
@@ -114,8 +115,8 @@ int CPropertySheet::DoModal()
     return result;
 }
 
-// Who brings the sheet to the front while a dialog or a prompt stands over it, as a second start does, has
-// brought a window that takes no key.
+// While a dialog is open the sheet is disabled and receives no keys. If the sheet is activated, for example
+// by a second instance, this activates the open dialog instead.
 void CPropertySheet::ActivateLastPopup()
 {
     if (!::IsWindowEnabled(m_hWnd))
@@ -126,19 +127,20 @@ void CPropertySheet::ActivateLastPopup()
 
 BOOL CPropertySheet::ContinueModal()
 {
-    // Without a current page the sheet has been closed.
+    // The common control has no current page once the sheet is closed.
     if (!CWnd::ContinueModal() || m_hWnd == nullptr || SendMessage(PSM_GETCURRENTPAGEHWND) == 0)
     {
         return FALSE;
     }
-    // Whatever the last message was, it may have moved the focus.
+    // The last message may have moved the focus.
     RestoreFocus();
     ShowFocus();
     return TRUE;
 }
 
-// Apply disables itself, and the focus that its click gave it is then nowhere; a page that Ctrl+Tab turns
-// away may keep it. No key would reach the sheet, or one would change what nobody sees.
+// Moves the focus to an enabled, visible control if it is on none. The Apply button disables itself while it
+// has the focus, and a page hidden by Ctrl+Tab may keep it. Keys would then have no effect or change a hidden
+// control.
 void CPropertySheet::RestoreFocus()
 {
     const HWND focus = ::GetFocus();
@@ -159,7 +161,7 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_INITDIALOG:
         if ((m_psh.dwFlags & PSH_USEICONID) != 0)
         {
-            // The common control sets the small one alone; Alt+Tab shows this.
+            // The common control sets only the small icon. Alt+Tab shows the big one.
             SendMessage(WM_SETICON, ICON_BIG,
                         reinterpret_cast<LPARAM>(LoadIconW(m_psh.hInstance, m_psh.pszIcon)));
         }
@@ -174,7 +176,7 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             Fit();
         }
         break;
-    // A disabled window may get no WM_ACTIVATE; so its coming to the front counts too.
+    // A disabled window may receive no WM_ACTIVATE, so a change of its z-order counts too.
     case WM_ACTIVATE:
     case WM_ACTIVATEAPP:
     case WM_NCACTIVATE:
@@ -198,7 +200,7 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         Fit();
         break;
     case WM_MOUSEWHEEL:
-        // Of the tabs and the buttons; the page's own controls send theirs to the page.
+        // From the tab control or a button. The page's controls pass theirs to the page.
         if (CPropertyPage* page = GetActivePage())
         {
             page->SendMessage(message, wParam, lParam);
@@ -210,7 +212,7 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         [[fallthrough]];
     case WM_SYSCOMMAND:
     case WM_CLOSE:
-        // Any of these may have closed the sheet, and one that was sent does not wake the modal loop.
+        // Any of these may have closed the sheet, and a message that was sent does not wake the modal loop.
         PostMessageW(m_hWnd, WM_NULL, 0, 0);
         break;
     default:
@@ -223,12 +225,12 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
 {
     if (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST)
     {
-        // A message that another program sent may have moved it since the modal loop looked.
+        // A message sent by another program may have moved the focus since ContinueModal.
         RestoreFocus();
     }
     if (pMsg->message == WM_KEYDOWN)
     {
-        // Who has scrolled away and types sees what he types into.
+        // If the user has scrolled the focused control out of view, typing scrolls it back.
         m_hWndShown = nullptr;
     }
     return SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;

@@ -1,4 +1,4 @@
-// CPropertySheet: its tabs, page and buttons in a window of any size.
+// CPropertySheet: layout of its tab control, page and buttons for any window size.
 #include "afxdlgs.h"
 
 #include <commctrl.h>
@@ -14,7 +14,7 @@ void CPropertySheet::RememberLayout()
     const auto tabs = reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL));
     for (HWND child = GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
     {
-        // The rest are pages, which place themselves.
+        // The other children are pages, which place themselves.
         if (child == tabs || (::SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0)
         {
             RECT place = {};
@@ -25,7 +25,7 @@ void CPropertySheet::RememberLayout()
     }
 }
 
-// The tabs grow with the window, the buttons keep to its lower right corner.
+// The tab control grows with the window; the buttons stay at its lower right corner.
 void CPropertySheet::LayOut()
 {
     RECT client = {};
@@ -42,15 +42,15 @@ void CPropertySheet::LayOut()
     }
     if (CPropertyPage* page = GetActivePage())
     {
-        // It takes the place that the tabs leave, whatever it is given.
+        // The page ignores these coordinates and fills the tab control's display area.
         ::SetWindowPos(page->m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     m_hWndShown = nullptr;
 }
 
-// Gives the window the size that it was made with, or as much of it as its screen has room for. There pages
-// scroll, and the window is wider by a scroll bar.
+// Restores the window's original size as far as the monitor's work area allows. If the area is too low, pages
+// scroll, so the window is wider by a scroll bar.
 void CPropertySheet::Fit()
 {
     MONITORINFO monitor = {};
@@ -66,7 +66,7 @@ void CPropertySheet::Fit()
     const LONG width =
         std::min(m_size.cx + (isLow ? GetSystemMetrics(SM_CXVSCROLL) : 0), screen.right - screen.left);
     const LONG height = std::min(m_size.cy, screen.bottom - screen.top);
-    // A window that has its size may stand where the user wants it, unless there is no room below it.
+    // A window of the right size stays where the user put it, unless the work area is too low.
     if (isLow || width != window.right - window.left || height != window.bottom - window.top)
     {
         ::SetWindowPos(m_hWnd, nullptr, std::max(screen.left, std::min(window.left, screen.right - width)),
@@ -75,7 +75,8 @@ void CPropertySheet::Fit()
     }
 }
 
-// Not while the mouse is held, or a list is open: what it points at stays where it is.
+// Does nothing while the mouse is captured, by a pressed button or an open list, because scrolling would move
+// what it points at.
 void CPropertySheet::ShowFocus()
 {
     const HWND focus = ::GetFocus();

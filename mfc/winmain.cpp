@@ -2,8 +2,9 @@
 
 namespace
 {
-// Other constructors load libraries by name: the one of the stack protector does. So this one comes before
-// all of the default priority. A file of that name that lies beside the program is not taken from then on.
+// Restricts the search for DLLs to System32, so that a DLL in the program's folder is never loaded by name.
+// It must run before constructors of default priority, because some load DLLs: that of the stack protector
+// does.
 [[gnu::constructor(101)]] void RestrictLibrarySearch()
 {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);

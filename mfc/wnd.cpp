@@ -1,4 +1,4 @@
-// CWnd: handles and objects, the window procedure, and messages to their handlers.
+// CWnd: handles and objects, the window procedure, and dispatch to handlers.
 #include "afxwin.h"
 
 #include <map>
@@ -11,7 +11,7 @@ END_MESSAGE_MAP()
 
 namespace
 {
-// The message that this thread's innermost window procedure is processing.
+// The message that the innermost window procedure is processing.
 MSG g_currentMessage;
 // The window that is exchanging data with its controls; null at other times.
 HWND g_lockedOutWindow;
@@ -31,8 +31,7 @@ std::map<HWND, std::unique_ptr<CWnd>>& TemporaryMap()
 
 CWnd::~CWnd()
 {
-    // A temporary object never owned its window; a permanent one must not leave a window behind that calls
-    // it.
+    // A temporary object does not own its window. Any other must not leave a window that calls it.
     if (m_pfnSuper != nullptr)
     {
         DestroyWindow();
@@ -111,7 +110,7 @@ LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM
     LRESULT result = 0;
     if (message == WM_NCDESTROY)
     {
-        // The last message a window gets: its own procedure has it back before the object lets go.
+        // This is the window's last message. Its original procedure is restored before the object detaches.
         SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(window->m_pfnSuper));
         result = window->WindowProc(message, wParam, lParam);
         window->Detach();
@@ -142,8 +141,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         }
         break;
     case WM_HELP:
-        // F1. A control's goes up to its dialog by default processing, and is there the application's
-        // command.
+        // F1. Default processing sends a control's message on to its dialog, which sends the help command.
         if ((GetWindowLongW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0 && AfxGetMainWnd() != nullptr)
         {
             AfxGetMainWnd()->SendMessage(WM_COMMAND, ID_HELP);
@@ -176,8 +174,8 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
     {
         return TRUE;
     }
-    // A menu or accelerator has no control, and its notification code is not one. What the window has no
-    // handler for is the application's.
+    // Menu and accelerator commands have no control and no notification code. The application handles what
+    // the window does not.
     const UINT code = lParam != 0 ? HIWORD(wParam) : 0;
     return OnCmdMsg(LOWORD(wParam), code) ||
            (AfxGetApp() != nullptr && AfxGetApp()->OnCmdMsg(LOWORD(wParam), code));

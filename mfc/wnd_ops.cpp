@@ -63,7 +63,7 @@ void CWnd::CenterWindow()
     const LONG height = window.bottom - window.top;
     const LONG left = (centre.left + centre.right - width) / 2;
     const LONG top = (centre.top + centre.bottom - height) / 2;
-    // The title bar comes first where the screen is too small for the whole window.
+    // If the window does not fit, its title bar stays visible.
     ::SetWindowPos(m_hWnd, nullptr, std::max(screen.left, std::min(left, screen.right - width)),
                    std::max(screen.top, std::min(top, screen.bottom - height)), 0, 0,
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -71,7 +71,7 @@ void CWnd::CenterWindow()
 
 namespace
 {
-// Offers a message to each window from the one it is for up to the modal one.
+// Calls PreTranslateMessage of the message's window and its parents, up to the modal window.
 BOOL WalkPreTranslateTree(HWND stop, MSG* message)
 {
     for (HWND window = message->hwnd; window != nullptr; window = GetParent(window))
@@ -106,7 +106,7 @@ int CWnd::RunModalLoop()
         }
         if (!GetMessageW(&message, nullptr, 0, 0))
         {
-            // The outer loops must see it too.
+            // The outer message loops must receive it too.
             PostQuitMessage(static_cast<int>(message.wParam));
             m_nModalResult = -1;
             break;
@@ -125,6 +125,6 @@ void CWnd::EndModalLoop(int nResult)
 {
     m_nModalResult = nResult;
     m_bContinueModal = FALSE;
-    // The loop looks again only after a message.
+    // The loop checks the flag only after a message.
     PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }

@@ -1,4 +1,4 @@
-// Chapter 9: one switch for each of two tools, in that tool's own key.
+// The Chapter 9 page: one switch for each of two tools, stored in that tool's own key.
 #pragma once
 
 #include "framework/SettingsPage.h"

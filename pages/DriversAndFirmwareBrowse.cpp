@@ -16,7 +16,7 @@ struct FileKind
 constexpr FileKind InfFile = {_T("inf"), _T("*.inf"), _T("INF Files (*.inf)|*.inf|All Files (*.*)|*.*||")};
 constexpr FileKind HexFile = {_T("hex"), _T("*.hex"), _T("HEX Files (*.hex)|*.hex|All Files (*.*)|*.*||")};
 
-// A Browse button, and the edit that it fills.
+// A Browse button and the edit that it fills.
 struct Browser
 {
     int button;
@@ -33,9 +33,9 @@ constexpr Browser Browsers[] = {
 };
 }  // namespace
 
-// The user chooses a file, of which the folder is kept. Nothing marks the page; OK saves the folder even so.
-// The dialog starts where the system has it start: a folder named here would be asked for before it is shown,
-// which takes long for one on a computer that does not answer.
+// The user chooses a file, and the edit receives its folder. The page is not marked as modified, but OK
+// stores the folder. The dialog has no initial folder, because it would access that folder before it appears;
+// this takes long if the folder is on a computer that does not respond.
 void CDriversAndFirmwareDlg::OnBrowse(UINT id)
 {
     const Browser& browser =

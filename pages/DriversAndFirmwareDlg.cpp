@@ -22,17 +22,17 @@ namespace
 {
 const WideString NamePath = _T("Path");
 const WideString NameFirmware = _T("FsLsComplianceDeviceFirmware");
-const WideString NameFirmwareCopy = _T("fw");  // written, never read
+const WideString NameFirmwareCopy = _T("fw");  // written, but never read
 const WideString NameDeviceDriver = _T("HSComplianceDeviceDriverPath");
 }  // namespace
 
-// What the four driver stacks differ in, in the order in which they are read and written.
+// The properties of the four driver stacks, in the order in which they are loaded and stored.
 struct CDriversAndFirmwareDlg::Stack
 {
     using Switch = int Self::*;
     using Path = CString Self::*;
 
-    bool (*isNeeded)();  // by some installed tool; else the stack's values are not touched
+    bool (*isNeeded)();  // by an installed tool; otherwise the stack's values are neither read nor written
     int group;
     int enableSwitcher;
     int label;

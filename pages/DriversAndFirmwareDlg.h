@@ -1,5 +1,5 @@
-// Drivers & Firmware: where the compliance driver stacks and the compliance device's driver and firmware lie,
-// and whether a tool installs a stack by itself.
+// The Drivers & Firmware page: the folders of the compliance driver stacks and of the compliance device's
+// driver and firmware, and whether the tools install each stack automatically.
 #pragma once
 
 #include "framework/SettingsPage.h"
@@ -57,13 +57,14 @@ private:
     static bool IsXhciNeeded();
     static bool IsUsb4Needed();
 
-    // Each enables its stack's path controls by what the check box says, if the stack is needed at all.
+    // Each enables or disables its stack's path controls according to the check box. It does nothing if the
+    // stack is not needed.
     void UpdateEhciControls() { UpdatePathControls(Ehci); }
     void UpdateXhciControls() { UpdatePathControls(Xhci); }
     void UpdateUsb4HiControls() { UpdatePathControls(Usb4Hi); }
     void UpdateRvskControls() { UpdatePathControls(Rvsk); }
     void UpdatePathControls(StackIndex index);
-    // The label, the edit and the button.
+    // Enables or disables the label, the edit and the Browse button.
     static void EnablePath(StackControls& controls, BOOL enable);
 
     StackControls m_stacks[StackCount];

@@ -15,7 +15,7 @@ END_MESSAGE_MAP()
 
 namespace
 {
-// What the tools log, from least to most. A stored level is an index into this.
+// The log levels in ascending order of detail. The stored level is an index into this array.
 constexpr LPCTSTR LogLevels[] = {_T("Quiet"),  _T("Minimal"), _T("Low"),
                                  _T("Normal"), _T("Verbose"), _T("Diagnostic")};
 constexpr int Verbose = 4;
@@ -75,7 +75,7 @@ void CGeneralSettingsDlg::UpdateControlStates()
     {
         m_lbLogVerbosity.AddString(LogLevels[level]);
     }
-    // The exchange before this found the list empty.
+    // The list was still empty during the exchange in OnInitDialog.
     m_lbLogVerbosity.SetCurSel(QBLogVerbosity);
     UpdateData(TRUE);
 }

@@ -1,4 +1,4 @@
-// General Settings: what concerns the whole family, in SOFTWARE\Halvane\QuorvexBench.
+// The General Settings page: settings of the whole tool family, stored in SOFTWARE\Halvane\QuorvexBench.
 #pragma once
 
 #include "framework/SettingsPage.h"

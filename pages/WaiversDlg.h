@@ -1,4 +1,4 @@
-// Waivers: what the tests let pass. One of the two concerns FirQB alone.
+// The Waivers page: two waivers for the tests. The port number waiver concerns only FirQB.
 #pragma once
 
 #include "framework/SettingsPage.h"

@@ -27,7 +27,7 @@ struct CXHCISettingsDlg::Setting : NumberSetting<CXHCISettingsDlg>
     const WideString& key = TestServicesKey;
 };
 
-// In the order of the exchange. Reading and writing have orders of their own.
+// In the order of the exchange. LoadSettings and SaveSettings have their own orders.
 const CXHCISettingsDlg::Setting CXHCISettingsDlg::Settings[] = {
     {{&Self::IMODInterval, _T("IMODInterval"), IDC_IMOD_INTERVAL}, PortDriverKey},
     {{&Self::PromptDuringConnect, _T("PromptDuringConnect"), IDC_PROMPT_DURING_CONNECT, DDX_Check}},
@@ -54,7 +54,8 @@ const CXHCISettingsDlg::Setting& CXHCISettingsDlg::SettingOf(Member member)
 CXHCISettingsDlg::CXHCISettingsDlg() : CSettingsPage(IDD_XHCI_SETTINGS)
 {
     AddXhciProducts();
-    // Their labels are behind them in the template.
+    // Screen readers do not find the labels of these edits, because the labels follow the edits in the
+    // template.
     AddName(IDC_IMOD_INTERVAL, _T("IMOD Interval"));
     AddName(IDC_INT_MAX_PACKET_START, _T("xHCI Interrupt Loopback Starting MaxPacketSize"));
     AddName(IDC_INT_MAX_BURST_START, _T("xHCI Interrupt Loopback Starting Burst Size"));

@@ -1,4 +1,4 @@
-// xHCI Settings: one parameter of the xHCI port driver, and the settings of the tests that run on it.
+// The xHCI Settings page: one parameter of the xHCI port driver, and settings of the xHCI tests.
 #pragma once
 
 #include "framework/SettingsPage.h"
@@ -18,7 +18,7 @@ protected:
     void SaveSettings() override;
     void LoadSettings() override;
 
-    // Any of the page's controls was changed.
+    // Handles a change of any control of the page.
     afx_msg void OnSettingChanged(UINT id);
     afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
 

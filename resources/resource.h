@@ -1,5 +1,4 @@
-// Ids of the program's resources. A control's id means something only within its dialog; several dialogs use
-// the same numbers.
+// Resource ids. Control ids are unique only within their dialog.
 #pragma once
 
 #ifndef IDC_STATIC
@@ -62,7 +61,9 @@
 
 // xHCI Settings
 #define IDD_XHCI_SETTINGS 102
-// CXHCISettingsDlg handles the changes of its edits and the clicks of its check boxes as ranges of ids.
+// CXHCISettingsDlg handles ranges of ids. Of its edits, all but IDC_ISOCH_DELAY_HS_READ must be contiguous
+// from IDC_IMOD_INTERVAL to IDC_ISOCH_MAX_BURST_START. All check boxes must be between
+// IDC_PROMPT_DURING_CONNECT and IDC_INT_SKIP_EVENT_DATA.
 #define IDC_IMOD_INTERVAL 1002
 #define IDC_PROMPT_DURING_CONNECT 1000
 #define IDC_INT_MAX_PACKET_START 1003
@@ -96,7 +97,7 @@
 // MAUSB Media Settings
 #define IDD_MAUSB_MEDIA 133
 #define IDC_NETWORK_TYPE 1069
-// The two buttons must be contiguous: CMAUSBMediaDlg handles their clicks as one range.
+// The two radio buttons must be contiguous: CMAUSBMediaDlg handles their clicks as one range.
 #define IDC_NETWORK_TCP 1066
 #define IDC_NETWORK_UDP 1067
 #define IDC_NETWORK_LOG 1055
@@ -137,7 +138,7 @@
 
 // Port Numbers
 #define IDD_PORT_NUMBERS 143
-// CPortNumbersDialog handles the changes of its edits as one range.
+// CPortNumbersDialog handles one range of ids: all edits must be between IDC_PORT_EDIT_0 and IDC_PORT_EDIT_3.
 #define IDC_PORT_LABEL_0 1187
 #define IDC_PORT_EDIT_0 1188
 #define IDC_PORT_TYPE_0 1189
@@ -166,14 +167,15 @@
 
 // MAUSB Protocol Settings
 #define IDD_MAUSB_PROTOCOL 135
+// CMAUSBProtocolConstantsDlg handles three ranges of ids: its edits must be between IDC_MANAGEMENT_RESPONSE
+// and IDC_TRANSFER_RESPONSE, between IDC_DATA_DELAY_TCP and IDC_MANAGEMENT_DELAY_SNAP, or between
+// IDC_BULK_RETRIES and IDC_TRANSFER_SETUP_RETRIES.
 #define IDC_MANAGEMENT_RESPONSE_LABEL 1097
 #define IDC_MANAGEMENT_RESPONSE 1099
 #define IDC_MANAGEMENT_RESPONSE_UNIT 1101
 #define IDC_TRANSFER_RESPONSE_LABEL 1098
 #define IDC_TRANSFER_RESPONSE 1100
 #define IDC_TRANSFER_RESPONSE_UNIT 1118
-// CMAUSBProtocolConstantsDlg handles the changes of its edits as three ranges: the response times, these, and
-// the retries.
 #define IDC_DELAYS 1096
 #define IDC_DATA_DELAY_LABEL 1081
 #define IDC_MANAGEMENT_DELAY_LABEL 1082
@@ -207,7 +209,8 @@
 
 // MAUSB HUT Params
 #define IDD_MAUSB_HUT_PARAMS 137
-// CMAUSBHubUnderTestParamsDlg handles the changes of its edits as one range.
+// CMAUSBHubUnderTestParamsDlg handles one range of ids: all edits must be between IDC_HUT_BULK_RETRIES and
+// IDC_HUT_INTERRUPT_RETRIES.
 #define IDC_HUT_RETRIES 1158
 #define IDC_HUT_BULK_RETRIES_LABEL 1159
 #define IDC_HUT_BULK_RETRIES 1160

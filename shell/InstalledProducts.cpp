@@ -7,10 +7,10 @@ std::map<ProductId, DWORD> InstalledProductMap;
 
 namespace
 {
-// The registry's own limit, without the terminator.
+// The registry's limit on a value name, in characters without the terminator.
 constexpr DWORD MaxValueName = 16383;
 
-// Goes through all values, whatever fails on the way.
+// Reads every value, even after one has failed. Returns false if any of them failed.
 bool ReadAllValues(HKEY key)
 {
     DWORD count = 0;

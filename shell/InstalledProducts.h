@@ -1,13 +1,13 @@
-// The directory of installed tools. Something else writes its key; it is read once, at start.
+// The list of installed tools. Other programs write its registry key; this program reads it once, at start.
 #pragma once
 
 #include "framework/ProductId.h"
 
 #include <map>
 
-// Value name to data. Names are compared exactly, although the registry folds case.
+// Maps value names to their data. Lookup is case-sensitive, although the registry's names are not.
 extern std::map<ProductId, DWORD> InstalledProductMap;
 
-// Fills InstalledProductMap from the values of SOFTWARE\Halvane\Installed. False if the key or any of its
-// values could not be read, or a value has more than four bytes: the map is then not to be used.
+// Fills InstalledProductMap from the values of SOFTWARE\Halvane\Installed. Returns false if the key or one of
+// its values cannot be read, or if a value is longer than four bytes; the map must not be used then.
 bool LoadInstalledProducts();

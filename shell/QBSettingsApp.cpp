@@ -43,7 +43,8 @@ HANDLE g_hInstanceMutex = CreateInstanceMutex();
 
 namespace
 {
-// Before the application object, so that the mutex goes after it.
+// Registered before the application object is constructed, so the mutex is closed after that object is
+// destroyed.
 [[maybe_unused]] const int g_exitRoutine = std::atexit(CloseInstanceMutex);
 CQBSettingsApp theApp;
 }  // namespace
@@ -91,7 +92,8 @@ void CQBSettingsApp::ActivateFirstInstance() const
     }
 }
 
-// The pages are made and joined in the order of their tabs, and destroyed in the reverse order.
+// Each page is constructed and added before the next one, in tab order. The pages are destroyed in reverse
+// order.
 void CQBSettingsApp::RunSheet()
 {
     CSettingsSheet sheet(m_strAppTitle.c_str());

@@ -4,7 +4,7 @@
 
 #include <afxwin.h>
 
-// The application: all of its work is done in InitInstance, which gives false, so that the process then ends.
+// The application object. InitInstance does all the work and returns FALSE, and the process ends.
 class CQBSettingsApp : public CWinApp
 {
 public:
@@ -19,10 +19,10 @@ private:
     void ActivateFirstInstance() const;
     void RunSheet();
 
-    WideString m_strAppTitle;  // the sheet's caption, by which a second instance finds the first
+    WideString m_strAppTitle;  // the sheet's caption; a second instance finds the first by it
 };
 
-// Marks a running instance by its existence; never waited on. Null if it could not be made.
+// The mutex marks a running instance by its existence; nothing waits on it. Null if it could not be created.
 extern HANDLE g_hInstanceMutex;
-// GetLastError right after the mutex was made: ERROR_ALREADY_EXISTS in a second instance.
+// GetLastError directly after CreateMutexW: ERROR_ALREADY_EXISTS in a second instance.
 extern DWORD g_dwInstanceMutexError;

@@ -11,8 +11,8 @@ END_MESSAGE_MAP()
 CSettingsSheet::CSettingsSheet(LPCTSTR caption) : CPropertySheet(caption, nullptr, 0)
 {
     m_psh.dwFlags &= ~static_cast<DWORD>(PSH_HASHELP);
-    // A minimised sheet is known by its icon. The "?" that a sheet has in its title bar may not stand beside
-    // the boxes that minimise and maximise.
+    // The taskbar needs an icon to show for the minimised sheet. Windows does not show the "?" button
+    // together with the minimise and maximise boxes.
     m_psh.dwFlags |= PSH_USEICONID | PSH_NOCONTEXTHELP;
     m_psh.pszIcon = MAKEINTRESOURCEW(IDR_MAINFRAME);
 }

@@ -2,7 +2,7 @@
 
 #include "framework/SettingsPage.h"
 
-// The sheet: the tabs of the tools that are installed, and a title bar to minimise and maximise it by.
+// The property sheet. It has a page for each concern of the installed tools, and minimise and maximise boxes.
 class CSettingsSheet : public CPropertySheet
 {
     DECLARE_DYNAMIC(CSettingsSheet)
@@ -10,7 +10,8 @@ class CSettingsSheet : public CPropertySheet
 public:
     explicit CSettingsSheet(LPCTSTR caption);
 
-    // Appends the page if an installed tool needs it. The sheet keeps a pointer to it; the caller owns it.
+    // Adds the page if an installed tool needs it. The sheet keeps a pointer to the page, which must outlive
+    // DoModal; the caller owns the page.
     void Join(CSettingsPage& page);
 
 protected:
