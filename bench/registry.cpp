@@ -3,6 +3,7 @@
 // tests' list of calls is not used here: it would take longer than some of the calls. Argument: the seconds
 // for each measure; 0 makes the fewest runs, and of the pages only.
 #include "driver/inprocess.h"
+#include "driver/interpose.h"
 #include "framework/SettingsPage.h"
 #include "mausb/PortTable.h"
 #include "mausb/ToolKey.h"
@@ -76,31 +77,29 @@ auto Keep(Unit* output, const All&)
     };
 }
 
-// Stands for a function of the registry, and notes its calls.
+// Makes the system's call, and notes it while notes are taken.
 template <const char* Name, class... Arguments>
 LSTATUS WINAPI Noted(Arguments... arguments)
 {
-    static const auto real = reinterpret_cast<LSTATUS (*)(Arguments...)>(
-        reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(L"advapi32.dll"), Name)));
+    static const auto own = reinterpret_cast<decltype(&Noted<Name, Arguments...>)>(SystemFunction(Name));
     if (g_notes != nullptr)
     {
         g_notes->push_back([... kept = Keep(arguments, std::tie(arguments...))] {
-            // In braces the key that is open comes first, then the one that the call opens.
-            std::apply(real, std::tuple<Arguments...>{kept()...});
+            // Braces evaluate in order: the key that is open, then the place for the key that the call opens.
+            std::apply(own, std::tuple<Arguments...>{kept()...});
             if (sizeof...(Arguments) == 1)
             {
                 g_open.pop_back();
             }
         });
     }
-    return real(arguments...);
+    return own(arguments...);
 }
 }  // namespace
 
-// What the program's calls go through. Defined here, it is not taken from the import library.
-#define NOTE_CALLS_OF(function)                         \
-    static constexpr char Name##function[] = #function; \
-    decltype(function)* Import##function asm("__imp_" #function) = Noted<Name##function>;
+#define NOTE_CALLS_OF(function)                    \
+    constexpr char NameOf##function[] = #function; \
+    INTERPOSE(function, Noted<NameOf##function>)
 
 NOTE_CALLS_OF(RegOpenKeyExW)
 NOTE_CALLS_OF(RegCreateKeyExW)

@@ -1,15 +1,17 @@
 #include "support/calls.h"
 
+#include "driver/interpose.h"
 #include "support/registry.h"
 
 #include <objbase.h>
 #include <rpc.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <type_traits>
 
 namespace
 {
-// The program's constants make calls before other objects are made.
 struct State
 {
     std::string refused;
@@ -24,11 +26,8 @@ struct State
     RECT secondScreen = {};  // empty: there is one alone
 };
 
-State& TheState()
-{
-    static State state;
-    return state;
-}
+// Static constructors of the program already make calls.
+[[gnu::init_priority(101)]] State g_state;
 
 bool BeginsWith(const std::string& text, const std::string& prefix)
 {
@@ -37,210 +36,240 @@ bool BeginsWith(const std::string& text, const std::string& prefix)
 
 Text PathOf(HKEY key, LPCWSTR below = nullptr)
 {
-    const auto found = TheState().keys.find(key);
-    Text path = found != TheState().keys.end() ? found->second : Text();
+    const auto found = g_state.keys.find(key);
+    Text path = found != g_state.keys.end() ? found->second : Text();
     return below == nullptr ? path : path + (path.empty() ? _T("") : _T("\\")) + below;
 }
 
-// Lists a call; the status that it is refused with, or 0.
-LONG Note(const std::string& function, const Text& key = {}, LPCWSTR name = nullptr)
+// Lists a call. Returns the status that it is refused with, or 0.
+LONG Note(const Call& call)
 {
-    State& state = TheState();
-    if (state.pauses > 0)
+    if (g_state.pauses > 0)
     {
         return 0;
     }
-    state.made.push_back({function, key, name != nullptr ? name : _T("")});
-    const bool isMeant =
-        function == state.refused || (state.refused == calls::AnyOfTheRegistry &&
-                                      BeginsWith(function, "Reg") && function != "RegCloseKey");
-    if (state.left == 0 || !isMeant || --state.left > 0)
+    g_state.made.push_back(call);
+    const bool isMeant = call.function == g_state.refused ||
+                         (g_state.refused == calls::AnyOfTheRegistry && BeginsWith(call.function, "Reg") &&
+                          call.function != "RegCloseKey");
+    if (g_state.left == 0 || !isMeant || --g_state.left > 0)
     {
         return 0;
     }
-    state.left = state.andLater ? 1 : 0;
-    state.struck = true;
-    return state.status;
+    g_state.left = g_state.andLater ? 1 : 0;
+    g_state.struck = true;
+    return g_state.status;
 }
 
-LSTATUS Opened(LSTATUS status, const HKEY* key, const Text& path)
+// What the arguments of a call say about it.
+Call CallOf(const std::string& function, ...)
 {
-    if (status == ERROR_SUCCESS)
-    {
-        TheState().keys[*key] = path;
-    }
-    return status;
+    return {function, {}, {}};
 }
 
-// What a failed query leaves in its buffer is undefined.
-LSTATUS Spoil(LSTATUS status, BYTE* data, DWORD size)
+Call CallOf(const std::string& function, HKEY key, ...)
 {
-    if (status != ERROR_SUCCESS && data != nullptr)
-    {
-        std::fill_n(data, size, BYTE{0xEE});
-    }
-    return status;
+    return {function, PathOf(key), {}};
 }
 
-HMONITOR MonitorOf(HWND window)
+// The text is the name of a value, or of a key below this one.
+Call CallOf(const std::string& function, HKEY key, LPCWSTR text, ...)
 {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1});
+    const bool isValue = function.find("Value") != std::string::npos;
+    return {function, PathOf(key, isValue ? nullptr : text), isValue ? text : _T("")};
 }
 
-BOOL SetWorkArea(HMONITOR monitor, MONITORINFO* info)
+Call CallOf(const std::string& function, DWORD, LPCWSTR windowClass, ...)
 {
-    info->rcWork = reinterpret_cast<INT_PTR>(monitor) == 2 ? TheState().secondScreen : RECT{0, 0, 1600, 1200};
-    return TRUE;
+    return {function + ' ' + (IS_INTRESOURCE(windowClass) ? std::string() : Printable(windowClass)), {}, {}};
 }
 
 template <class Function>
-Function* SystemsOwn(const char* library, const char* name)
+Function* System(const char* name)
 {
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(library), name)));
+    return reinterpret_cast<Function*>(SystemFunction(name));
 }
 
-// Stands for HKEY_LOCAL_MACHINE, so that no setting of the machine is read or written.
-class ScratchKey
+constexpr LPCWSTR ScratchPath = _T("Software\\Quorvex Bench Settings scratch");
+
+void DeleteScratchKey()
 {
-public:
-    ScratchKey()
-    {
-        Delete();
-        SystemsOwn<decltype(RegCreateKeyExW)>("advapi32", "RegCreateKeyExW")(
-            HKEY_CURRENT_USER, Path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key, nullptr);
-    }
-    ~ScratchKey() { Delete(); }
-    ScratchKey(const ScratchKey&) = delete;
-    ScratchKey& operator=(const ScratchKey&) = delete;
+    System<decltype(RegDeleteTreeW)>("RegDeleteTreeW")(HKEY_CURRENT_USER, ScratchPath);
+}
 
-    HKEY Get() const { return m_key; }
-
-private:
-    static constexpr LPCWSTR Path = _T("Software\\Quorvex Bench Settings scratch");
-
-    static void Delete()
-    {
-        SystemsOwn<decltype(RegDeleteTreeW)>("advapi32", "RegDeleteTreeW")(HKEY_CURRENT_USER, Path);
-    }
-
-    HKEY m_key = nullptr;
-};
-
-HKEY Redirected(HKEY key)
+HKEY MakeScratchKey()
 {
-    static const ScratchKey scratch;
-    return key == HKEY_LOCAL_MACHINE && !TheState().usesMachineSettings ? scratch.Get() : key;
+    DeleteScratchKey();
+    HKEY key = nullptr;
+    System<decltype(RegCreateKeyExW)>("RegCreateKeyExW")(HKEY_CURRENT_USER, ScratchPath, 0, nullptr, 0,
+                                                         KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    std::atexit(DeleteScratchKey);
+    return key;
+}
+
+// The key that the program's call uses: the scratch key takes the place of HKEY_LOCAL_MACHINE.
+HKEY Redirect(HKEY key)
+{
+    static const HKEY scratch = MakeScratchKey();
+    return key == HKEY_LOCAL_MACHINE && !g_state.usesMachineSettings ? scratch : key;
+}
+
+template <class Argument>
+Argument Redirect(Argument argument)
+{
+    return argument;
+}
+
+// Follows which keys are open.
+void Track(const Call& call, HKEY* opened)
+{
+    g_state.keys[*opened] = call.key;
+}
+
+void Track(const Call& call, HKEY key)
+{
+    if (call.function == "RegCloseKey")
+    {
+        g_state.keys.erase(key);
+    }
+}
+
+void Track(const Call&, ...) {}
+
+// After a failed query the content of the buffer is undefined.
+void Spoil(HKEY, LPCWSTR, DWORD*, DWORD*, BYTE* data, const DWORD* size)
+{
+    if (data != nullptr && *size > 0)
+    {
+        *data = 0xEE;
+    }
+}
+
+void Spoil(...) {}
+
+// Makes the system's call, unless it is refused: the result is then the status, or a null pointer.
+template <const char* Name, class Result, class... Arguments>
+Result WINAPI Refusable(Arguments... arguments)
+{
+    static auto* const own = System<decltype(Refusable<Name, Result, Arguments...>)>(Name);
+    const Call call = CallOf(Name, arguments...);
+    const LONG refusal = Note(call);
+    Result result = {};
+    if (refusal == 0)
+    {
+        result = own(Redirect(arguments)...);
+    }
+    else if constexpr (!std::is_pointer_v<Result>)
+    {
+        result = refusal;
+    }
+    if (result == Result{})
+    {
+        (Track(call, arguments), ...);
+    }
+    else
+    {
+        Spoil(arguments...);
+    }
+    return result;
+}
+
+bool HasSecondScreen()
+{
+    return !IsRectEmpty(&g_state.secondScreen);
+}
+
+HMONITOR WINAPI ScreenOf(HWND window, DWORD flags)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return HasSecondScreen()
+               ? reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1})
+               : System<decltype(MonitorFromWindow)>("MonitorFromWindow")(window, flags);
+}
+
+BOOL WINAPI ScreenInfo(HMONITOR screen, MONITORINFO* info)
+{
+    if (!HasSecondScreen())
+    {
+        return System<decltype(GetMonitorInfoW)>("GetMonitorInfoW")(screen, info);
+    }
+    info->rcWork = reinterpret_cast<INT_PTR>(screen) == 2 ? g_state.secondScreen : RECT{0, 0, 1600, 1200};
+    return TRUE;
 }
 }  // namespace
 
 void calls::Reset()
 {
-    TheState().refused.clear();
-    TheState().struck = false;
-    TheState().secondScreen = {};
-    TheState().made.clear();
+    g_state.refused.clear();
+    g_state.struck = false;
+    g_state.secondScreen = {};
+    g_state.made.clear();
 }
 
 void calls::UseMachineSettings()
 {
-    TheState().usesMachineSettings = true;
+    g_state.usesMachineSettings = true;
 }
 
 void calls::AddScreen(const RECT& workArea)
 {
-    TheState().secondScreen = workArea;
+    g_state.secondScreen = workArea;
 }
 
 void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
 {
-    State& state = TheState();
-    state.refused = function;
-    state.left = nth;
-    state.status = status;
-    state.andLater = andLater;
-    state.struck = false;
+    g_state.refused = function;
+    g_state.left = nth;
+    g_state.status = status;
+    g_state.andLater = andLater;
+    g_state.struck = false;
 }
 
 bool calls::HasStruck()
 {
-    return TheState().struck;
+    return g_state.struck;
 }
 
 std::vector<Call> calls::Made(const std::string& prefix)
 {
-    std::vector<Call> made = TheState().made;
+    std::vector<Call> made = g_state.made;
     std::erase_if(made, [&prefix](const Call& call) { return !BeginsWith(call.function, prefix); });
     return made;
 }
 
 size_t calls::OpenKeys()
 {
-    return TheState().keys.size();
+    return g_state.keys.size();
 }
 
 calls::Pause::Pause()
 {
-    ++TheState().pauses;
+    ++g_state.pauses;
 }
 
 calls::Pause::~Pause()
 {
-    --TheState().pauses;
+    --g_state.pauses;
 }
 
-// The program's own definition of a function of the system's: under its name, and behind the pointer by which
-// a program calls what it imports. It is noted with a key and a name, and what it answers is the refusal, or
-// what comes of the system's `own`.
-// clang-format off
-#define REFUSABLE(library, result, function, parameters, notes, refusal, answer) \
-    result __stdcall Our##function parameters __asm__(#function); \
-    extern "C" { extern void* const __imp_##function; \
-                 void* const __imp_##function = reinterpret_cast<void*>(&Our##function); } \
-    result __stdcall Our##function parameters \
-    { \
-        static auto* const own = SystemsOwn<decltype(Our##function)>(library, #function); \
-        const LONG refused = Note notes; \
-        return refused != 0 ? refusal : answer; \
-    }
+#define REFUSABLE(function)                        \
+    constexpr char NameOf##function[] = #function; \
+    INTERPOSE(function, Refusable<NameOf##function>)
 
-#define REGISTRY(function, parameters, arguments, key, name) \
-    REFUSABLE("advapi32", LSTATUS, function, parameters, (#function, key, name), refused, own arguments)
-
-REFUSABLE("advapi32", LSTATUS, RegOpenKeyExW, (HKEY key, LPCWSTR path, DWORD options, REGSAM access, HKEY* opened),
-    ("RegOpenKeyExW", PathOf(key, path)), refused,
-    Opened(own(Redirected(key), path, options, access, opened), opened, PathOf(key, path)))
-REFUSABLE("advapi32", LSTATUS, RegCreateKeyExW, (HKEY key, LPCWSTR path, DWORD reserved, LPWSTR kind, DWORD options,
-    REGSAM access, LPSECURITY_ATTRIBUTES security, HKEY* opened, DWORD* disposition),
-    ("RegCreateKeyExW", PathOf(key, path)), refused, Opened(own(Redirected(key), path, reserved, kind, options, access,
-    security, opened, disposition), opened, PathOf(key, path)))
-REFUSABLE("advapi32", LSTATUS, RegCloseKey, (HKEY key), ("RegCloseKey", PathOf(key)), refused,
-    (TheState().keys.erase(key), own(key)))
-REFUSABLE("advapi32", LSTATUS, RegQueryValueExW, (HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data,
-    DWORD* size), ("RegQueryValueExW", PathOf(key), name), Spoil(refused, data, *size),
-    ([=, room = *size] { return Spoil(own(key, name, reserved, type, data, size), data, room); }()))
-REGISTRY(RegSetValueExW, (HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size),
-    (key, name, reserved, type, data, size), PathOf(key), name)
-REGISTRY(RegQueryInfoKeyW, (HKEY key, LPWSTR kind, DWORD* a, DWORD* b, DWORD* c, DWORD* d, DWORD* e, DWORD* f, DWORD* g,
-    DWORD* h, DWORD* i, FILETIME* time), (key, kind, a, b, c, d, e, f, g, h, i, time), PathOf(key), nullptr)
-REGISTRY(RegEnumValueW, (HKEY key, DWORD index, LPWSTR name, DWORD* length, DWORD* a, DWORD* b, BYTE* data, DWORD* c),
-    (key, index, name, length, a, b, data, c), PathOf(key), nullptr)
-REGISTRY(RegEnumKeyExW, (HKEY key, DWORD index, LPWSTR name, DWORD* length, DWORD* a, LPWSTR kind, DWORD* b,
-    FILETIME* time), (key, index, name, length, a, kind, b, time), PathOf(key), nullptr)
-REGISTRY(RegDeleteTreeW, (HKEY key, LPCWSTR path), (Redirected(key), path), PathOf(key, path), nullptr)
-REFUSABLE("rpcrt4", RPC_STATUS, UuidCreate, (UUID* id), ("UuidCreate"), refused, own(id))
-REFUSABLE("kernel32", HANDLE, CreateMutexW, (LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name),
-    ("CreateMutexW", {}, name), nullptr, own(security, owned, name))
-REFUSABLE("user32", HWND, CreateWindowExW, (DWORD exStyle, LPCWSTR kind, LPCWSTR title, DWORD style, int x, int y,
-    int width, int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter),
-    ("CreateWindowExW " + (IS_INTRESOURCE(kind) ? std::string() : Printable(kind))), nullptr,
-    own(exStyle, kind, title, style, x, y, width, height, parent, menu, instance, parameter))
-REFUSABLE("user32", BOOL, MessageBeep, (UINT type), ("MessageBeep"), FALSE, own(type))
-REFUSABLE("user32", BOOL, SetForegroundWindow, (HWND window), ("SetForegroundWindow"), FALSE, own(window))
-REFUSABLE("ole32", HRESULT, CoCreateInstance, (REFCLSID kind, IUnknown* outer, DWORD context, REFIID id, LPVOID* object),
-    ("CoCreateInstance"), refused, own(kind, outer, context, id, object))
-REFUSABLE("user32", HMONITOR, MonitorFromWindow, (HWND window, DWORD flags), ("MonitorFromWindow"), nullptr,
-    !IsRectEmpty(&TheState().secondScreen) ? MonitorOf(window) : own(window, flags))
-REFUSABLE("user32", BOOL, GetMonitorInfoW, (HMONITOR monitor, MONITORINFO* info), ("GetMonitorInfoW"), FALSE,
-    !IsRectEmpty(&TheState().secondScreen) ? SetWorkArea(monitor, info) : own(monitor, info))
+INTERPOSE(MonitorFromWindow, ScreenOf)
+INTERPOSE(GetMonitorInfoW, ScreenInfo)
+REFUSABLE(RegOpenKeyExW)
+REFUSABLE(RegCreateKeyExW)
+REFUSABLE(RegCloseKey)
+REFUSABLE(RegQueryValueExW)
+REFUSABLE(RegSetValueExW)
+REFUSABLE(RegQueryInfoKeyW)
+REFUSABLE(RegEnumValueW)
+REFUSABLE(RegEnumKeyExW)
+REFUSABLE(RegDeleteTreeW)
+REFUSABLE(UuidCreate)
+REFUSABLE(CreateWindowExW)
+REFUSABLE(CoCreateInstance)
+REFUSABLE(MessageBeep)
+REFUSABLE(SetForegroundWindow)
