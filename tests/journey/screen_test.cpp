@@ -1,25 +1,10 @@
 // The real program on the screen that the run was given, QB_SCREEN at QB_DPI: all of it can be seen, and
 // reached by keys and mouse.
-#include "driver/editor.h"
-#include "resource.h"
 #include "support/registry.h"
+#include "user.h"
 
 namespace
 {
-void Press(int key)
-{
-    keybd_event(static_cast<BYTE>(key), 0, 0, 0);
-    keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
-}
-
-HWND Focus(HWND window)
-{
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
-    return info.hwndFocus;
-}
-
 // Whether it lies in the client area of the windows that it is in, and on the screen.
 bool IsSeen(HWND window)
 {
@@ -37,23 +22,6 @@ bool IsSeen(HWND window)
         }
     }
     return true;
-}
-
-// Goes round by Tab.
-void Walk(const Sheet& sheet)
-{
-    const HWND first = Focus(sheet.Window());
-    HWND focus = first;
-    for (int stops = 0; stops == 0 || focus != first; ++stops)
-    {
-        ASSERT_LT(stops, 50) << "Tab does not come round";
-        Press(VK_TAB);
-        ASSERT_TRUE(WaitUntil([&] { return Focus(sheet.Window()) != focus; }));
-        focus = Focus(sheet.Window());
-        const HWND label = GetWindow(focus, GW_HWNDPREV);
-        ASSERT_TRUE(WaitUntil([&] { return IsSeen(focus) && (!IsOf(label, L"Static") || IsSeen(label)); }))
-            << GetDlgCtrlID(focus);
-    }
 }
 
 // Turns the wheel from the page's top to its bottom; an edit that is seen in part is clicked there.
@@ -80,7 +48,7 @@ void Roll(const Sheet& sheet)
         {
             SetCursorPos(corner.x, corner.y);
             mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-            EXPECT_TRUE(WaitUntil([&] { return Focus(control) == control; }));
+            EXPECT_TRUE(WaitUntil([&] { return FocusOf(control) == control; }));
             EXPECT_FALSE(IsSeen(control)) << "nothing moves under the mouse";
             mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
             EXPECT_TRUE(WaitUntil([&] { return IsSeen(control); }));
@@ -105,9 +73,14 @@ TEST_F(ScreenJourney, AllCanBeSeenAndReached)
         {
             ASSERT_TRUE(sheet.SelectIndex(page));
             SCOPED_TRACE(Printable(Form(sheet.Page()).Title()));
-            ASSERT_TRUE(WaitUntil([&] { return IsWindowVisible(Focus(sheet.Window())); }));
+            ASSERT_TRUE(WaitUntil([&] { return IsWindowVisible(FocusOf(sheet.Window())); }));
             EXPECT_TRUE(IsSeen(sheet.ApplyButton()) && IsSeen(sheet.Page()));
-            Walk(sheet);
+            TabThrough(sheet.Window(), [](HWND control) {
+                const HWND label = GetWindow(control, GW_HWNDPREV);
+                EXPECT_TRUE(WaitUntil([&] {
+                    return IsSeen(control) && (!IsOf(label, L"Static") || IsSeen(label));
+                })) << GetDlgCtrlID(control);
+            });
             Roll(sheet);
             ASSERT_FALSE(HasFailure()) << "each further fault would be waited for";
         }

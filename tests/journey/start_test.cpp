@@ -1,8 +1,8 @@
 // The real program: how it starts, what a second one does, what it leaves in the registry, and where its
 // libraries come from.
-#include "driver/editor.h"
 #include "resource.h"
 #include "support/registry.h"
+#include "user.h"
 
 #include <psapi.h>
 
@@ -26,6 +26,12 @@ protected:
             Sleep(1);
         }
         EXPECT_TRUE(second.WaitForEnd());
+    }
+
+    static void ExpectSecondInstanceBrings(HWND window)
+    {
+        RunSecondInstance();
+        EXPECT_TRUE(WaitUntil([window] { return GetForegroundWindow() == window; }));
     }
 };
 
@@ -85,24 +91,46 @@ TEST_F(StartJourney, SecondInstanceBringsTheFirstToTheFront)
 {
     const EditorProcess first;
     const Sheet sheet = first.WaitForSheet();
-    const HWND cover = CreateWindowExW(0, L"STATIC", L"Cover", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
-                                       900, nullptr, nullptr, nullptr, nullptr);
     for (const bool minimised : {false, true})
     {
         SCOPED_TRACE(minimised);
         ShowWindow(sheet.Window(), minimised ? SW_MINIMIZE : SW_SHOWNORMAL);
-        SetForegroundWindow(cover);
-        ASSERT_EQ(GetForegroundWindow(), cover);
-        RunSecondInstance();
-        EXPECT_EQ(GetForegroundWindow(), sheet.Window());
+        const Cover cover;
+        ExpectSecondInstanceBrings(sheet.Window());
         EXPECT_FALSE(IsIconic(sheet.Window()));
     }
-    DestroyWindow(cover);
-    // The sheet is as usable as before; with it gone, the next is first.
+    // The sheet is as usable as before, and when it is closed the next instance is a first one.
     sheet.Click(IDC_CERTIFICATION_MODE);
     EXPECT_TRUE(first.EndBy(IDOK, sheet));
     const EditorProcess next;
     EXPECT_EQ(next.WaitForSheet().CheckOf(IDC_CERTIFICATION_MODE), BST_CHECKED);
+}
+
+TEST_F(StartJourney, SecondInstanceBringsTheDialogOverTheSheetToTheFront)
+{
+    const EditorProcess first;
+    const Sheet sheet = first.WaitForSheet();
+    for (const auto& [page, button] :
+         {std::pair{tabs::Media, IDC_ADVANCED_TCP}, {tabs::Drivers, IDC_EHCI_BROWSE}})
+    {
+        SCOPED_TRACE(button);
+        ASSERT_NO_FATAL_FAILURE(OpenPage(sheet, page));
+        sheet.ClickToOpen(button);
+        HWND top = first.WaitForWindowBeside(sheet.Window());
+        if (button == IDC_ADVANCED_TCP)
+        {
+            // A prompt over the dialog.
+            Form(top).SetText(IDC_TCP_SNDBUF, L"");
+            Form(top).ClickToOpen(IDOK);
+            top = first.WaitForWindow(L"QBSettings");
+        }
+        const Cover cover;
+        ExpectSecondInstanceBrings(top);
+        Press(VK_ESCAPE);
+        EXPECT_TRUE(WaitUntil([top] { return !IsWindow(top); }));
+        Press(VK_ESCAPE);
+        EXPECT_TRUE(button != IDC_ADVANCED_TCP || WaitUntil([&] { return IsWindowEnabled(sheet.Window()); }));
+    }
 }
 
 TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
@@ -144,10 +172,11 @@ TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
         const EditorProcess editor(L"", L"planted\\QBSettings.exe");
         const Sheet sheet = editor.WaitForSheet();
         sheet.OpenAll();
-        for (const auto& [page, button] :
-             {std::pair{6, IDC_ADVANCED_TCP}, {6, IDC_TCP_CLIENT_PORTS}, {1, IDC_EHCI_BROWSE}})
+        for (const auto& [page, button] : {std::pair{tabs::Media, IDC_ADVANCED_TCP},
+                                           {tabs::Media, IDC_TCP_CLIENT_PORTS},
+                                           {tabs::Drivers, IDC_EHCI_BROWSE}})
         {
-            ASSERT_TRUE(sheet.SelectIndex(page));
+            ASSERT_NO_FATAL_FAILURE(OpenPage(sheet, page));
             sheet.ClickToOpen(button);
             const Form dialog(editor.WaitForWindowBeside(sheet.Window()));
             ASSERT_NE(dialog.Window(), nullptr);
