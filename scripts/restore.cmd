@@ -1,5 +1,5 @@
 @echo off
-rem Makes what QBSettings stores as it was when save.cmd made a folder: restore.cmd FOLDER [/anyway]
+rem Restores what save.cmd saved in a folder: restore.cmd FOLDER [/anyway]
 setlocal EnableExtensions DisableDelayedExpansion
 set ANYWAY=
 if "%~1"=="" goto :usage
@@ -10,14 +10,15 @@ if "%FOLDER:~-1%"=="\" set "FOLDER=%FOLDER:~0,-1%"
 pushd "%~dp0"
 call :restore
 set RESULT=%errorlevel%
+call .\parts.cmd clean
 popd
 exit /b %RESULT%
 
 :restore
 call .\parts.cmd ready
 if errorlevel 1 exit /b 1
-rem Until all is known, nothing but scratch keys is written. A file of another kind, which reg would import to where it
-rem came from, is told by its first key. Windows reads UTF-16 through type, Wine without it.
+rem Only scratch keys are written until all checks have passed. The first key in the file must be SAVED, because reg imports
+rem a file to the keys that it names. Windows reads UTF-16 through type, Wine reads it without type.
 if not exist "%FOLDER%\settings.reg" goto :not_whole
 pushd "%FOLDER%"
 set FIRST=
@@ -64,17 +65,16 @@ if errorlevel 1 set FAILED=1
 %REG% compare %WANTED%\Values %SAVED%\Values /s >nul
 if errorlevel 1 set FAILED=1
 if defined FAILED goto :differs
-call .\parts.cmd clean
-echo Compared: what QBSettings stores is as it was when "%FOLDER%" was saved.
-echo The state before is saved in "%TARGET%".
-echo Restart the tools, and for IMODInterval the machine.
+echo Compared: what QBSettings stores is the same as when "%FOLDER%" was saved.
+echo The previous state is saved in "%TARGET%".
+echo Restart the tools. If IMODInterval has changed, restart the machine.
 exit /b 0
 
 :key
 if "%NAMES%"=="*" goto :table
 %REG% query HKLM\%1 >nul 2>&1
 if not errorlevel 1 call .\parts.cmd forget HKEY_LOCAL_MACHINE\%1
-rem Only a value has a second word in its line. Without one there is nothing to make the key for.
+rem Only the line of a value has a second word. A key that had no values when it was saved is not created.
 set HOLDS=
 for /f "tokens=2" %%L in ('%REG% query %WANTED%\Values\%1') do set HOLDS=1
 if not defined HOLDS exit /b 0
@@ -88,37 +88,30 @@ if errorlevel 1 exit /b 0
 exit /b %errorlevel%
 
 :usage
-echo usage: restore.cmd FOLDER [/anyway] - a folder that save.cmd made, in quotation marks if there are blanks in its name
+echo usage: restore.cmd FOLDER [/anyway] - a folder that save.cmd made; put a name that has blanks in quotation marks
 exit /b 1
 :not_whole
-call .\parts.cmd clean
-echo "%FOLDER%" holds no settings.reg that save.cmd wrote, or not the whole of it; nothing was changed.
+echo "%FOLDER%" has no settings.reg from save.cmd, or the file is incomplete. Nothing was changed.
 exit /b 1
 :other_list
-call .\parts.cmd clean
-echo "%FOLDER%" was saved with another list of values; nothing was changed. Use the restore.cmd of that version.
+echo "%FOLDER%" was saved with another list of values. Nothing was changed. Use the restore.cmd of that version.
 exit /b 1
 :other_machine
-call .\parts.cmd clean
-echo "%FOLDER%" was saved on another machine; nothing was changed. To restore it here, add /anyway.
+echo "%FOLDER%" was saved on another machine. Nothing was changed. To restore it here, add /anyway.
 exit /b 1
 :no_folder
-call .\parts.cmd clean
-echo "%TARGET%", for the present state, cannot be made; nothing was changed. Copy the folder to where it can be written.
+echo "%TARGET%" cannot be created for the present state. Nothing was changed. Copy the folder to a place where it can be written.
 exit /b 1
 :failed
-call .\parts.cmd clean
-echo Nothing was changed: reg failed, as it says above.
+echo Nothing was changed, because reg failed with the message above.
 exit /b 1
 :undo
-call .\parts.cmd clean
 del "%TARGET%\*.reg" 2>nul
 rmdir "%TARGET%"
-echo The present state cannot be saved, so nothing was changed. To go on without that, add /anyway.
+echo The present state cannot be saved, so nothing was changed. To restore without saving it, add /anyway.
 exit /b 1
 :differs
-echo Compared: not all is as it was saved:
+echo Compared: some values differ from the saved ones:
 %REG% compare %WANTED%\Values %SAVED%\Values /s
-call .\parts.cmd clean
-echo The state before is saved in "%TARGET%": restore that, or try this again.
+echo The previous state is saved in "%TARGET%". Restore that folder, or repeat this restore.
 exit /b 1

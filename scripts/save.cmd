@@ -7,6 +7,7 @@ set "FOLDER=%~f1"
 pushd "%~dp0"
 call :save
 set RESULT=%errorlevel%
+call .\parts.cmd clean
 popd
 exit /b %RESULT%
 
@@ -21,18 +22,16 @@ call .\parts.cmd take report
 if errorlevel 1 goto :undo
 call .\parts.cmd write
 if errorlevel 1 goto :undo
-call .\parts.cmd clean
 echo Saved in "%FOLDER%".
 exit /b 0
 
 :usage
-echo usage: save.cmd FOLDER - a new folder, in quotation marks if there are blanks in its name
+echo usage: save.cmd FOLDER - a new folder; put a name that has blanks in quotation marks
 exit /b 1
 :not_new
-echo "%FOLDER%" exists already, or cannot be made; nothing was saved. Name a new folder.
+echo "%FOLDER%" already exists, or cannot be created. Nothing was saved. Name a new folder.
 exit /b 1
 :undo
-call .\parts.cmd clean
 del "%FOLDER%\*.reg" 2>nul
 rmdir "%FOLDER%"
 echo Nothing was saved.

@@ -1,21 +1,19 @@
-// Stands under the name of a command of Windows in the test of save.cmd and restore.cmd: as tasklist, which
-// Wine 8 has as an empty shell, as reg, whose "compare" Wine does not know (what else reg is asked for goes
-// to Wine's own), and as an editor that is open. Fails where the command line holds the text of QB_FAIL.
+// The commands that tools/check-scripts needs under Wine. The name under which this program is started
+// selects one of them:
+//   tasklist    lists the processes; Wine 8's own lists none
+//   compare     compares two keys as "reg compare" does on Windows; Wine's reg cannot
+//   state       prints the keys and values below the keys that are its arguments
+//   QBSettings  keeps running, as an open editor does
 
 #include <windows.h>
 
 #include <tlhelp32.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <map>
 #include <string>
-#include <vector>
 
 namespace
 {
-using Values = std::map<std::wstring, std::pair<DWORD, std::vector<BYTE>>>;
-
 int ListProcesses()
 {
     const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
@@ -29,84 +27,60 @@ int ListProcesses()
     return 0;
 }
 
-HKEY Open(HKEY parent, const std::wstring& name)
+// A line for each key and value from root\path down, which names the path. Wine sorts both by name.
+std::wstring List(const std::wstring& root, const std::wstring& path)
 {
+    static BYTE data[65536];
     HKEY key = nullptr;
-    RegOpenKeyExW(parent, name.c_str(), 0, KEY_READ, &key);
-    return key;
-}
-
-Values ValuesOf(HKEY key)
-{
-    Values values;
-    std::wstring name(16384, L'\0');
-    std::vector<BYTE> data(4 << 20);
-    DWORD length = 16384;
-    DWORD size = 4 << 20;
-    DWORD type = 0;
-    for (DWORD i = 0; RegEnumValueW(key, i, name.data(), &length, nullptr, &type, data.data(), &size) == 0;
-         ++i)
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, (root + path).c_str(), 0, KEY_READ, &key) != 0)
     {
-        values[name.substr(0, length)] = {type, {data.begin(), data.begin() + size}};
-        length = 16384;
-        size = 4 << 20;
+        return L"";
     }
-    return values;
-}
-
-std::vector<std::wstring> KeysOf(HKEY key)
-{
-    std::vector<std::wstring> keys;
+    std::wstring lines = L"[" + path + L"]\n";
     wchar_t name[256];
+    DWORD length = 256;
+    DWORD size = sizeof data;
+    DWORD type = 0;
+    for (DWORD i = 0; RegEnumValueW(key, i, name, &length, nullptr, &type, data, &size) == 0; ++i)
+    {
+        lines += path + L": " + name + L" of type " + std::to_wstring(type) + L":";
+        for (DWORD byte = 0; byte < size; ++byte)
+        {
+            lines += L" " + std::to_wstring(data[byte]);
+        }
+        lines += L"\n";
+        length = 256;
+        size = sizeof data;
+    }
     for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == 0; ++i)
     {
-        keys.emplace_back(name);
+        lines += List(root, path + L"\\" + name);
     }
-    std::sort(keys.begin(), keys.end());
-    return keys;
-}
-
-bool AreSame(HKEY one, HKEY other)
-{
-    bool same = one && other && ValuesOf(one) == ValuesOf(other) && KeysOf(one) == KeysOf(other);
-    for (const std::wstring& name : KeysOf(one))
-    {
-        same = same && AreSame(Open(one, name), Open(other, name));
-    }
-    return same;
+    RegCloseKey(key);
+    return lines;
 }
 }  // namespace
 
 int wmain(int argc, wchar_t** argv)
 {
-    const std::wstring line = GetCommandLineW();
-    const wchar_t* fault = _wgetenv(L"QB_FAIL");
-    if (fault && *fault && line.find(fault) != std::wstring::npos)
-    {
-        return 1;
-    }
-    if (line.find(L"QBSettings.exe") != std::wstring::npos)
+    const std::wstring program = argv[0];
+    if (program.find(L"QBSettings") != std::wstring::npos)
     {
         Sleep(600000);
     }
-    if (line.find(L"tasklist") != std::wstring::npos)
+    if (program.find(L"tasklist") != std::wstring::npos)
     {
         return ListProcesses();
     }
-    if (argc > 3 && std::wstring(argv[1]) == L"compare")
+    if (program.find(L"compare") != std::wstring::npos)
     {
-        // HKLM\ stands before both.
-        const HKEY one = Open(HKEY_LOCAL_MACHINE, argv[2] + 5);
-        return AreSame(one, Open(HKEY_LOCAL_MACHINE, argv[3] + 5)) ? 0 : 2;
+        // Both keys begin with HKLM\.
+        const std::wstring one = List(argv[1] + 5, L"");
+        return !one.empty() && one == List(argv[2] + 5, L"") ? 0 : 2;
     }
-    std::wstring forwarded = L"C:\\windows\\system32\\reg.exe" + line.substr(line.find(L' '));
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    DWORD result = 1;
-    CreateProcessW(nullptr, forwarded.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                   &process);
-    WaitForSingleObject(process.hProcess, INFINITE);
-    GetExitCodeProcess(process.hProcess, &result);
-    return static_cast<int>(result);
+    for (int argument = 1; argument < argc; ++argument)
+    {
+        std::printf("%ls", List(L"", argv[argument]).c_str());
+    }
+    return 0;
 }
