@@ -1,4 +1,4 @@
-// The keyboard always has a live control.
+// The focus is always on a control that takes keys.
 #include "resource.h"
 #include "support/scripts.h"
 
@@ -9,10 +9,10 @@ namespace
 using FocusTest = SettingsTest;
 }
 
-TEST_F(FocusTest, ControlThatIsSwitchedOffHandsTheKeyboardOn)
+TEST_F(FocusTest, ControlThatIsDisabledPassesTheFocusOn)
 {
     Store(keys::Kauri, _T("NetworkLevelLog"), Dword(1));
-    // A number, and what switches it off while it has the keyboard, as it is refused.
+    // A number, and the button that disables it. The refused number has the focus at that time.
     const std::pair<int, int> cases[] = {{IDC_MAX_BYTES_TO_LOG, IDC_NETWORK_LOG},
                                          {IDC_TCP_PACKET_SIZE, IDC_NETWORK_UDP},
                                          {IDC_UDP_PORT, IDC_NETWORK_TCP},
@@ -30,7 +30,7 @@ TEST_F(FocusTest, ControlThatIsSwitchedOffHandsTheKeyboardOn)
     }
 }
 
-TEST_F(FocusTest, SheetMendsAFocusThatIsLost)
+TEST_F(FocusTest, SheetRestoresAFocusThatIsLost)
 {
     const Editor sheet;
     const HWND box = sheet.Control(IDC_CERTIFICATION_MODE);

@@ -1,5 +1,4 @@
-// What pages and dialogs say to a screen reader and in tooltips, the order of their controls, F1, and where
-// dialogs open.
+// The names and tips of controls, their order, the exchange of each page, and where dialogs open.
 #include "resource.h"
 #include "support/scripts.h"
 
@@ -8,7 +7,7 @@
 
 namespace
 {
-// A checksum of what a form says (FormSays), which changes with any letter of it.
+// Checksums of TextOf: any change of a name, a tip or the exchange changes them.
 const std::map<Text, uint32_t> Checksums = {
     {tabs::General, 0x8DFDCB4D},       {tabs::Drivers, 0xD20DDB08},       {tabs::Chapter9, 0x5DC83323},
     {tabs::Waivers, 0x3C770B81},       {tabs::Xhci, 0x54C660AB},          {tabs::Identity, 0xF68BE003},
@@ -16,7 +15,7 @@ const std::map<Text, uint32_t> Checksums = {
     {titles::AdvancedTCP, 0x67B6330E}, {titles::ClientPorts, 0xB7D68B35},
 };
 
-// The names of the controls that can take the focus, in their order, which is the order of reading.
+// The names of the controls that can have the focus, in their order, which must follow their places.
 std::string NamesOf(const Form& form)
 {
     std::string names;
@@ -32,7 +31,8 @@ std::string NamesOf(const Form& form)
         }
         EXPECT_NE(NameOf(control), Text()) << id << " needs a text, a label directly before it, or AddName";
         names += " | " + Printable(NameOf(control));
-        // The control before it is above it or to its left; but the buttons of the two port tables come last.
+        // Earlier controls are above it or to its left. The buttons of the port tables are the exception:
+        // they come last.
         const RECT place = PlaceOf(control);
         for (const RECT& earlier : passed)
         {
@@ -73,19 +73,19 @@ std::string ReadInExchange(const Form& form)
     return asked;
 }
 
-std::string FormSays(const Form& form)
+std::string TextOf(const Form& form)
 {
-    std::string says = "names" + NamesOf(form) + "\nexchange" + ReadInExchange(form) + '\n';
+    std::string text = "names" + NamesOf(form) + "\nexchange" + ReadInExchange(form) + '\n';
     for (const int id : TipsOf(form.Page()))
     {
-        says += "tip " + std::to_string(id) + ' ';
+        text += "tip " + std::to_string(id) + ' ';
         for (const TCHAR character : TipText(form.Page(), id))
         {
-            says += static_cast<char>(character);
+            text += static_cast<char>(character);
         }
-        says += '\n';
+        text += '\n';
     }
-    return says;
+    return text;
 }
 
 uint32_t ChecksumOf(const std::string& text)
@@ -101,17 +101,17 @@ uint32_t ChecksumOf(const std::string& text)
 using FormsTest = SettingsTest;
 }  // namespace
 
-TEST_F(FormsTest, NamesTipsAndTheExchangeAreAsTheyWereLastLookedAt)
+TEST_F(FormsTest, NamesTipsAndTheExchangeMatchTheirChecksums)
 {
     ForEachForm([](const Form& form, const Text& title) {
-        const std::string says = FormSays(form);
+        const std::string text = TextOf(form);
         const auto checksum = Checksums.find(title);
-        if (checksum == Checksums.end() || checksum->second != ChecksumOf(says))
+        if (checksum == Checksums.end() || checksum->second != ChecksumOf(text))
         {
             ADD_FAILURE() << Printable(title)
-                          << " has other names, tips or exchange than its checksum in forms_test.cpp; "
-                          << "if all of this is right, put 0x" << std::hex << ChecksumOf(says) << " there:\n"
-                          << says;
+                          << ": names, tips or exchange do not match the checksum in forms_test.cpp; if the "
+                          << "text below is right, change it to 0x" << std::hex << ChecksumOf(text) << ":\n"
+                          << text;
         }
     });
 }

@@ -1,5 +1,5 @@
-// The layout of every page and dialog with the real fonts: no text is cut, no controls overlap, and all are
-// within the template's margins. QB_DPI is the resolution that the system is to have.
+// The layout of every page and dialog with the real fonts: no text is cut, no controls overlap, and all
+// controls are within the template's margins. QB_DPI names the resolution that the system must have.
 #include "support/scripts.h"
 
 #include <afxdlgs.h>
@@ -9,36 +9,11 @@
 
 namespace
 {
-struct Control
-{
-    HWND window;
-    int id;
-    RECT place;
-    LONG button;  // BS_ type, -1 for none
-
-    bool IsGroup() const { return button == BS_GROUPBOX; }
-};
-
-std::vector<Control> ShownControls(HWND dialog)
-{
-    std::vector<Control> controls;
-    for (const HWND window : ControlsOf(dialog))
-    {
-        if ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0)
-        {
-            RECT place = PlaceOf(window);
-            MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-            controls.push_back({window, GetDlgCtrlID(window), place, ButtonTypeOf(window)});
-        }
-    }
-    return controls;
-}
-
-// Where controls may be: the template's size without its margin of 7 units.
+// The area for controls, on the screen: the template's size without its margin of 7 units.
 RECT RoomOf(HWND dialog)
 {
-    RECT room = {7, 7, 7, 7};
-    MapDialogRect(dialog, &room);
+    RECT margin = {7, 7, 7, 7};
+    MapDialogRect(dialog, &margin);
     RECT size = {};
     GetClientRect(dialog, &size);
     if (auto* page = dynamic_cast<CPropertyPage*>(CWnd::FromHandlePermanent(dialog)))
@@ -52,7 +27,9 @@ RECT RoomOf(HWND dialog)
         size = {0, 0, units[0], units[1]};
         MapDialogRect(dialog, &size);
     }
-    return {room.left, room.top, size.right - room.right + 1, size.bottom - room.bottom + 1};
+    RECT room = {margin.left, margin.top, size.right - margin.right + 1, size.bottom - margin.bottom + 1};
+    MapWindowPoints(dialog, nullptr, reinterpret_cast<POINT*>(&room), 2);
+    return room;
 }
 
 int DotsPerInch()
@@ -63,29 +40,41 @@ int DotsPerInch()
     return perInch;
 }
 
-// A button's text has something beside it: the frame, or the box that is checked.
-void ExpectFits(const Control& control)
+// A button needs more width than its text: for its frame, or for the box that is checked.
+void ExpectFits(HWND control)
 {
-    const HDC dc = GetDC(control.window);
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(control.window, WM_GETFONT, 0, 0));
-    const HGDIOBJ before = SelectObject(dc, font);
+    const HDC dc = GetDC(control);
+    const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
     RECT text = {};
-    DrawTextW(dc, Form(control.window).Title().c_str(), -1, &text, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextW(dc, Form(control).Title().c_str(), -1, &text, DT_CALCRECT | DT_SINGLELINE);
     SelectObject(dc, before);
-    ReleaseDC(control.window, dc);
+    ReleaseDC(control, dc);
+    const LONG button = ButtonTypeOf(control);
+    const bool isPush = button == BS_PUSHBUTTON || button == BS_DEFPUSHBUTTON;
     const int perInch = DotsPerInch();
-    const bool isPush = control.button == BS_PUSHBUTTON || control.button == BS_DEFPUSHBUTTON;
-    const int beside = control.button < 0  ? 0
-                       : control.IsGroup() ? 18 * perInch / 96
-                       : isPush            ? 8 * perInch / 96
-                                           : GetSystemMetrics(SM_CXMENUCHECK) + 4 * perInch / 96;
-    EXPECT_LE(text.right + beside, control.place.right - control.place.left) << control.id;
-    EXPECT_LE(text.bottom, control.place.bottom - control.place.top) << control.id;
+    const int more = button < 0              ? 0
+                     : button == BS_GROUPBOX ? 18 * perInch / 96
+                     : isPush                ? 8 * perInch / 96
+                                             : GetSystemMetrics(SM_CXMENUCHECK) + 4 * perInch / 96;
+    const RECT place = PlaceOf(control);
+    EXPECT_LE(text.right + more, place.right - place.left) << GetDlgCtrlID(control);
+    EXPECT_LE(text.bottom, place.bottom - place.top) << GetDlgCtrlID(control);
 }
 
-}  // namespace
+// A group box may contain a control.
+void ExpectApart(HWND control, HWND other)
+{
+    const RECT place = PlaceOf(control);
+    const RECT otherPlace = PlaceOf(other);
+    RECT common = {};
+    EXPECT_TRUE(control == other || !IntersectRect(&common, &place, &otherPlace) ||
+                (ButtonTypeOf(control) == BS_GROUPBOX && Contains(place, otherPlace)) ||
+                (ButtonTypeOf(other) == BS_GROUPBOX && Contains(otherPlace, place)))
+        << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
+}
 
 using LayoutTest = SettingsTest;
+}  // namespace
 
 TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
 {
@@ -94,23 +83,20 @@ TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
         EXPECT_EQ(DotsPerInch(), std::atoi(dpi));
     }
     ForEachForm([](const Form& form, const Text&) {
-        const std::vector<Control> controls = ShownControls(form.Page());
+        std::vector<HWND> controls = ControlsOf(form.Page());
+        std::erase_if(controls,
+                      [](HWND control) { return (GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE) == 0; });
         EXPECT_GT(controls.size(), 1U);
-        for (const Control& control : controls)
+        for (const HWND control : controls)
         {
-            EXPECT_TRUE(Contains(RoomOf(form.Page()), control.place)) << control.id << " is in the margins";
-            if (control.button >= 0 || IsOf(control.window, _T("Static")))
+            EXPECT_TRUE(Contains(RoomOf(form.Page()), PlaceOf(control))) << GetDlgCtrlID(control);
+            if (ButtonTypeOf(control) >= 0 || IsOf(control, _T("Static")))
             {
                 ExpectFits(control);
             }
-            for (const Control& other : controls)
+            for (const HWND other : controls)
             {
-                RECT common = {};
-                EXPECT_TRUE(control.window == other.window ||
-                            !IntersectRect(&common, &control.place, &other.place) ||
-                            (control.IsGroup() && Contains(control.place, other.place)) ||
-                            (other.IsGroup() && Contains(other.place, control.place)))
-                    << control.id << " and " << other.id;
+                ExpectApart(control, other);
             }
         }
     });

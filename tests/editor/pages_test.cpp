@@ -1,5 +1,5 @@
-// General Settings: the log levels that are offered, and Apply. Drivers & Firmware: which groups are enabled,
-// what a switch does to its path, and Browse.
+// General Settings: the log levels in the list, and Apply. Drivers & Firmware: which groups are enabled, how
+// a switch enables its path, and Browse.
 #include "resource.h"
 #include "support/scripts.h"
 
@@ -9,7 +9,7 @@
 
 namespace
 {
-// The program asks its C library, which has a list of its own.
+// Changes the environment of the C library, which the program reads.
 void AllowDiagnostic(const char* value)
 {
     static std::string variable;
@@ -22,7 +22,7 @@ struct Stack
     int group;
     int enableSwitcher;
     std::vector<int> path;  // label, edit, button
-    ProductId tool;         // that needs this stack and, but for CedarQB, no other
+    ProductId tool;         // needs this stack; all but CedarQB need no other
 };
 
 const std::vector<Stack> Stacks = {
@@ -31,18 +31,10 @@ const std::vector<Stack> Stacks = {
     {IDC_USB4HI_GROUP, IDC_USB4HI_SWITCH, {IDC_USB4HI_LABEL, IDC_USB4HI_PATH, IDC_USB4HI_BROWSE}, CedarQB},
     {IDC_RVSK_GROUP, IDC_RVSK_SWITCH, {IDC_RVSK_LABEL, IDC_RVSK_PATH, IDC_RVSK_BROWSE}, CedarQB}};
 
-void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled)
-{
-    for (const int id : ids)
-    {
-        EXPECT_EQ(sheet.IsEnabled(id), enabled) << id;
-    }
-}
-
-// On every system, with files in it.
+// Every system has this folder, with files in it.
 const Text Folder = _T("C:\\windows\\inf\\");
 
-// Opens the system's dialog, looks at its initial state, and answers it.
+// Opens the system's dialog, checks its initial state, enters the file and closes it by that button.
 void Browse(const Sheet& sheet, int button, const Text& file, int answer)
 {
     const bool isHex = button == IDC_FIRMWARE_BROWSE;
@@ -60,11 +52,11 @@ using GeneralTest = SettingsTest;
 using DriversTest = SettingsTest;
 }  // namespace
 
-TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
+TEST_F(GeneralTest, LogLevelIsLimitedAtLoadToTheLevelsInTheList)
 {
     std::vector<Text> levels = {_T("Quiet"),  _T("Minimal"), _T("Low"),
                                 _T("Normal"), _T("Verbose"), _T("Diagnostic")};
-    // The level that is shown, -1 for none, is saved.
+    // The selected level, -1 for none, is stored.
     const std::tuple<const char*, size_t, DWORD, int> cases[] = {
         {"1", 6, 5, 5}, {"no", 6, 0x7FFFFFFF, 5}, {"false", 6, 0xFFFFFFFF, -1},
         {"", 5, 5, 4},  {"0123", 5, 6, 4},        {"", 5, 0x80000001, -1}};
@@ -83,7 +75,7 @@ TEST_F(GeneralTest, LogLevelIsBoundedAtLoadByWhatIsOffered)
     AllowDiagnostic("");
 }
 
-TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsLaterChanges)
+TEST_F(GeneralTest, ApplyPassesTheFocusOnAndCancelDropsLaterChanges)
 {
     const Editor sheet;
     EXPECT_EQ(sheet.Title(), SheetTitle);
@@ -92,7 +84,7 @@ TEST_F(GeneralTest, ApplyHandsTheFocusOnAndCancelDropsLaterChanges)
     EXPECT_FALSE(KeyExists(keys::Bench));
     SetFocus(sheet.ApplyButton());
     sheet.Apply();
-    EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsWindowVisible(GetFocus())) << "where keys have an effect";
+    EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsWindowVisible(GetFocus()));
     sheet.Click(IDC_CERTIFICATION_MODE);
     sheet.Cancel();
     EXPECT_EQ(Stored(keys::Bench, _T("CertificationMode")), Dword(1));
@@ -127,7 +119,7 @@ TEST_F(DriversTest, StackIsEnabledForItsToolsAndItsPathByItsSwitch)
                            IDC_DEVICE_DRIVER_BROWSE},
                           true);
             sheet.Ok();
-            EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept, in use or not";
+            EXPECT_EQ(Stored(keys::EhciDriver, _T("Path")), Sz(longPath)) << "kept in any case";
         }
     }
 }
@@ -148,7 +140,7 @@ TEST_F(DriversTest, BrowseTakesTheFolderOfTheChosenFileAndMarksNothing)
                                        {IDC_DEVICE_DRIVER_BROWSE, IDC_DEVICE_DRIVER_PATH},
                                        {IDC_FIRMWARE_BROWSE, IDC_FIRMWARE_PATH}})
     {
-        // The extension of a driver's file may be left out.
+        // The dialog adds the extension of a driver's file.
         Browse(sheet, browse, Folder + (browse == IDC_FIRMWARE_BROWSE ? _T("input.inf") : _T("input")), IDOK);
         EXPECT_EQ(sheet.TextOf(path), Folder);
         sheet.SetText(path, path == IDC_EHCI_PATH ? Folder : Text());

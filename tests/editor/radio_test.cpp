@@ -1,4 +1,4 @@
-// Radio buttons as on Windows, where they check themselves when they get the focus.
+// Radio buttons behave as on Windows, where a button checks itself when it gets the focus.
 #include "support/scripts.h"
 
 #include <utility>
@@ -7,8 +7,8 @@ namespace
 {
 WNDCLASSW systemButton;
 
-// As a button on Windows: a program that checks one changes no other, and an unchecked radio button that gets
-// the focus otherwise than by a click clicks itself. No document says that the tab stop follows.
+// Makes a button behave as on Windows: BM_SETCHECK changes no other button, and an unchecked radio button
+// that gets the focus by anything but a click clicks itself. No document says that the tab stop moves.
 LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
 {
     static bool clicking = false;
@@ -33,7 +33,7 @@ LRESULT CALLBACK WindowsButton(HWND button, UINT message, WPARAM wParam, LPARAM 
     return result;
 }
 
-// The checked one of the two is the tab stop.
+// The checked button of the two must be the tab stop.
 void ExpectShown(const Sheet& sheet, const Setting& radio, const StoredValue& value)
 {
     radio.ExpectShown(sheet, value);
@@ -49,7 +49,7 @@ using RadioTest = SettingsTest;
 
 TEST_F(RadioTest, TabGoesThroughThePageWithoutChangingAGroup)
 {
-    // A program's own class goes before the system's of the same name. Windows itself needs none.
+    // A class of the program takes precedence over the system's class of that name. Windows needs none.
     GetClassInfoW(nullptr, _T("Button"), &systemButton);
     WNDCLASSW ours = systemButton;
     ours.style &= ~static_cast<UINT>(CS_GLOBALCLASS);

@@ -1,5 +1,5 @@
-// The editor while the system refuses a call: nothing crashes, no key stays open, and all that can be stored
-// is stored.
+// The editor when a call of the system fails: it does not crash, closes its keys, and stores all other
+// values.
 #include "resource.h"
 #include "support/calls.h"
 #include "support/scripts.h"
@@ -13,14 +13,14 @@ namespace
 class RefusedTest : public SettingsTest
 {
 protected:
-    // With every setting changed, so that a lost one shows.
+    // Every setting has a value other than its default, so that a loss is visible.
     void SetUp() override
     {
         SettingsTest::SetUp();
         StoreTree(TreeOf(AllSettings(), &Setting::changed));
     }
 
-    // The page's settings that the registry has otherwise.
+    // The number of the page's settings that are not stored as changed.
     static size_t CountLost(const Text& tab)
     {
         size_t lost = 0;
@@ -32,21 +32,21 @@ protected:
         return lost;
     }
 
-    // Applies the initial values' page while a call is refused. Whether one was.
+    // Presses Apply on the page while a call is refused. Returns whether one was.
     static bool ApplyRefused(const Sheet& sheet, const Text& tab, const char* function, unsigned call,
                              bool andLater = false)
     {
         StoreTree(TreeOf(SettingsOf(tab), &Setting::initial));
         calls::Refuse(function, call, ERROR_ACCESS_DENIED, andLater);
         SendMessageW(sheet.Window(), PSM_APPLY, 0, 0);
-        const bool struck = calls::HasStruck();
+        const bool struck = calls::hasRefused;
         calls::Reset();
         return struck;
     }
 };
 }  // namespace
 
-// A page that cannot read a value stores its default: at most one value is lost, or one with its copy.
+// A page that cannot read a value stores the default. So one value is lost at most, or one and its copy.
 TEST_F(RefusedTest, AnyReadOfAPage)
 {
     for (const Text& tab : AllTabs())
@@ -59,7 +59,7 @@ TEST_F(RefusedTest, AnyReadOfAPage)
             const Editor sheet;
             calls::Refuse(calls::AnyOfTheRegistry, call);
             EXPECT_TRUE(sheet.Select(tab));
-            struck = calls::HasStruck() && tab != tabs::General;
+            struck = calls::hasRefused && tab != tabs::General;
             calls::Reset();
             sheet.Ok();
             EXPECT_LE(CountLost(tab), struck ? 2U : 0U);
@@ -84,7 +84,7 @@ TEST_F(RefusedTest, AnyWriteOfAPageAndAll)
             ApplyRefused(sheet, tab, function, 1, true);
             for (const Setting& setting : SettingsOf(tab))
             {
-                // A port table is emptied before its first port is refused.
+                // A port table is deleted before the call for its first port fails.
                 const bool isGone =
                     setting.name == _T("PacketType") && function == std::string("RegSetValueExW");
                 EXPECT_EQ(Stored(setting.key, setting.name), isGone ? Absent : setting.initial);
@@ -101,7 +101,7 @@ TEST_F(RefusedTest, AnyReadOfTheInstalledTools)
     {
         calls::Refuse(calls::AnyOfTheRegistry, ++call);
     } while (!Editor().HasSheet());
-    // To open, to count, two names and two values: without any of them there is no sheet.
+    // Six calls open the key, count its values, and read two names and two values. The sheet needs them all.
     EXPECT_EQ(call, 7U);
     EXPECT_EQ(calls::OpenKeys(), 0U);
 }
@@ -112,18 +112,18 @@ TEST_F(RefusedTest, TooltipsAndTheFileDialog)
     calls::Refuse(std::string("CreateWindowExW ") + Printable(TOOLTIPS_CLASSW), 1, ERROR_NOT_ENOUGH_MEMORY,
                   true);
     ForEachForm([](const Form& form, const Text&) {
-        // The window relays mouse moves all the same.
+        // The window relays mouse messages to the object in any case.
         MSG move = {};
         move.hwnd = form.Page();
         move.message = WM_MOUSEMOVE;
         CWnd::FromHandlePermanent(form.Page())->PreTranslateMessage(&move);
-        EXPECT_TRUE(calls::HasStruck());
+        EXPECT_TRUE(calls::hasRefused);
         EXPECT_TRUE(TipsOf(form.Page()).empty());
     });
     const Editor sheet(tabs::Drivers);
     const Text before = sheet.TextOf(IDC_FIRMWARE_PATH);
     calls::Refuse("CoCreateInstance", 1, E_FAIL, true);
     sheet.Click(IDC_FIRMWARE_BROWSE);
-    EXPECT_TRUE(calls::HasStruck());
-    EXPECT_EQ(sheet.TextOf(IDC_FIRMWARE_PATH), before) << "as if it was cancelled";
+    EXPECT_TRUE(calls::hasRefused);
+    EXPECT_EQ(sheet.TextOf(IDC_FIRMWARE_PATH), before) << "a failure counts as Cancel";
 }

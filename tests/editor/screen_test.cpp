@@ -1,4 +1,4 @@
-// The sheet on a low screen, and beside another.
+// The sheet on a screen that is too small for it, and on a second screen.
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -9,18 +9,18 @@ namespace
 using ScreenTest = SettingsTest;
 }  // namespace
 
-TEST_F(ScreenTest, SheetFitsTheScreenThatItComesTo)
+TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
 {
     const Editor sheet;
     const HWND window = sheet.Window();
     const HWND controls[] = {sheet.Page(), sheet.ApplyButton(), GetDlgItem(window, IDOK)};
     const RECT natural = PlaceOf(window);
-    // Of the second screen, whose bar is at its top: a low one, a small one, one that is high enough.
+    // Work areas of the second screen: a low one, a small one, and one that is high enough.
     for (const RECT& screen : {RECT{1600, 40, 2966, 768}, {1600, 40, 2300, 500}, {1600, 40, 3200, 1200}})
     {
         for (const UINT message : {WM_EXITSIZEMOVE, WM_DISPLAYCHANGE, WM_SETTINGCHANGE})
         {
-            calls::AddScreen(screen);
+            calls::secondScreen = screen;
             SetWindowPos(window, nullptr, 1650, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
             SendMessageW(window, message, 0, 0);
             const RECT place = PlaceOf(window);
@@ -36,7 +36,7 @@ TEST_F(ScreenTest, SheetFitsTheScreenThatItComesTo)
             EXPECT_TRUE(EqualRect(&natural, std::array{PlaceOf(window)}.data()));
         }
     }
-    // What Alt+Tab shows; and the "?" that Windows gives a sheet excludes the boxes beside it.
+    // Alt+Tab shows the big icon. A "?" in the title bar excludes the minimise and maximise boxes.
     EXPECT_NE(SendMessageW(window, WM_GETICON, ICON_BIG, 0), 0);
     EXPECT_EQ(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_CONTEXTHELP, 0);
 }

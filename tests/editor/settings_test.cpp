@@ -1,5 +1,5 @@
-// All settings of all pages: what a control shows and takes, and when and in which order values are read and
-// stored.
+// All settings of all pages: what their controls show and accept, and when and in which order the pages read
+// and store them.
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -19,7 +19,7 @@ protected:
         StoreIdentifier();
     }
 
-    // MAUSB Settings makes a new one otherwise.
+    // MAUSB Settings would make a new one.
     static void StoreIdentifier()
     {
         Store(keys::Kauri, _T("RootHubUUID"), Binary(std::vector<BYTE>(16, 0x5A)));
@@ -51,7 +51,6 @@ protected:
     }
 };
 
-// Keys and names.
 using Places = std::vector<std::pair<Text, Text>>;
 
 Places PlacesOf(const std::vector<Setting>& settings)
@@ -64,7 +63,7 @@ Places PlacesOf(const std::vector<Setting>& settings)
     return places;
 }
 
-// Of the calls, with each value once.
+// The values that the calls name. A value that follows itself counts once.
 Places PlacesOf(const char* function)
 {
     Places places;
@@ -86,10 +85,11 @@ void ExpectStored(const Tree& expected)
                                                 << ": LoadSettings and SaveSettings must read and write it";
         }
     }
-    EXPECT_TRUE(StoredSettings() == expected) << "more values are stored than docs/settings.md has";
+    EXPECT_TRUE(StoredSettings() == expected)
+        << "the editor stores values that docs/settings.md does not have";
 }
 
-// General Settings opens first, so it is always stored too.
+// The settings of this page and of General Settings, which opens first and so is always stored too.
 std::vector<Setting> StoredWith(const Text& tab)
 {
     std::vector<Setting> settings = AllSettings();
@@ -98,7 +98,7 @@ std::vector<Setting> StoredWith(const Text& tab)
     return settings;
 }
 
-// An edit without a number prompts at each exchange and keeps the user on the page.
+// An edit without a number prompts at each exchange, and the sheet stays on the page.
 void ExpectEmptyHolds(const Sheet& sheet, const Setting& number)
 {
     const Text before = sheet.TextOf(number.id);
@@ -112,11 +112,12 @@ void ExpectEmptyHolds(const Sheet& sheet, const Setting& number)
     sheet.SetText(number.id, before);
     EXPECT_FALSE(sheet.CanApply()) << "the member has kept that number";
 }
-// A change marks the page, and an event that leaves the value takes the mark away.
+
+// A change marks the page, and an event that does not change the value removes the mark.
 void ExpectMarks(const Sheet& sheet, const Setting& setting)
 {
     SCOPED_TRACE(Printable(setting.name));
-    // The paths of Drivers & Firmware are only taken along.
+    // The paths of Drivers & Firmware have no handler.
     const bool marks = setting.tab != tabs::Drivers || setting.kind != Kind::Line;
     setting.Enter(sheet, setting.changed);
     ASSERT_EQ(sheet.CanApply(), marks) << "the handler of the control's change must call CheckModified";
@@ -162,7 +163,7 @@ TEST_F(AllSettingsTest, AllChangedAndOkThenBackAndOkThenChangedAndCancel)
     ExpectStored(TreeOf(AllSettings(), &Setting::initial));
 }
 
-TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
+TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessTheValueIsTheSame)
 {
     for (const Text& tab : AllTabs())
     {
@@ -178,14 +179,14 @@ TEST_F(AllSettingsTest, EachChangeMarksItsPageUnlessItLeavesTheValue)
     }
 }
 
-TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
+TEST_F(AllSettingsTest, EachToolHasItsPagesAndSettingsAndNoOthersAreTouched)
 {
     std::vector<Tools> sets = {{KauriQB, HazelQB}, {AlderQB, FirQB}, {_T("OtherQB")}, {}};
     for (const ProductId& tool : AllTools)
     {
         sets.push_back({tool});
     }
-    const StoredValue foreign = Binary({1, 2, 3});  // a page could only spoil it
+    const StoredValue foreign = Binary({1, 2, 3});  // no page stores this
     for (const Tools& tools : sets)
     {
         SCOPED_TRACE(tools.empty() ? "none" : Printable(tools.front()));
@@ -206,7 +207,7 @@ TEST_F(AllSettingsTest, EachToolBringsItsPagesAndSettingsAndLeavesAllOthers)
         const Editor sheet;
         ASSERT_EQ(sheet.Tabs(), expectedTabs)
             << "the tools in a page's rows of docs/settings.md are not those that its constructor adds";
-        EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General) << "in front";
+        EXPECT_EQ(Form(sheet.Page()).Title(), tabs::General);
         for (const Text& tab : expectedTabs)
         {
             ASSERT_TRUE(sheet.Select(tab));
@@ -231,14 +232,15 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         SCOPED_TRACE(Printable(tab));
         SettingsTest::SetUp();
         std::vector<Setting> read = SettingsOf(tab);
-        // The tables of ports are empty.
+        // The port tables are empty.
         std::erase_if(read,
                       [](const Setting& each) { return !each.IsRead() || each.name == _T("PacketType"); });
         for (const Setting& setting : read)
         {
-            Store(setting.key, {}, Absent);  // without a key there is nothing to ask
+            Store(setting.key, {}, Absent);  // without the key there is no query
         }
-        // This page reads its last two values before the four that skip parts of the interrupt test.
+        // This page reads its last two values before the four that skip parts of the interrupt test, and
+        // stores them last.
         if (tab == tabs::Xhci)
         {
             std::rotate(read.end() - 6, read.end() - 2, read.end());
@@ -253,12 +255,13 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         EXPECT_EQ(PlacesOf("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
         EXPECT_EQ(PlacesOf("RegSetValueExW"), Places());
         ExpectShown(sheet, &Setting::initial);
-        EXPECT_EQ(sheet.CanApply(), tab == tabs::Media) << "marked by its own texts";
+        EXPECT_EQ(sheet.CanApply(), tab == tabs::Media)
+            << "only this page marks itself when it sets its texts";
         calls::Reset();
         sheet.Ok();
         EXPECT_EQ(PlacesOf("RegQueryValueExW"), Places());
         EXPECT_EQ(PlacesOf("RegSetValueExW"), PlacesOf(StoredWith(tab)));
-        // Each key is opened for one value; the keys of the two port tables hold none.
+        // A page opens a key for each value. The keys of the two port tables have no values.
         EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
                   calls::Made("RegCreateKeyExW").size());
         EXPECT_EQ(calls::OpenKeys(), 0U);

@@ -1,4 +1,4 @@
-// What all pages share: the mark of each page, its one load, and its tips.
+// What all pages share: their marks, loading once, and tips.
 #include "resource.h"
 #include "support/scripts.h"
 
@@ -18,11 +18,11 @@ LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lPar
 }
 }  // namespace
 
-TEST_F(LifecycleTest, EachPageTakesAwayItsOwnMarkOnly)
+TEST_F(LifecycleTest, EachPageRemovesItsOwnMarkOnly)
 {
     const Editor sheet(tabs::Media);
     sheet.Select(tabs::General);
-    EXPECT_TRUE(sheet.CanApply()) << "MAUSB Media Settings marks itself, which the common control forgets";
+    EXPECT_TRUE(sheet.CanApply()) << "MAUSB Media Settings has marked itself while it was created";
     sheet.Click(IDC_CERTIFICATION_MODE);
     sheet.TypeInFront(IDC_DISPLAY_UPDATE_TIME, _T("0"));
     EXPECT_TRUE(sheet.CanApply());
@@ -35,11 +35,11 @@ TEST_F(LifecycleTest, EachPageTakesAwayItsOwnMarkOnly)
     for (const Text& tab : {tabs::Waivers, tabs::Media, tabs::General, tabs::Waivers})
     {
         sheet.Select(tab);
-        EXPECT_FALSE(sheet.CanApply()) << "once applied, a mark does not come back with its page";
+        EXPECT_FALSE(sheet.CanApply()) << "showing a page again does not restore a mark that was applied";
     }
 }
 
-TEST_F(LifecycleTest, PageIsLoadedOnceAndShowsItsMembersAgain)
+TEST_F(LifecycleTest, PageIsLoadedOnceAndThenShowsItsMembers)
 {
     const Editor sheet(tabs::HostUnderTest);
     sheet.Retype(IDC_HUT_BULK_RETRIES, _T("007"));
@@ -51,7 +51,7 @@ TEST_F(LifecycleTest, PageIsLoadedOnceAndShowsItsMembersAgain)
     EXPECT_EQ(Stored(keys::Kauri, _T("aBulkTransferRetriesHUT")), Dword(7));
 }
 
-TEST_F(LifecycleTest, TipsWrapAndStayAndSeeTheMessagesOfTheirWindow)
+TEST_F(LifecycleTest, TipsWrapAndStayAndGetTheMessagesOfTheirWindow)
 {
     ForEachForm([](const Form& form, const Text&) {
         const HWND tips = TipControlOf(form.Page());
@@ -59,7 +59,7 @@ TEST_F(LifecycleTest, TipsWrapAndStayAndSeeTheMessagesOfTheirWindow)
         {
             return;
         }
-        EXPECT_EQ(LOWORD(GetWindowLongW(tips, GWL_STYLE)), 0) << "no tips in a window that is not active";
+        EXPECT_EQ(LOWORD(GetWindowLongW(tips, GWL_STYLE)), 0) << "an inactive window shows no tips";
         EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 300);
         EXPECT_EQ(SendMessageW(tips, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 30000);
         SetWindowSubclass(tips, CountRelays, 0, 0);
@@ -73,5 +73,5 @@ TEST_F(LifecycleTest, TipsWrapAndStayAndSeeTheMessagesOfTheirWindow)
     const Editor sheet;
     const int count = CountTipControls();
     sheet.Select(tabs::Waivers);
-    EXPECT_EQ(CountTipControls(), count + 1) << "made although nothing has a tip";
+    EXPECT_EQ(CountTipControls(), count + 1) << "a page without tips has a tooltip control too";
 }

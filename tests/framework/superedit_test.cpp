@@ -1,11 +1,12 @@
-// An edit that holds a number in a base: the text it shows, the number of any text, and the keys it refuses.
+// The edit with a number base: the text that it shows, the number that any text stands for, and the keys that
+// it rejects.
 #include "framework/SuperEdit.h"
 #include "support/calls.h"
 #include "support/scripts.h"
 
 namespace
 {
-// On a window of its own. Base 0 leaves the edit as it is made.
+// An edit in a window without a dialog. With base 0 no base is set.
 class TrialEdit : public CSuperEdit
 {
 public:
@@ -21,7 +22,7 @@ public:
     }
 
     Text Shown() const { return Form(m_hWnd).Title(); }
-    // The answer to the dialog's question for codes, asked about a message if there is one.
+    // The result of WM_GETDLGCODE, sent with a message unless that is 0.
     LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const
     {
         MSG asked = {m_hWnd, message, wParam, 0, 0, {}};
@@ -33,7 +34,7 @@ public:
 
 TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText)
 {
-    constexpr ULONGLONG none = 0xFFFFFFFF;  // the value of a character that is no digit in any base
+    constexpr ULONGLONG none = 0xFFFFFFFF;  // counts for a character that is no digit in any base
     const std::tuple<BYTE, Text, ULONGLONG, bool> cases[] = {
         {16, _T("506F9A"), 0x506F9A, true},
         {36, _T("ZA"), 35 * 36 + 10, true},
@@ -64,7 +65,7 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText)
 
 TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
 {
-    // The edit takes control characters; a character beyond ASCII is not printable.
+    // Control characters and characters beyond ASCII are not checked.
     const std::tuple<BYTE, Text, Text, size_t> cases[] = {
         {0, _T("g -Z~"), _T("g -Z~"), 0},  {16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
         {10, _T("/0a9:F-"), _T("09"), 5},  {2, _T("012"), _T("01"), 1},
@@ -86,7 +87,7 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
 
 TEST(SuperEditTest, AsksItsDialogForPrintableCharacters)
 {
-    // A window that asks for no characters by itself, as an edit does.
+    // A static control, which unlike an edit does not ask for characters itself.
     TrialEdit edit(0, _T("STATIC"));
     const LRESULT usual = edit.DialogCode();
     EXPECT_EQ(edit.DialogCode(WM_CHAR, 'g'), usual);
@@ -94,7 +95,7 @@ TEST(SuperEditTest, AsksItsDialogForPrintableCharacters)
     EXPECT_EQ(edit.DialogCode(), usual);
     EXPECT_EQ(edit.DialogCode(WM_KEYDOWN, 'G'), usual);
     EXPECT_EQ(edit.DialogCode(WM_CHAR, '\t'), usual);
-    // Refused or not: a letter that is no digit must not press a button by its mnemonic.
+    // The edit asks even for letters that it rejects: they must not press a button by its mnemonic.
     EXPECT_EQ(edit.DialogCode(WM_CHAR, 'g'), usual | DLGC_WANTCHARS);
     EXPECT_EQ(edit.DialogCode(WM_CHAR, 'a'), usual | DLGC_WANTCHARS);
 }

@@ -1,4 +1,4 @@
-// How values of every kind, type and length reach members, and how members are stored.
+// How values of every type and length are read into members, and how members are stored.
 #include "framework/SettingsPage.h"
 #include "resource.h"
 #include "support/calls.h"
@@ -6,11 +6,11 @@
 
 namespace
 {
-// Below SOFTWARE\Halvane, where no page has a key.
+// A key that no page uses.
 const Text Key = keys::Halvane + _T("\\Scratch\\Below");
 const Text Name = _T("Value");
 
-// A page for its registry operations alone, without a window.
+// A page without a window, whose registry operations are public.
 class ValuePage : public CSettingsPage
 {
 public:
@@ -55,7 +55,7 @@ protected:
         EXPECT_EQ(Read(-7), -7);
         EXPECT_EQ(Read(0x80000007U), 0x80000007U);
         EXPECT_FALSE(Read(true));
-        EXPECT_EQ(ReadText(), Text()) << "a text loses its default";
+        EXPECT_EQ(ReadText(), Text()) << "a text does not keep its default";
         EXPECT_EQ(ReadFour(), std::vector<BYTE>(6, 0xDD));
         page.ReadBinaryValue(Key, Name, 2, nullptr);
         ExpectNoString();
@@ -72,7 +72,7 @@ TEST_F(ValuesTest, ReadOfNothingCreatesNothing)
     Store(Key, Name, Dword(1));
     calls::Refuse("RegQueryValueExW", 1, ERROR_MORE_DATA, true);
     ExpectNothingRead();
-    // Refused at the second question, for the data.
+    // The first query asks for the size. The second one, for the data, fails.
     calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
     ExpectNoString();
     calls::Refuse("RegQueryValueExW", 2, ERROR_MORE_DATA);
@@ -89,7 +89,7 @@ TEST_F(ValuesTest, WriteCreatesKeyAndValue)
     EXPECT_EQ(written(0x80000000U), Dword(0x80000000));
     EXPECT_EQ(written(true), Dword(1));
     EXPECT_EQ(written(false), Dword(0));
-    // With a terminator, which an empty text has too.
+    // A text is stored with its terminator, even an empty one.
     EXPECT_EQ(written(CString(_T("ab"))), (StoredValue{REG_SZ, {'a', 0, 'b', 0, 0, 0}}));
     EXPECT_EQ(written(CString()), (StoredValue{REG_SZ, {0, 0}}));
     page.WriteBinaryValue(Key, Name, 3, "\1\2\3");

@@ -1,6 +1,6 @@
-// The editor over any registry. An input begins with the title of a page and a line feed; the rest becomes
-// values of any types and lengths where that page reads. The page is then opened, applied twice and closed.
-// With any other first line the rest becomes the list of installed tools.
+// Runs the editor on arbitrary registries. The first line of an input is the title of a page; the rest is
+// stored as values of any type and length that this page reads. Then the page is opened, applied twice and
+// closed. If the first line is no title, the rest is stored as the list of installed tools.
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -35,7 +35,7 @@ struct Place
 };
 using Places = std::vector<Place>;
 
-// Cuts the fuzzer's bytes into values to store; takes zeros when they have run out.
+// Makes values out of the fuzzer's bytes. After the last byte it reads zeros.
 class Input
 {
 public:
@@ -61,7 +61,7 @@ public:
     }
 
 private:
-    // A few bytes, or up to 255, or many of one kind. Wine's layout of texts reads wild addresses for some
+    // A few bytes, or up to 255, or many equal ones. Wine's text layout reads invalid addresses for some
     // characters beyond Latin-1, so a text has none of those.
     StoredValue Value(bool isText)
     {
@@ -85,7 +85,7 @@ private:
         }
         return value;
     }
-    // Digits often, for the ports' subkeys.
+    // Mostly digits, which the names of ports are.
     Text Name()
     {
         Text name(Byte() % 16, _T('0'));
@@ -124,7 +124,7 @@ Places InstalledTools()
     return places;
 }
 
-// Gives the settings after the first Apply; none if the list of tools cannot be read.
+// Returns the settings after the first Apply, none if the list of tools cannot be read.
 Tree UsePage(const Text& tab)
 {
     const Editor editor;
@@ -143,7 +143,7 @@ Tree UsePage(const Text& tab)
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
-    // Wine would end the program before the fuzzer has kept the input.
+    // With Wine's handler the program would end before the fuzzer has saved the input.
     std::signal(SIGABRT, SIG_DFL);
     AddVectoredExceptionHandler(1, OnException);
     return 0;

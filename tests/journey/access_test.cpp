@@ -1,4 +1,4 @@
-// The real program without a mouse: Tab reaches every control, and keys change it.
+// The real program without a mouse: Tab reaches every control, and keys change its value.
 #include "resource.h"
 #include "support/registry.h"
 #include "user.h"
@@ -7,17 +7,18 @@
 
 namespace
 {
-// Holds the other key until the condition holds: a program asks for its state when it comes to the first.
+// Holds a key while it presses another, until the condition is true: the program reads the state of the held
+// key when it handles the other one.
 bool PressWith(int held, int key, const std::function<bool()>& condition)
 {
     keybd_event(static_cast<BYTE>(held), 0, 0, 0);
     Press(key);
-    const bool came = WaitUntil(condition);
+    const bool isTrue = WaitUntil(condition);
     keybd_event(static_cast<BYTE>(held), 0, KEYEVENTF_KEYUP, 0);
-    return came;
+    return isTrue;
 }
 
-// A window of the program, and in it the dialog whose controls are tried: a page of the sheet, or the window
+// A window of the program, and the dialog in it whose controls are tried: a page of the sheet, or the window
 // itself.
 struct Walk
 {
@@ -57,7 +58,7 @@ struct Walk
                (type != BS_AUTORADIOBUTTON || SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED);
     }
 
-    // All that the dialog shows, and how many windows there are.
+    // All that the dialog shows, and the number of windows.
     Text State() const
     {
         Text state = std::to_wstring(editor.Windows().size());
@@ -93,7 +94,7 @@ struct Walk
         }
         else if (type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON)
         {
-            // There and back again, as some enable others.
+            // Changed twice, because some enable other controls.
             Change(type == BS_AUTOCHECKBOX ? VK_SPACE : VK_DOWN);
             Change(type == BS_AUTOCHECKBOX ? VK_SPACE : VK_UP);
         }
@@ -104,7 +105,7 @@ struct Walk
         }
     }
 
-    // Tries the dialog that a button has opened, if there is one, unless it is the system's, and leaves it.
+    // If a button has opened a dialog, tries it unless it is the system's, and closes it.
     void LeaveDialog() const
     {
         if (editor.Windows().size() == 1)

@@ -1,5 +1,4 @@
-// Whether the program lasts: starts and shows of all pages in great numbers. A few of each, unless
-// QB_ENDURANCE says how many.
+// The program starts, and shows its pages, many times: ten times, or as often as QB_ENDURANCE says.
 #include "driver/editor.h"
 #include "support/registry.h"
 
@@ -14,7 +13,7 @@ namespace
 {
 const int Times = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 10;
 
-// What a process could pile up.
+// Resources that a process could leak.
 using Counts = std::map<std::string, size_t>;
 
 constexpr std::pair<UINT, WPARAM> Closings[] = {
@@ -32,11 +31,11 @@ size_t WindowsBelow(HWND parent, DWORD process)
     return count;
 }
 
-// GetProcessHandleCount and GetGuiResources would do, but give 0 on Wine.
+// GetProcessHandleCount and GetGuiResources return 0 on Wine.
 Counts Count(DWORD id)
 {
-    // The number of handles in the system, a reserved word, and five words for each handle; its process is
-    // the second.
+    // The list has the number of handles in the system, a reserved word, and five words for each handle, of
+    // which the second is the process.
     std::vector<ULONG_PTR> list(size_t{1} << 17);
     constexpr auto ExtendedHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
     constexpr auto TooShort = static_cast<NTSTATUS>(0xC0000004);
@@ -62,7 +61,7 @@ Counts Count(DWORD id)
 using EnduranceJourney = SettingsTest;
 }  // namespace
 
-TEST_F(EnduranceJourney, EachStartComesUpAndEnds)
+TEST_F(EnduranceJourney, EachStartOpensTheSheetAndEnds)
 {
     for (int start = 0; start < Times; ++start)
     {
@@ -78,23 +77,23 @@ TEST_F(EnduranceJourney, EachStartComesUpAndEnds)
     }
 }
 
-TEST_F(EnduranceJourney, PagesPileNothingUp)
+TEST_F(EnduranceJourney, PagesLeakNothing)
 {
     const EditorProcess editor;
     const Sheet sheet = editor.WaitForSheet();
     Counts before;
     for (int show = 0; show < Times; ++show)
     {
-        // What is made once is there when some have gone before.
+        // Some resources are allocated once, during the first shows.
         before = show == std::min(10, Times / 2) ? Count(editor.Id()) : before;
         ASSERT_EQ(sheet.OpenAll().size(), static_cast<size_t>(sheet.PageCount()));
     }
     const Counts now = Count(editor.Id());
     for (const auto& [what, count] : before)
     {
-        std::cout << what << ": " << count << ", at last " << now.at(what) << '\n';
-        EXPECT_GT(count, 0U) << "what is there is counted";
-        // A heap grows by steps, of which the last comes within the first hundred shows, and shrinks late.
+        std::cout << what << ": " << count << ", at the end " << now.at(what) << '\n';
+        EXPECT_GT(count, 0U) << what;
+        // The heap grows in steps until about the hundredth show, and shrinks late.
         EXPECT_LE(now.at(what), count + (what == "kilobytes" ? 1024 : 0)) << what;
     }
 }

@@ -1,5 +1,5 @@
-// Permits the journeys on this machine. The real program has the machine's own settings, and the tests delete
-// them: where there are any, QB_DESTROY must be set.
+// Protects the machine's settings, which the real program uses and the journeys delete: if there are any,
+// QB_DESTROY must be set.
 #include "support/calls.h"
 #include "support/registry.h"
 
@@ -10,14 +10,14 @@ namespace
 class Machine : public testing::Environment
 {
 public:
-    // What fails here fails the program before its first test.
+    // A failure here fails the test program before its first test.
     void SetUp() override
     {
-        calls::UseMachineSettings();
-        ASSERT_EQ(FindWindowW(nullptr, SheetTitle), nullptr) << "An editor runs: close it first.";
+        calls::useMachineSettings = true;
+        ASSERT_EQ(FindWindowW(nullptr, SheetTitle), nullptr) << "An editor is running: close it first.";
         ASSERT_TRUE(std::getenv("QB_DESTROY") != nullptr || !HasSettingsKeys())
             << "This machine has settings, which the tests would delete.";
-        // Windows lets a program that another one has used last come to the front only after some time.
+        // Otherwise Windows lets a program come to the front only some time after input to another program.
         SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, nullptr, 0);
     }
 };

@@ -1,11 +1,11 @@
-// The real program on the screen that the run was given, QB_SCREEN at QB_DPI: all of it can be seen, and
-// reached by keys and mouse.
+// The real program on the screen that QB_SCREEN and QB_DPI describe: every control can be shown, and reached
+// by keys and mouse.
 #include "support/registry.h"
 #include "user.h"
 
 namespace
 {
-// Whether it lies in the client area of the windows that it is in, and on the screen.
+// Whether the window is completely inside the client areas of the windows around it, and on the screen.
 bool IsSeen(HWND window)
 {
     const RECT place = PlaceOf(window);
@@ -24,7 +24,7 @@ bool IsSeen(HWND window)
     return true;
 }
 
-// Turns the wheel from the page's top to its bottom; an edit that is seen in part is clicked there.
+// Scrolls by the wheel from the top of the page to its bottom, then clicks each edit that is partly visible.
 void Roll(const Sheet& sheet)
 {
     std::vector<HWND> unseen = ControlsOf(sheet.Page());
@@ -49,7 +49,7 @@ void Roll(const Sheet& sheet)
             SetCursorPos(corner.x, corner.y);
             mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
             EXPECT_TRUE(WaitUntil([&] { return FocusOf(control) == control; }));
-            EXPECT_FALSE(IsSeen(control)) << "nothing moves under the mouse";
+            EXPECT_FALSE(IsSeen(control)) << "the page must not scroll while the button is pressed";
             mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
             EXPECT_TRUE(WaitUntil([&] { return IsSeen(control); }));
         }

@@ -1,5 +1,5 @@
-// The real program: how it starts, what a second one does, what it leaves in the registry, and where its
-// libraries come from.
+// The real program: its start, a second instance, the values that it stores, and where its libraries come
+// from.
 #include "resource.h"
 #include "support/registry.h"
 #include "user.h"
@@ -16,7 +16,7 @@ using Titles = std::vector<Text>;
 class StartJourney : public SettingsTest
 {
 protected:
-    // Runs a further instance to its end; fails the test if it shows anything.
+    // Runs a second instance to its end. Fails the test if it shows a window.
     static void RunSecondInstance()
     {
         const EditorProcess second;
@@ -35,7 +35,7 @@ protected:
     }
 };
 
-// The names of the files that a process has loaded from the folder, in small letters.
+// The names of the files that a process has loaded from the folder, in lower case.
 std::set<std::wstring> LoadedFrom(const std::filesystem::path& folder, HANDLE process)
 {
     std::set<std::wstring> names;
@@ -56,9 +56,9 @@ std::set<std::wstring> LoadedFrom(const std::filesystem::path& folder, HANDLE pr
 }
 }  // namespace
 
-TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
+TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresByApplyOnly)
 {
-    // A command line makes no difference.
+    // The program ignores its command line.
     const EditorProcess editor(L"/? -page 3 \"C:\\settings.txt\"");
     const Sheet sheet = editor.WaitForSheet();
     EXPECT_EQ(editor.Windows(), Titles{SheetTitle});
@@ -74,9 +74,9 @@ TEST_F(StartJourney, SheetOpensOnGeneralSettingsAndStoresWhatWasShown)
     sheet.Apply();
     const Tree applied = StoredSettings();
     EXPECT_EQ(applied.at(keys::Bench).at(L"CertificationMode"), Dword(1));
-    // What is edited after Apply goes with the window.
+    // A change after Apply is lost when the window is closed.
     sheet.Retype(IDC_DISPLAY_UPDATE_TIME, L"7");
-    // An emptied number is asked for under the program's name.
+    // The prompt for an empty number has the program's name as its title.
     SendMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), EM_SETSEL, 0, -1);
     PostMessageW(sheet.Control(IDC_DISPLAY_UPDATE_TIME), WM_CHAR, L'\b', 1);
     const Form prompt(editor.WaitForWindow(L"QBSettings"));
@@ -146,8 +146,8 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
     EXPECT_FALSE(KeyExists(keys::Bench));
 }
 
-// What is planted are copies of the system's own libraries: their paths show where they were found.
-TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
+// The libraries beside the program are copies of the system's: the path of a loaded one tells which it is.
+TEST_F(StartJourney, LibrariesBesideTheProgramAreNotLoaded)
 {
     const std::filesystem::path folder = EditorProcess::Path(L"planted");
     std::filesystem::remove_all(folder);
@@ -155,7 +155,7 @@ TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
     std::filesystem::copy_file(EditorProcess::Path(), folder / L"QBSettings.exe");
     wchar_t system[MAX_PATH] = {};
     GetSystemDirectoryW(system, MAX_PATH);
-    // Wine or Windows loads these by name for the start, the pages, the dialogs or Browse.
+    // Wine or Windows loads these by name.
     for (const wchar_t* library : {
              L"bcrypt.dll",   L"bcryptprimitives.dll", L"comctl32.dll",    L"comdlg32.dll",
              L"compstui.dll", L"crypt32.dll",          L"cryptbase.dll",   L"cryptsp.dll",
@@ -184,8 +184,7 @@ TEST_F(StartJourney, LibrariesLaidBesideTheProgramAreNotLoaded)
             EXPECT_TRUE(planted.erase(L"qbsettings.exe"));
             if (IsWine())
             {
-                // Other libraries import these, msimg32 with a delay, and Wine looks for imports beside the
-                // program first.
+                // Other libraries import these two, and Wine searches the program's folder first for imports.
                 planted.erase(L"version.dll");
                 planted.erase(L"msimg32.dll");
             }

@@ -23,7 +23,7 @@ std::vector<Row> RowsOf(const Form& form)
     return {RowOf(form, 0), RowOf(form, 1), RowOf(form, 2), RowOf(form, 3)};
 }
 
-// Runs the dialog until the button; gives the table after that.
+// Runs the script on the dialog and clicks the button. Returns the table afterwards.
 Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
 {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
@@ -106,7 +106,7 @@ TEST(PortNumbersTest, TypeIsEnabledWhileThePortIsUsable)
 {
     const Ports left =
         RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK, [](const Form& form) {
-            // At each key one usable port follows another.
+            // Each key makes another number of the text, which is a usable port or not.
             form.Retype(Edits[0], _T("65535"));
             EXPECT_EQ(RowOf(form, 0), (Row{_T("65535"), 3, true}));
             form.Type(Edits[0], _T("0"));
@@ -116,16 +116,16 @@ TEST(PortNumbersTest, TypeIsEnabledWhileThePortIsUsable)
             form.Pick(Types[0], 2);
             form.Retype(Edits[1], {});
             form.Type(Edits[1], _T("x-0"));
-            EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "digits only";
+            EXPECT_EQ(RowOf(form, 1), (Row{_T("0"), 0, false})) << "the edit takes digits only";
             form.SetText(Edits[2], _T("70x"));
             EXPECT_EQ(RowOf(form, 2), (Row{_T("70x"), 0, true}));
-            EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "each row by itself";
+            EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "no other row changes";
             form.Retype(Edits[3], _T("70"));
         });
     EXPECT_EQ(left, (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
-TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTyped)
+TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTheirTextChanges)
 {
     EXPECT_EQ(RunDialog({{70000, 2}, {4294967295U, 1}, {65536, 0}}, IDOK,
                         [](const Form& form) {
@@ -147,9 +147,9 @@ TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTyped)
     }
 }
 
-TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
+TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
 {
-    // A size of 0 in use, and flags that no check box has: shown, and stored otherwise only after OK.
+    // A size of 0 that is used, and flags that no check box can hold. Only OK stores the shown flags instead.
     StoreTree({{keys::Kauri, Six(1, 0, 0x80000000, 5, 0, 3)}});
     const Editor sheet(tabs::Media);
     sheet.Apply();
@@ -177,13 +177,13 @@ TEST_F(AdvancedTCPTest, OkAloneChangesTheRecordAndMarks)
     });
     EXPECT_TRUE(sheet.CanApply());
     WithAdvanced(sheet, [](const Form& form) {
-        EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192")) << "kept while it is not used";
+        EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192")) << "a size that is not used is kept";
     });
     sheet.Ok();
     EXPECT_EQ(StoredSix(), Six(0xFFFFFFFF, 0x7FFFFFFF, 8192, 1, 0, 1));
 }
 
-TEST_F(AdvancedTCPTest, EmptyNumberKeepsTheDialogOpenAndTheRecordTakesTheControlsBeforeIt)
+TEST_F(AdvancedTCPTest, OkWithAnEmptyNumberKeepsTheDialogOpenAndStoresTheControlsBeforeIt)
 {
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
     const Editor sheet(tabs::Media);

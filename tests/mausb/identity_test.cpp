@@ -1,4 +1,4 @@
-// MAUSB Settings: the Container ID, which is made and stored when the page is first shown, and the hidden
+// MAUSB Settings: the Container ID, which the page makes and stores when it is first shown, and the hidden
 // controls.
 #include "resource.h"
 #include "support/calls.h"
@@ -32,7 +32,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(IdentityTest, IdentifierThatIsMissingOrNilIsMadeAndStoredAtOnceAlone)
+TEST_F(IdentityTest, MissingOrNilIdentifierIsMadeAndStoredAtOnce)
 {
     for (const StoredValue& none : {Absent, Binary({}), Binary(Bytes(7, 0)), Binary(Bytes(16, 0))})
     {
@@ -47,7 +47,7 @@ TEST_F(IdentityTest, IdentifierThatIsMissingOrNilIsMadeAndStoredAtOnceAlone)
     }
 }
 
-TEST_F(IdentityTest, IdentifierOfAnyTypeAndLengthIsShownAndStoredWhole)
+TEST_F(IdentityTest, IdentifierOfAnyTypeAndLengthIsShownAndStoredWithSixteenBytes)
 {
     Bytes longer = SomeBytes;
     longer.resize(20, 0xEE);
@@ -78,7 +78,7 @@ TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
     EXPECT_NE(Identifier(), Binary(SomeBytes));
 }
 
-TEST_F(IdentityTest, WithoutAnAddressThereIsNoneAtDisplayAndTheOldOneLater)
+TEST_F(IdentityTest, WithoutAnAddressThePageShowsNilOrKeepsTheOldIdentifier)
 {
     calls::Refuse("UuidCreate", 1, RPC_S_UUID_NO_ADDRESS, true);
     {
@@ -87,7 +87,7 @@ TEST_F(IdentityTest, WithoutAnAddressThereIsNoneAtDisplayAndTheOldOneLater)
         EXPECT_EQ(StoredSettings(), (Tree{{keys::Kauri, {{_T("RootHubUUID"), Binary(Bytes(16, 0))}}}}));
         StoreIdentifier(Binary({1}));
         sheet.Ok();
-        EXPECT_EQ(Identifier(), Binary({1})) << "a nil one is not stored with the page";
+        EXPECT_EQ(Identifier(), Binary({1})) << "OK does not store a nil identifier";
     }
     StoreIdentifier(Binary(SomeBytes));
     const Editor sheet(tabs::Identity);
@@ -97,7 +97,7 @@ TEST_F(IdentityTest, WithoutAnAddressThereIsNoneAtDisplayAndTheOldOneLater)
     EXPECT_EQ(Identifier(), Binary(SomeBytes));
 }
 
-TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
+TEST_F(IdentityTest, AlignmentIsFourOrOneAndTheVersionIsTheTextInTheList)
 {
     for (const auto& [alignment, version, stored] : {std::tuple{Dword(0), _T("MAUSB 2.0"), 1U},
                                                      {Dword(5), _T("mausb 1.0A"), 1},
@@ -118,9 +118,9 @@ TEST_F(IdentityTest, AlignmentIsFourOrOneAndVersionTheListsText)
     }
 }
 
-TEST_F(IdentityTest, TransferSizeIsNeverShownAndStoredAsItsControlsHoldIt)
+TEST_F(IdentityTest, TransferSizeIsNeverShownAndIsStoredAsItsControlsHoldIt)
 {
-    // The page reads its controls when it is made: a number that the control holds as another one marks the
+    // The page reads its controls when it is created. If a check box cannot hold the number, this marks the
     // page.
     for (const auto& [stored, held] : {std::pair<DWORD, DWORD>{0, 0}, {1, 1}, {2, 1}, {0xFFFFFFFF, 0}})
     {

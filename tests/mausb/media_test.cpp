@@ -1,4 +1,4 @@
-// MAUSB Media Settings: the controls that its network type and its logging enable, its two identifiers, its
+// MAUSB Media Settings: the controls that the network type and logging enable, the SNAP identifiers, and the
 // port tables.
 #include "resource.h"
 #include "support/scripts.h"
@@ -9,13 +9,6 @@ class MediaTest : public SettingsTest
 {
 protected:
     static StoredValue StoredUnder(LPCTSTR name) { return Stored(keys::Kauri, name); }
-    static void ExpectEnabled(const Sheet& sheet, const std::vector<int>& ids, bool enabled)
-    {
-        for (const int id : ids)
-        {
-            EXPECT_EQ(sheet.IsEnabled(id), enabled) << id;
-        }
-    }
     static void ExpectNetwork(const Sheet& sheet, bool udp)
     {
         EXPECT_EQ(sheet.CheckOf(udp ? IDC_NETWORK_UDP : IDC_NETWORK_TCP), BST_CHECKED);
@@ -43,8 +36,8 @@ protected:
 
 TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreEnabled)
 {
-    // Only the exact text is UDP, with or without its terminator and of any type. Of the log what the check
-    // box holds is stored.
+    // Only the exact text means UDP, with or without its terminator and with any type. For logging, the page
+    // stores what the check box can hold.
     const std::tuple<StoredValue, bool, DWORD, DWORD> cases[] = {
         {Sz(_T("udp/ip")), false, 0, 0},
         {Sz(_T("UDP/IP ")), false, 1, 1},
@@ -71,7 +64,7 @@ TEST_F(MediaTest, NetworkTypeAndLoggingDecideWhichControlsAreEnabled)
     }
 }
 
-TEST_F(MediaTest, SnapIdentifiersAreShownAsLoadedAndTheLastOneMarks)
+TEST_F(MediaTest, SnapIdentifiersAreShownAsLoadedAndThePIDDecidesTheMark)
 {
     const std::tuple<DWORD, Text, DWORD, Text> cases[] = {
         {0, _T("0"), 0, _T("0")},
@@ -82,14 +75,15 @@ TEST_F(MediaTest, SnapIdentifiersAreShownAsLoadedAndTheLastOneMarks)
         Store(keys::Kauri, _T("SnapIdOUI"), Dword(oui));
         Store(keys::Kauri, _T("SnapIdPID"), Dword(pid));
         const Editor sheet;
-        // In turn: "0" in the OUI's edit while the other is empty, which takes both members to 0; "0" in the
-        // PID's; the loaded number in each; and the mark once more when the page is made.
+        // The page sets "0" in the OUI's edit while the PID's is empty, which sets both members to 0; then
+        // "0" in the PID's edit; then the loaded number in each. It repeats its mark when it has been
+        // created.
         Events events = EventsOf(sheet, [&] { EXPECT_TRUE(sheet.Select(tabs::Media)); });
         events.resize(4);
         const auto markOf = [](DWORD id) { return id != 0 ? "marked" : "unmarked"; };
         EXPECT_EQ(events, (Events{markOf(oui), "unmarked", markOf(oui), markOf(pid)}));
         EXPECT_EQ(sheet.CanApply(), pid != 0);
-        // The members are the loaded numbers again: the same text changes nothing.
+        // The members have the loaded numbers again, so the same text changes nothing.
         for (const auto& [id, text] : {std::pair{IDC_SNAP_OUI, ouiText}, {IDC_SNAP_PID, pidText}})
         {
             EXPECT_EQ(sheet.TextOf(id), text);
@@ -109,8 +103,8 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnyPastedText)
     {
         sheet.Retype(id, _T("g1 -fZ0x"));
         EXPECT_EQ(sheet.TextOf(id), _T("1f0"));
-        // The prefix counts as a digit of 33 here, and what is beyond the 63 characters of the exchange is
-        // stored too.
+        // The "x" of a prefix counts as the digit 33, and digits behind the 63 characters that the exchange
+        // reads count too.
         const std::pair<Text, DWORD> cases[] = {{_T("1f0"), 0x1F0},
                                                 {_T("FFFFFFFF80000001"), 0x80000001},
                                                 {{}, 0},
@@ -124,8 +118,8 @@ TEST_F(MediaTest, SnapIdentifierTakesHexadecimalDigitsAndAnyPastedText)
             EXPECT_EQ(StoredUnder(name), Dword(number)) << Printable(text);
         }
     }
-    // A text that is no number keeps the user on the page, without a prompt. The exchange takes the controls
-    // before it and none behind it.
+    // A text that is no number keeps the sheet on the page, without a prompt. The exchange reads the controls
+    // before it, but none behind it.
     const int prompts = CountPrompts([&] {
         sheet.SetText(IDC_SNAP_OUI, _T("zz"));
         EXPECT_FALSE(sheet.CanApply());
@@ -157,7 +151,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
         WithDialog(title, sheet, button, [](const Form& form) { form.Retype(IDC_PORT_EDIT_0, _T("81")); });
         EXPECT_FALSE(sheet.CanApply());
         EXPECT_EQ(ports(), 5U) << "cancelled";
-        // OK with nothing changed marks the page, and keeps the ports that the dialog shows.
+        // OK without a change marks the page, and drops the ports that the dialog does not show.
         WithDialog(title, sheet, button, [](const Form& form) { form.Click(IDOK); });
         EXPECT_TRUE(sheet.CanApply());
         EXPECT_EQ(ports(), 5U) << "in memory only";
@@ -168,7 +162,7 @@ TEST_F(MediaTest, PortButtonsEditACopyOfTheirTable)
             form.Click(IDOK);
         });
         WithDialog(title, sheet, button, [](const Form& form) {
-            EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_1), Text()) << "keeps its place";
+            EXPECT_EQ(form.TextOf(IDC_PORT_EDIT_1), Text()) << "an empty row stays where it is";
         });
         sheet.Ok();
         EXPECT_EQ(ports(), 3U);

@@ -1,4 +1,4 @@
-// How a port table is loaded from the registry and stored, also while one of its calls is refused.
+// How a port table is loaded and stored, also when one of the registry calls fails.
 #include "mausb/PortTable.h"
 #include "support/calls.h"
 #include "support/registry.h"
@@ -19,7 +19,7 @@ void StorePorts(const Values& ports)
     }
 }
 
-// The stored table as its subkeys and their types; Absent for no type.
+// The subkeys of the stored table and their types, Absent for a missing type.
 Values StoredPorts()
 {
     Values ports;
@@ -53,12 +53,12 @@ TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
 {
     EXPECT_EQ(Load(false), Ports{});
     EXPECT_FALSE(KeyExists(keys::Kauri));
-    // A key with values, the table's among them, but no ports is a complete table.
+    // A key that has values but no subkeys is a complete table.
     Store(keys::ClientPorts, _T("9001"), Dword(2));
     EXPECT_EQ(Load(), Ports{});
 }
 
-TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
+TEST_F(PortTableTest, LoadOrdersByTypeAndKeepsTheOrderOfTheRegistryForEqualTypes)
 {
     StorePorts({{_T("9001"), Dword(2)},
                 {_T("80"), Absent},
@@ -79,7 +79,7 @@ TEST_F(PortTableTest, LoadIsOrderedByTypeAndOfEqualTypesAsTheRegistryIs)
     EXPECT_EQ(Load(), expected);
 }
 
-TEST_F(PortTableTest, LoadTakesTheLeadingNumberOfANameAndTheBytesOfATypeThatFit)
+TEST_F(PortTableTest, LoadTakesTheLeadingNumberOfANameAndUpToFourBytesOfAType)
 {
     const std::pair<Text, UINT> names[] = {{_T("none"), 0},
                                            {_T("12x"), 12},
@@ -91,7 +91,7 @@ TEST_F(PortTableTest, LoadTakesTheLeadingNumberOfANameAndTheBytesOfATypeThatFit)
     for (const auto& [name, port] : names)
     {
         SetUp();
-        // A short name beside a long one: the buffer is the longer one's.
+        // The buffer has room for the longest name, which must not show in a shorter one.
         StorePorts({{name, Dword(1)}, {_T("1"), Dword(0)}});
         EXPECT_EQ(Load(), (Ports{{1, 0}, {port, 1}})) << Printable(name);
     }
@@ -162,7 +162,7 @@ TEST_F(PortTableTest, RefusedSaveStopsAtTheCallThatFails)
         EXPECT_EQ(calls::OpenKeys(), 0U);
         EXPECT_EQ(StoredPorts(), left) << function << ' ' << nth;
     }
-    // A key of its own making is not emptied.
+    // A key that the call has created needs no deletion.
     SetUp();
     calls::Refuse("RegDeleteTreeW", 1);
     EXPECT_TRUE(SavePortTable({{7, 2}}, Table));

@@ -27,7 +27,8 @@ TEST_F(ProtocolTest, ButtonResetsItsBoxAndNoOther)
         const Editor sheet(tabs::Protocol);
         for (const bool changes : {true, false})
         {
-            // The change of each edit finds its member set already, and takes the mark away.
+            // The member is set before its edit, so the edit's EN_CHANGE finds no change and removes the
+            // mark.
             Events expected = {std::to_string(button) + " clicked"};
             const Events events = EventsOf(sheet, [&, id = button] { sheet.Click(id); });
             for (const Setting& setting : settings)
@@ -69,8 +70,8 @@ TEST_F(ProtocolTest, ButtonMarksForAnyOneFieldOfItsBox)
 TEST_F(ProtocolTest, ButtonFillsAnEmptiedField)
 {
     const Editor sheet(tabs::Protocol);
-    // The member keeps its number, which is the one that the button sets. But the field that is set before it
-    // reads all fields, and prompts for the empty one.
+    // The member keeps its number, which is the one that the button sets. The EN_CHANGE of the field before
+    // it exchanges all fields, and prompts for the empty one.
     EXPECT_EQ(CountPrompts([&] { sheet.Retype(IDC_MANAGEMENT_DELAY_TCP, {}); }), 1);
     EXPECT_EQ(CountPrompts([&] { sheet.Click(IDC_SET_TO_SUGGESTED); }), 1);
     EXPECT_EQ(sheet.TextOf(IDC_MANAGEMENT_DELAY_TCP), _T("100"));

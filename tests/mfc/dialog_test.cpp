@@ -1,4 +1,4 @@
-// Dialogs and sheets: where they come up, and what becomes of those that do not.
+// Dialogs and sheets: where dialogs open, and pages without a window.
 #include "resource.h"
 #include "support/calls.h"
 #include "support/scripts.h"
@@ -8,7 +8,7 @@
 
 namespace
 {
-// A sheet of the pages, with the script run while it waits.
+// Shows the sheet with both pages, and runs the script on it.
 void RunSheet(CPropertySheet& sheet, CPropertyPage& first, CPropertyPage& second,
               const std::function<void(const Sheet&)>& script)
 {
@@ -25,24 +25,13 @@ HWND MakeWindow(const RECT& place, HWND owner)
                            place.right - place.left, place.bottom - place.top, owner, nullptr, nullptr,
                            nullptr);
 }
-
-struct HastyDialog : CDialog
-{
-    using CDialog::CDialog;
-
-    BOOL OnInitDialog() override
-    {
-        EndDialog(77);
-        return TRUE;
-    }
-};
 }  // namespace
 
 TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
 {
-    calls::AddScreen();
-    // The owner, if not empty; the dialog before; its corner after. Of one that is too high the title bar can
-    // be seen.
+    calls::secondScreen = {1600, 40, 3200, 1200};
+    // The place of the owner, empty for none; the place of the dialog before, and its corner after. If the
+    // dialog is too high for the screen, its title bar must be visible.
     const std::tuple<RECT, RECT, POINT> cases[] = {
         {{2000, 300, 2400, 700}, {0, 0, 200, 100}, {2100, 450}},
         {{1700, 0, 1800, 60}, {0, 0, 400, 100}, {1600, 40}},
@@ -64,11 +53,6 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
     calls::Reset();
 }
 
-TEST(DialogTest, MayEndBeforeItIsShown)
-{
-    EXPECT_EQ(HastyDialog(IDD_PORT_NUMBERS).DoModal(), 77);
-}
-
 TEST(SheetTest, MarksNoPageWithoutAWindow)
 {
     CPropertySheet sheet(_T("Trial"));
@@ -85,7 +69,7 @@ TEST(SheetTest, MarksNoPageWithoutAWindow)
 
 TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
 {
-    // A window of a class that there is not.
+    // A template whose window class does not exist.
     alignas(DWORD) static const WORD noSuchClass[] = {0, 0x4000, 0, 0, 0, 0, 0, 9, 9, 0, 'N', 0, 0, 0};
     CPropertySheet sheet(_T("Trial"));
     CPropertyPage good(IDD_WAIVERS);
@@ -99,11 +83,4 @@ TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
             _T("Box"), [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
             [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
     });
-}
-
-TEST(FileDialogTest, KeepsItsInitialNameWhereTheStructureHasItAsFarAsItFits)
-{
-    EXPECT_EQ(Text(CFileDialog(TRUE, _T("inf"), _T("*.inf")).m_ofn.lpstrFile), _T("*.inf"));
-    const CFileDialog longest(TRUE, nullptr, Text(1000, _T('x')).c_str());
-    EXPECT_EQ(Text(longest.m_ofn.lpstrFile), Text(MAX_PATH - 1, _T('x')));
 }

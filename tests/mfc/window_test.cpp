@@ -8,7 +8,7 @@
 
 namespace
 {
-// A window with an edit in it, which sees what the modal loop is about to dispatch.
+// A window with an edit, which can take the messages that the modal loop is about to dispatch.
 class Panel : public CWnd
 {
 public:
@@ -103,10 +103,10 @@ TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
     panel = std::make_unique<Panel>();
     const HWND window = panel->m_hWnd;
     panel.reset();
-    EXPECT_FALSE(IsWindow(window)) << "an object takes its window along";
+    EXPECT_FALSE(IsWindow(window)) << "the object destroys its window";
 }
 
-TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
+TEST(WindowObjectTest, ModalLoopOffersAMessageToEachWindowUpToItsOwn)
 {
     Panel outer;
     Panel panel;
@@ -123,11 +123,11 @@ TEST(WindowObjectTest, ModalLoopShowsAMessageToEachWindowUpToItsOwn)
             return message->message == WM_CHAR;
         };
     }
-    panel.onChange = [] { ADD_FAILURE() << "a message that was taken is not dispatched"; };
+    panel.onChange = [] { ADD_FAILURE() << "a message that a window takes is not dispatched"; };
     PostMessageW(panel.edit, WM_CHAR, _T('a'), 1);
     EXPECT_EQ(panel.RunModalLoop(), 3);
     EXPECT_EQ(seen, std::vector<const CWnd*>{&panel});
-    // What ends the program ends this loop too, and is seen by the loops around it.
+    // WM_QUIT ends this loop and remains for the loops around it.
     PostQuitMessage(4);
     EXPECT_EQ(panel.RunModalLoop(), -1);
     MSG message = {};

@@ -1,4 +1,4 @@
-// The directory of installed tools, and how the program starts with each kind of it.
+// The list of installed tools, and how the program starts with it.
 #include "shell/InstalledProducts.h"
 #include "shell/QBSettingsApp.h"
 #include "support/calls.h"
@@ -29,12 +29,12 @@ TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
     ASSERT_TRUE(LoadInstalledProducts());
     EXPECT_TRUE(IsProductInstalled(AlderQB));
     EXPECT_FALSE(IsProductInstalled(BirchQB));
-    EXPECT_FALSE(IsProductInstalled(CedarQB)) << "case counts";
+    EXPECT_FALSE(IsProductInstalled(CedarQB)) << "names are compared with their case";
     EXPECT_FALSE(IsProductInstalled(KauriQB));
-    EXPECT_EQ(InstalledProductMap, expected) << "a question adds nothing";
+    EXPECT_EQ(InstalledProductMap, expected) << "IsProductInstalled adds nothing";
 }
 
-TEST_F(StartTest, EachValueIsTriedAndAnyFailureCounts)
+TEST_F(StartTest, EveryValueIsReadAndAnyFailureCounts)
 {
     ClearSettings();
     EXPECT_FALSE(LoadInstalledProducts()) << "no key";
@@ -42,7 +42,7 @@ TEST_F(StartTest, EachValueIsTriedAndAnyFailureCounts)
     InstallTools({AlderQB, KauriQB, longest});
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_TRUE(IsProductInstalled(longest));
-    // A value that is too long for a number, and a name that leaves no room for its end.
+    // A value that is longer than a number, and a name whose terminator does not fit into the buffer.
     for (const auto& [name, value] :
          {std::pair{Text(_T("ElmQB")), Sz(_T("yes"))}, {longest + _T("n"), Dword(1)}})
     {

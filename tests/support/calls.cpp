@@ -15,15 +15,11 @@ namespace
 struct State
 {
     std::string refused;
-    unsigned left = 0;  // calls until that strikes; 0: it does not, or no more
+    unsigned left = 0;  // calls until one is refused; 0: none is
     LONG status = 0;
     bool andLater = false;
-    bool struck = false;
     std::vector<Call> made;
     std::map<HKEY, Text> keys;
-    int pauses = 0;
-    bool usesMachineSettings = false;
-    RECT secondScreen = {};  // empty: there is one alone
 };
 
 // Static constructors of the program already make calls.
@@ -41,10 +37,12 @@ Text PathOf(HKEY key, LPCWSTR below = nullptr)
     return below == nullptr ? path : path + (path.empty() ? _T("") : _T("\\")) + below;
 }
 
+int g_pauses = 0;
+
 // Lists a call. Returns the status that it is refused with, or 0.
 LONG Note(const Call& call)
 {
-    if (g_state.pauses > 0)
+    if (g_pauses > 0)
     {
         return 0;
     }
@@ -57,7 +55,7 @@ LONG Note(const Call& call)
         return 0;
     }
     g_state.left = g_state.andLater ? 1 : 0;
-    g_state.struck = true;
+    calls::hasRefused = true;
     return g_state.status;
 }
 
@@ -111,7 +109,7 @@ HKEY MakeScratchKey()
 HKEY Redirect(HKEY key)
 {
     static const HKEY scratch = MakeScratchKey();
-    return key == HKEY_LOCAL_MACHINE && !g_state.usesMachineSettings ? scratch : key;
+    return key == HKEY_LOCAL_MACHINE && !calls::useMachineSettings ? scratch : key;
 }
 
 template <class Argument>
@@ -176,7 +174,7 @@ Result WINAPI Refusable(Arguments... arguments)
 
 bool HasSecondScreen()
 {
-    return !IsRectEmpty(&g_state.secondScreen);
+    return !IsRectEmpty(&calls::secondScreen);
 }
 
 HMONITOR WINAPI ScreenOf(HWND window, DWORD flags)
@@ -194,7 +192,7 @@ BOOL WINAPI ScreenInfo(HMONITOR screen, MONITORINFO* info)
     {
         return System<decltype(GetMonitorInfoW)>("GetMonitorInfoW")(screen, info);
     }
-    info->rcWork = reinterpret_cast<INT_PTR>(screen) == 2 ? g_state.secondScreen : RECT{0, 0, 1600, 1200};
+    info->rcWork = reinterpret_cast<INT_PTR>(screen) == 2 ? calls::secondScreen : RECT{0, 0, 1600, 1200};
     return TRUE;
 }
 }  // namespace
@@ -202,19 +200,9 @@ BOOL WINAPI ScreenInfo(HMONITOR screen, MONITORINFO* info)
 void calls::Reset()
 {
     g_state.refused.clear();
-    g_state.struck = false;
-    g_state.secondScreen = {};
+    calls::hasRefused = false;
+    calls::secondScreen = {};
     g_state.made.clear();
-}
-
-void calls::UseMachineSettings()
-{
-    g_state.usesMachineSettings = true;
-}
-
-void calls::AddScreen(const RECT& workArea)
-{
-    g_state.secondScreen = workArea;
 }
 
 void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
@@ -223,12 +211,7 @@ void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool 
     g_state.left = nth;
     g_state.status = status;
     g_state.andLater = andLater;
-    g_state.struck = false;
-}
-
-bool calls::HasStruck()
-{
-    return g_state.struck;
+    calls::hasRefused = false;
 }
 
 std::vector<Call> calls::Made(const std::string& prefix)
@@ -245,12 +228,12 @@ size_t calls::OpenKeys()
 
 calls::Pause::Pause()
 {
-    ++g_state.pauses;
+    ++g_pauses;
 }
 
 calls::Pause::~Pause()
 {
-    --g_state.pauses;
+    --g_pauses;
 }
 
 #define REFUSABLE(function)                        \

@@ -1,6 +1,6 @@
-// The system's calls that a test can have refused, and the list of those that this program makes: it defines
-// these functions itself, and its definitions call the system's. Below HKEY_LOCAL_MACHINE the program reads
-// and writes a scratch key of the current user instead, which it deletes as it ends.
+// Calls of the system that this program makes: a test can list them, and make one of them fail. Calls that
+// name HKEY_LOCAL_MACHINE use a scratch key below HKEY_CURRENT_USER instead, which the program deletes at
+// exit.
 #pragma once
 
 #include "driver/form.h"
@@ -9,35 +9,35 @@
 
 struct Call
 {
-    std::string function;  // for CreateWindowExW with its class: "CreateWindowExW tooltips_class32"
-    Text key;              // of a registry call: the path under HKEY_LOCAL_MACHINE
+    std::string function;  // with the window class if there is one: "CreateWindowExW tooltips_class32"
+    Text key;              // of a registry call: the path below HKEY_LOCAL_MACHINE
     Text name;             // of a value
 };
 
 namespace calls
 {
-// Any registry call but RegCloseKey, from which nothing follows.
+// Any registry call but RegCloseKey, whose result the program ignores.
 inline constexpr const char* AnyOfTheRegistry = "Reg";
 
-// From now on HKEY_LOCAL_MACHINE is the machine's own.
-void UseMachineSettings();
-// Starts a new list, with nothing refused.
+// Makes calls use HKEY_LOCAL_MACHINE itself.
+inline bool useMachineSettings = false;
+// Starts a new list. No call fails, and there is one screen.
 void Reset();
-// From now on the n-th call of the function, from 1, and all later ones if so wanted, fail with the status,
-// unmade.
+// From now on the n-th call of the function, counted from 1, and with `andLater` all calls after it return
+// the status without calling the system. Functions that return a pointer return null.
 void Refuse(const std::string& function, unsigned nth, LONG status = ERROR_ACCESS_DENIED,
             bool andLater = false);
-// Whether the refusal has come to something.
-bool HasStruck();
-// Since the last Reset: those of functions whose names begin so.
+// Whether a call has been refused since Refuse.
+inline bool hasRefused = false;
+// The calls since the last Reset of functions whose names have the prefix.
 std::vector<Call> Made(const std::string& prefix = {});
-// Until the next Reset there are two screens: the second lies right of the first 1600 pixels, and this much
-// of it is free of bars. A window is on the one that has more of it.
-void AddScreen(const RECT& workArea = {1600, 40, 3200, 1200});
-// The keys that the program has open.
+// The work area of a second screen, to the right of the first one, which is 1600 pixels wide. Empty if there
+// is none, as after Reset. A window is on the screen that shows more of it.
+inline RECT secondScreen = {};
+// The number of keys that the program has open.
 size_t OpenKeys();
 
-// For a test's own use of the registry amid the program's: neither refused nor listed while this lives.
+// While an object lives, calls are neither listed nor refused: for a test's own access to the registry.
 struct Pause
 {
     Pause();

@@ -11,10 +11,10 @@ const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
 
 namespace
 {
-// All that the editor touches lies below these; the last is the port driver's own.
+// The editor's keys are these and those below them; the last one belongs to the xHCI port driver.
 const Text Roots[] = {keys::Halvane, keys::Ostrel, keys::PortDriver};
 constexpr DWORD NameRoom = 16384;
-constexpr DWORD DataRoom = 65536;  // more than what tests look for in a tree
+constexpr DWORD DataRoom = 65536;  // larger than any value that a test compares in a tree
 
 StoredValue ValueOf(DWORD type, const void* data, size_t size)
 {
@@ -55,16 +55,6 @@ std::string FileBeside(const Text& name)
     return content;
 }
 
-std::string Printable(const Text& text)
-{
-    std::string printable;
-    for (const TCHAR character : text)
-    {
-        printable += character >= 32 && character < 127 ? static_cast<char>(character) : '?';
-    }
-    return printable;
-}
-
 Text Decimal(long long number)
 {
     const std::string digits = std::to_string(number);
@@ -99,8 +89,8 @@ void Store(const Text& key, const Text& name, const StoredValue& value)
     {
         return;
     }
-    // Of a text without a terminator the system looks at what stands behind it, and takes that for one if it
-    // is.
+    // For a text without a terminator, RegSetValueExW looks for one behind the given length: there must be
+    // none.
     std::vector<BYTE> data = value.data;
     data.insert(data.end(), sizeof(TCHAR), 0xFF);
     RegSetValueExW(opened.Get(), name.c_str(), 0, value.type, data.data(),

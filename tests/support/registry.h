@@ -1,5 +1,5 @@
-// What users and tools know things by, spelled out and not taken from the program; and what tests put into
-// the registry and find there, by the registry's own calls.
+// Names that users and tools know, written out here and not taken from the program; and access to the
+// registry for tests, by the registry's own calls.
 #pragma once
 
 #include "driver/form.h"
@@ -47,12 +47,12 @@ inline const Text ClientPorts = _T("Client Port Numbers");
 inline const Text ServerPorts = _T("Server Port Numbers");
 }  // namespace titles
 
-// What stands in the error box.
+// The text of the error box.
 inline const Text NoProductList =
     _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
     _T("installed, that you are running with administrative privileges, and you have UAC turned off.");
 
-// The system's number for a message box's text.
+// The id of the text in a message box.
 constexpr int IdMessageText = 0xFFFF;
 
 struct StoredValue
@@ -67,44 +67,43 @@ StoredValue Dword(DWORD number);
 // With its terminator.
 StoredValue Sz(const Text& text);
 StoredValue Binary(std::vector<BYTE> data);
-// What stands for a value that is not there.
+// Stands for a missing value.
 inline const StoredValue Absent = {};
 
-// Whether the system is Wine. A test that would not be right on Windows asks, and says why.
+// Whether this is Wine. A test that cannot be right on Windows asks, and gives the reason.
 bool IsWine();
 
-// The whole file of that name beside the test program; fails the test if there is none.
+// The content of the file of that name in the test program's folder. Fails the test if there is none.
 std::string FileBeside(const Text& name);
 
-std::string Printable(const Text& text);
 Text Decimal(long long number);
 void PrintTo(const StoredValue& value, std::ostream* out);
 
 using Tools = std::vector<ProductId>;
 extern const Tools AllTools;
 
-// Leaves nothing stored that the editor reads or writes, and no call refused or listed.
+// Deletes all that the editor reads or writes, and resets the list of calls.
 void ClearSettings();
-// Lists just these tools as installed, each with data 1; the key of installed tools exists afterwards.
+// Makes these tools, and no others, the installed ones, each with the number 1. The key exists even if there
+// are none.
 void InstallTools(const Tools& tools);
 
-// Keys are relative to HKEY_LOCAL_MACHINE. A value of no type makes the key alone.
+// Keys are relative to HKEY_LOCAL_MACHINE. Storing Absent creates the key only.
 void Store(const Text& key, const Text& name, const StoredValue& value);
 StoredValue Stored(const Text& key, const Text& name);
 bool KeyExists(const Text& key);
 
-// Values by the paths of their keys, of a key and all below it. A key without values is there as well.
+// The values of a key and of all keys below it, by key. Keys without values are included.
 using Values = std::map<Text, StoredValue>;
 using Tree = std::map<Text, Values>;
 Tree StoredTree(const Text& key);
-// All keys with values that the editor writes.
+// The keys that the editor writes to, those without values left out.
 Tree StoredSettings();
-// Whether a key that ClearSettings would delete is there.
+// Whether there is a key that ClearSettings would delete.
 bool HasSettingsKeys();
 void StoreTree(const Tree& tree);
 
-// A test that starts with all tools installed and nothing else stored, and ends with nothing stored; no call
-// is refused.
+// A test that starts with all tools installed and no other value stored, and that leaves no value behind.
 class SettingsTest : public testing::Test
 {
 protected:

@@ -40,7 +40,7 @@ std::vector<HWND> TipControls()
     return controls;
 }
 
-// A control's tool of that number from 0; which dialog the control serves shows in it: its window's parent.
+// Gets a tool by its index. Its `hwnd` is the dialog that the tooltip control serves.
 bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
 {
     *tool = {};
@@ -48,7 +48,7 @@ bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
     return SendMessageW(control, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(tool)) != 0;
 }
 
-// What the program tells screen readers, by the window.
+// The names that the program gives, by control.
 std::map<HWND, Text> givenNames;
 
 HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name)
@@ -85,7 +85,7 @@ void WithDialog(const Text& title, const std::function<void()>& open,
 {
     const auto act = [&script](const Form& form) {
         script(form);
-        // Comes to nothing if the script has ended the dialog, which is gone by then.
+        // If the script has closed the dialog, this has no effect.
         PostMessageW(form.Window(), WM_COMMAND, IDCANCEL, 0);
     };
     EXPECT_EQ(ActDuring(open, {title}, act), 1) << Printable(title);
@@ -98,12 +98,20 @@ void WithDialog(const Text& title, const Form& opener, int button,
     WithDialog(title, open, script);
 }
 
+void ExpectEnabled(const Form& form, const std::vector<int>& ids, bool enabled)
+{
+    for (const int id : ids)
+    {
+        EXPECT_EQ(form.IsEnabled(id), enabled) << id;
+    }
+}
+
 int CountPrompts(const std::function<void()>& steps)
 {
     const auto confirm = [](const Form& box) {
         for (const HWND window : WindowsOf(GetCurrentThreadId()))
         {
-            EXPECT_EQ(IsWindowEnabled(window) != 0, window == box.Window()) << "no other window takes input";
+            EXPECT_EQ(IsWindowEnabled(window) != 0, window == box.Window()) << "a prompt disables all others";
         }
         SendMessageW(box.Window(), WM_COMMAND, IDOK, 0);
     };
@@ -144,7 +152,7 @@ void ForEachForm(const std::function<void(const Form&, const Text& title)>& chec
                        [&check, &name = title](const Form& dialog) { check(dialog, name); });
         }
     }
-    EXPECT_TRUE(givenNames.empty()) << "a name goes with its window";
+    EXPECT_TRUE(givenNames.empty()) << "a name must be removed before its window is destroyed";
 }
 
 Text BoxOf(HWND control)
@@ -203,7 +211,7 @@ std::vector<int> TipsOf(HWND dialog)
     TTTOOLINFOW tool;
     for (size_t index = 0; GetTool(TipControlOf(dialog), index, &tool); ++index)
     {
-        // A tool that is not its window shows its tip nowhere: none here has a rectangle.
+        // A tool that is not identified by its window would need a rectangle, and no tool here has one.
         ids.push_back((tool.uFlags & TTF_IDISHWND) != 0 ? GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId)) : 0);
     }
     return ids;

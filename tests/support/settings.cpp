@@ -9,7 +9,7 @@ namespace
 {
 using enum Setting::Kind;
 
-// The payload alignment of the second radio button, which no control tells.
+// The payload alignment that the second radio button stands for; its text is not the stored value.
 constexpr DWORD AlignedToDword = 4;
 
 DWORD NumberIn(const StoredValue& value)
@@ -19,10 +19,11 @@ DWORD NumberIn(const StoredValue& value)
     return number;
 }
 
-Text HexDigits(DWORD number)
+Text Digits(LPCTSTR format, DWORD number)
 {
-    const Text last(1, _T("0123456789ABCDEF")[number % 16]);
-    return number < 16 ? last : HexDigits(number / 16) + last;
+    CString text;
+    text.Format(format, number);
+    return text.GetString();
 }
 
 std::vector<Text> Split(const Text& text, const Text& separator)
@@ -44,8 +45,8 @@ StoredValue ValueOf(const Text& type, const Text& cell)
                                    : Binary(std::vector<BYTE>(16, 0x5A));
 }
 
-// Each page with settings has a section, and its dialogs have sections below that. A row has its key in a
-// cell or in the line "Key" before its table.
+// Each page has a section of the reference, and its dialogs have subsections. The key of a row is in a cell,
+// or in the line "Key" before the table.
 std::vector<Setting> ReadReference()
 {
     std::vector<Setting> settings;
@@ -61,7 +62,7 @@ std::vector<Setting> ReadReference()
         {
             isDialog = line[2] == _T('#');
             tab = isDialog ? tab : line.substr(3);
-            // A dialog template has two of them, because one makes the next letter a mnemonic.
+            // A template doubles the ampersand: a single one makes the next letter a mnemonic.
             if (const size_t ampersand = tab.find(_T(" & ")); ampersand != Text::npos)
             {
                 tab.insert(ampersand + 1, 1, _T('&'));
@@ -103,7 +104,7 @@ std::vector<Setting>& Settings()
     return settings;
 }
 
-// Finds the kind of the control, and another value than the initial one, for each control of a page another.
+// Sets the kind of the control and a value other than the initial one, which differs from control to control.
 void Examine(HWND control, Setting* setting)
 {
     const LONG button = ButtonTypeOf(control);
@@ -126,7 +127,8 @@ void Examine(HWND control, Setting* setting)
     }
     else if (isEdit)
     {
-        setting->kind = Form(control).Title() == Decimal(number) ? Number : Hex;
+        const Text shown = Form(control).Title();
+        setting->kind = shown == Digits(_T("%X"), number) && shown != Decimal(number) ? Hex : Number;
         const bool isSigned =
             setting->kind == Number && (GetWindowLongW(control, GWL_STYLE) & ES_NUMBER) == 0;
         setting->changed = Dword(isSigned ? 0 - id : number + 100 * id);
@@ -148,8 +150,8 @@ bool IsInput(HWND control)
            (button < 0 || button == BS_AUTOCHECKBOX || button == BS_AUTORADIOBUTTON);
 }
 
-// Before the first test: compares the pages of the reference with those of the sheet, and looks at their
-// controls.
+// Before the first test: compares the pages of the reference with those of the sheet, and finds their
+// controls. The first difference ends the program.
 class FindControls : public testing::Environment
 {
     void SetUp() override
@@ -161,23 +163,22 @@ class FindControls : public testing::Environment
         const std::vector<Text> tabs = sheet.Tabs();
         for (const Text& tab : tabs)
         {
-            ASSERT_FALSE(SettingsOf(tab).empty())
-                << "docs/settings.md has no section with a table for the page \"" << Printable(tab) << '"';
+            EndIf(SettingsOf(tab).empty(),
+                  "docs/settings.md has no section with a table for the page " + Quoted(tab));
         }
         for (const Text& tab : AllTabs())
         {
-            ASSERT_TRUE(sheet.Select(tab))
-                << "the sheet has no page \"" << Printable(tab)
-                << "\": CQBSettingsApp::RunSheet must join it, and its constructor add its tools";
-            ASSERT_NO_FATAL_FAILURE(FindOn(sheet));
+            EndIf(!sheet.Select(tab), "the sheet has no page " + Quoted(tab) +
+                                          ": CQBSettingsApp::RunSheet must join it, and its constructor "
+                                          "add its tools");
+            FindOn(sheet, tab);
         }
-        ASSERT_TRUE(tabs == AllTabs())
-            << "docs/settings.md and CQBSettingsApp::RunSheet have different orders of pages";
+        EndIf(tabs != AllTabs(),
+              "docs/settings.md and CQBSettingsApp::RunSheet have different orders of pages");
     }
 
-    static void FindOn(const Sheet& sheet)
+    static void FindOn(const Sheet& sheet, const Text& tab)
     {
-        const Text tab = Form(sheet.Page()).Title();
         std::vector<HWND> inputs = ControlsOf(sheet.Page());
         std::erase_if(inputs, [](HWND control) { return !IsInput(control); });
         for (Setting& setting : Settings())
@@ -187,21 +188,31 @@ class FindControls : public testing::Environment
                 continue;
             }
             const HWND control = FindControl(sheet, setting.control);
-            ASSERT_NE(control, nullptr)
-                << "the page \"" << Printable(tab) << "\" has no control \"" << Printable(setting.control)
-                << "\", which docs/settings.md has for " << Printable(setting.name)
-                << ": it needs a text, a label directly before it, or AddName";
+            EndIf(control == nullptr, "the page " + Quoted(tab) + " has no control " +
+                                          Quoted(setting.control) + ", which docs/settings.md has for " +
+                                          Printable(setting.name) +
+                                          ": it needs a text, a label directly before it, or AddName");
             Examine(control, &setting);
+            if (setting.kind != Fixed)
+            {
+                const Text shown = setting.ShownOn(sheet);
+                const Text wanted = setting.TextFor(setting.initial);
+                EndIf(shown != wanted, "docs/settings.md has the default " + Quoted(wanted) + " for " +
+                                           Printable(setting.name) + ", but the page " + Quoted(tab) +
+                                           " shows " + Quoted(shown) +
+                                           ": the initial value of its member differs, or DoDataExchange "
+                                           "leaves the control out");
+            }
             std::erase_if(inputs, [&setting](HWND input) {
                 return GetDlgCtrlID(input) == setting.id || GetDlgCtrlID(input) == setting.secondId;
             });
         }
-        ASSERT_TRUE(inputs.empty()) << "docs/settings.md has no row for the control \""
-                                    << Printable(NameOf(inputs[0])) << "\" of the page \"" << Printable(tab)
-                                    << "\"";
+        EndIf(!inputs.empty(), "docs/settings.md has no row for a control of the page " + Quoted(tab) +
+                                   (inputs.empty() ? "" : ": " + Quoted(NameOf(inputs[0]))));
     }
 
-    // By "Box: name" or the name alone. Of radio buttons there are both names, of which the first counts.
+    // The cell is "Box: name", or the name alone. For radio buttons it has both names, and the first one
+    // counts.
     static HWND FindControl(const Sheet& sheet, const Text& cell)
     {
         for (const HWND control : ControlsOf(sheet.Page()))
@@ -217,6 +228,15 @@ class FindControls : public testing::Environment
         }
         return nullptr;
     }
+
+    static void EndIf(bool fault, const std::string& message)
+    {
+        if (fault)
+        {
+            EndProgram(message);
+        }
+    }
+    static std::string Quoted(const Text& text) { return '"' + Printable(text) + '"'; }
 };
 
 [[maybe_unused]] const testing::Environment* const g_findControls =
@@ -234,18 +254,21 @@ Text Setting::TextFor(const StoredValue& value) const
 {
     return kind == Radio          ? Decimal(value == initial ? BST_CHECKED : BST_UNCHECKED)
            : value.type == REG_SZ ? reinterpret_cast<LPCTSTR>(value.data.data())
-           : kind == Hex          ? HexDigits(NumberIn(value))
-                                  : Decimal(static_cast<int>(NumberIn(value)));
+                                  : Digits(kind == Hex ? _T("%X") : _T("%d"), NumberIn(value));
+}
+
+Text Setting::ShownOn(const Form& page) const
+{
+    return kind == List                     ? Decimal(page.SelectionOf(id))
+           : kind == Check || kind == Radio ? Decimal(page.CheckOf(id))
+                                            : page.TextOf(id);
 }
 
 void Setting::ExpectShown(const Form& page, const StoredValue& value) const
 {
     if (kind != Fixed)
     {
-        const Text shown = kind == List                     ? Decimal(page.SelectionOf(id))
-                           : kind == Check || kind == Radio ? Decimal(page.CheckOf(id))
-                                                            : page.TextOf(id);
-        EXPECT_EQ(shown, TextFor(value)) << Printable(name);
+        EXPECT_EQ(ShownOn(page), TextFor(value)) << Printable(name);
         EXPECT_TRUE(kind != Radio || page.CheckOf(secondId) != page.CheckOf(id)) << Printable(name);
     }
 }
@@ -267,11 +290,11 @@ void Setting::Enter(const Form& page, const StoredValue& value) const
     }
     else if (kind != Fixed && kind != Check && !page.IsEnabled(id))
     {
-        page.SetText(id, text);  // a disabled edit keeps what is pasted into it
+        page.SetText(id, text);  // a disabled edit takes no keys
     }
     else if (kind != Fixed && kind != Check)
     {
-        // A minus sign alone would be no number: it is typed last.
+        // A minus sign alone is no number and would prompt, so it is typed last.
         const size_t digits = text.find(_T('-')) == 0 ? 1 : 0;
         page.Retype(id, text.substr(digits));
         page.TypeInFront(id, text.substr(0, digits));

@@ -1,5 +1,4 @@
-// Every value that the editor stores, as docs/settings.md has it: the tests read the reference that users
-// read.
+// Every value that the editor stores. The tests read them from docs/settings.md, the reference for users.
 #pragma once
 
 #include "support/registry.h"
@@ -14,37 +13,39 @@ struct Setting
         Check,
         List,   // a list box or combo box, whose selection is the number
         Radio,  // two radio buttons, the first for the initial value
-        Fixed   // nothing on the page itself changes it
+        Fixed   // no control of the page changes it
     };
 
-    // From the reference. The control is empty if the value has none on the page itself.
+    // From the reference. `control` is empty if no control of the page itself has the value.
     Text tab;
     Text key;
     Text name;
     StoredValue initial;
     Text control;
-    Tools tools;  // the setting is live if one of them is installed, or if there are none here
-    // From the page, once a test program has started its first test.
+    Tools tools;  // the setting is used if one of them is installed, or if this is empty
+    // From the page; set before the first test.
     Kind kind = Kind::Fixed;
-    int id = 0;  // of the control; of the first radio button
+    int id = 0;  // of the control, or of the first radio button
     int secondId = 0;
-    StoredValue changed;  // another value; the initial one if the setting is fixed
+    StoredValue changed;  // a value other than the initial one, unless the setting is fixed
 
     bool IsLiveFor(const Tools& installed) const;
-    // The value "fw" is a copy for old tools.
+    // The value "fw" is a copy for old tools, which the editor only writes.
     bool IsRead() const { return name != _T("fw"); }
-    // The text that shows a value, of a button the BST_ value in decimal.
+    // The text by which the control shows a value; for a button its BST_ value in decimal.
     Text TextFor(const StoredValue& value) const;
+    // The text by which the page shows the setting, which must not be fixed.
+    Text ShownOn(const Form& page) const;
     // Fails the test if the page does not show the value, which must be a Dword or an Sz.
     void ExpectShown(const Form& page, const StoredValue& value) const;
-    // Acts as a user does.
+    // Enters a value as a user does.
     void Enter(const Form& page, const StoredValue& value) const;
 };
 
-// In the order of the tabs, and for each page in the order in which it writes.
+// In the order of the tabs, and for each page in the order in which it stores them.
 const std::vector<Setting>& AllSettings();
 std::vector<Setting> SettingsOf(const Text& tab);
-// What is in the registry when these settings are at a value each.
+// The registry's content when each of these settings has that value.
 using ValueOfSetting = StoredValue Setting::*;
 Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value);
 

@@ -35,6 +35,22 @@ BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
 }
 }  // namespace
 
+std::string Printable(const Text& text)
+{
+    std::string printable;
+    for (const TCHAR character : text)
+    {
+        printable += character >= 32 && character < 127 ? static_cast<char>(character) : '?';
+    }
+    return printable;
+}
+
+void EndProgram(const std::string& message)
+{
+    std::fprintf(stderr, "%s\n", message.c_str());
+    std::_Exit(1);
+}
+
 bool IsOf(HWND window, LPCTSTR className)
 {
     TCHAR name[32] = {};
@@ -83,8 +99,7 @@ HWND Form::Control(int id) const
     const HWND control = GetDlgItem(Page(), id);
     if (control == nullptr)
     {
-        std::fprintf(stderr, "There is no control %d.\n", id);
-        std::_Exit(1);
+        EndProgram("There is no control " + std::to_string(id) + ".");
     }
     return control;
 }

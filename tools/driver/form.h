@@ -14,6 +14,11 @@ using Text = std::basic_string<TCHAR>;
 inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
 inline constexpr TCHAR ErrorTitle[] = _T("QB Settings Error");
 
+// With "?" for each character beyond ASCII.
+std::string Printable(const Text& text);
+// Prints the message, and ends this program with 1.
+[[noreturn]] void EndProgram(const std::string& message);
+
 bool IsOf(HWND window, LPCTSTR className);
 // On the screen.
 RECT PlaceOf(HWND window);

@@ -3,8 +3,6 @@
 #include "shell/QBSettingsApp.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 
 namespace
@@ -75,9 +73,7 @@ void CALLBACK RunProgram(void*)
     {
         if (ActDuring(run, {SheetTitle, ErrorTitle}, giveControl) != 1)
         {
-            std::fputs("The editor opened neither its sheet nor its error box, or did not close it.\n",
-                       stderr);
-            std::_Exit(1);
+            EndProgram("The editor opened neither its sheet nor its error box, or did not close it.");
         }
         opened = nullptr;
         SwitchToFiber(callerFiber);
@@ -120,9 +116,7 @@ Editor::Editor(const Text& tab) : Sheet(Start())
 {
     if (!tab.empty() && !Select(tab))
     {
-        std::fprintf(stderr, "The sheet has no page \"%ls\", or does not open it.\n",
-                     reinterpret_cast<const wchar_t*>(tab.c_str()));
-        std::_Exit(1);
+        EndProgram("The sheet has no page \"" + Printable(tab) + "\", or does not open it.");
     }
 }
 

@@ -68,15 +68,13 @@ int main()
     const Sheet sheet = editor.WaitForSheet();
     if (sheet.Page() == nullptr)
     {
-        std::fputs("The sheet did not open.\n", stderr);
-        return 1;
+        EndProgram("The sheet did not open.");
     }
     for (int index = 0; index < sheet.PageCount(); ++index)
     {
         if (!sheet.SelectIndex(index))
         {
-            std::fprintf(stderr, "Page %d did not open.\n", index);
-            return 1;
+            EndProgram("Page " + std::to_string(index) + " did not open.");
         }
         // One picture shows the tabs, so that a new page changes that one only.
         TakePicture(index == 0 ? sheet.Window() : sheet.Page(), Form(sheet.Page()).Title());
@@ -90,8 +88,7 @@ int main()
     sheet.Apply();
     if (!editor.EndBy(IDOK, sheet))
     {
-        std::fputs("The sheet did not close.\n", stderr);
-        return 1;
+        EndProgram("The sheet did not close.");
     }
     return 0;
 }
