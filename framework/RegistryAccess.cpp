@@ -6,17 +6,15 @@
 #include <cstring>
 #include <memory>
 
-RegistryKey::RegistryKey(const WideString& path, Access access)
+RegistryKey::RegistryKey(const WideString& path, REGSAM access, HKEY parent, DWORD* disposition)
 {
-    HKEY opened = nullptr;
-    const LSTATUS status =
-        access == Access::Read
-            ? RegOpenKeyExW(SettingsRoot, path.c_str(), 0, KeyRead, &opened)
-            : RegCreateKeyExW(SettingsRoot, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite,
-                              nullptr, &opened, nullptr);
-    if (status == ERROR_SUCCESS)
+    const LSTATUS status = access == KeyRead
+                               ? RegOpenKeyExW(parent, path.c_str(), 0, access, &m_key)
+                               : RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                                 access, nullptr, &m_key, disposition);
+    if (status != ERROR_SUCCESS)
     {
-        m_key = opened;
+        m_key = nullptr;
     }
 }
 
@@ -32,17 +30,33 @@ namespace
 {
 bool WriteValueBytes(const WideString& key, const WideString& name, DWORD type, const void* data, size_t size)
 {
-    const RegistryKey opened(key, RegistryKey::Access::Write);
+    const RegistryKey opened(key, KeyWrite);
     return opened.IsOpen() &&
            RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
                           static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
-// Gets a value's size in bytes. Returns false if the value does not exist.
-bool QuerySize(const RegistryKey& key, const WideString& name, DWORD* size)
+// Reads a value of any type. Returns its bytes, followed by a terminator, and sets their number; null on
+// failure.
+std::unique_ptr<TCHAR[]> ReadValueBytes(const WideString& key, const WideString& name, DWORD* size)
 {
+    const RegistryKey opened(key, KeyRead);
     *size = 0;
-    return RegQueryValueExW(key.Get(), name.c_str(), nullptr, nullptr, nullptr, size) == ERROR_SUCCESS;
+    if (!opened.IsOpen() ||
+        RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr, size) != ERROR_SUCCESS)
+    {
+        return nullptr;
+    }
+    auto value = std::make_unique<TCHAR[]>(size_t{*size} + 1);
+    auto* bytes = reinterpret_cast<BYTE*>(value.get());
+    if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, bytes, size) != ERROR_SUCCESS)
+    {
+        return nullptr;
+    }
+    // If the size is odd, the first byte completes the last character, and the zeroed buffer terminates the
+    // text.
+    std::memset(bytes + *size, 0, sizeof(TCHAR));
+    return value;
 }
 }  // namespace
 
@@ -53,23 +67,13 @@ bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD val
 
 bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text)
 {
-    const RegistryKey opened(key, RegistryKey::Access::Read);
     DWORD size = 0;
-    if (!opened.IsOpen() || !QuerySize(opened, name, &size))
+    const auto value = ReadValueBytes(key, name, &size);
+    if (value != nullptr)
     {
-        return false;
+        text = value.get();
     }
-    // The terminator is written after the last byte. If the size is odd, its first byte completes the last
-    // character, and the zeroed buffer terminates the text.
-    const auto buffer = std::make_unique<TCHAR[]>(static_cast<size_t>(size) + 1);
-    if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(buffer.get()),
-                         &size) != ERROR_SUCCESS)
-    {
-        return false;
-    }
-    std::memset(reinterpret_cast<BYTE*>(buffer.get()) + size, 0, sizeof(TCHAR));
-    text = buffer.get();
-    return true;
+    return value != nullptr;
 }
 
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text)
@@ -86,7 +90,7 @@ void MakeProductKeyPath(WideString& path, const ProductId& product)
 
 void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
 {
-    const RegistryKey opened(key, RegistryKey::Access::Read);
+    const RegistryKey opened(key, KeyRead);
     // A copy, because a failed query may change its buffer.
     DWORD word = number;
     DWORD size = sizeof(word);
@@ -99,20 +103,11 @@ void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& nu
 
 void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer)
 {
-    if (buffer == nullptr)
-    {
-        return;
-    }
-    const RegistryKey opened(key, RegistryKey::Access::Read);
     DWORD stored = 0;
-    if (!opened.IsOpen() || !QuerySize(opened, name, &stored))
+    const auto value = buffer != nullptr ? ReadValueBytes(key, name, &stored) : nullptr;
+    if (value != nullptr)
     {
-        return;
-    }
-    const auto bytes = std::make_unique<BYTE[]>(stored);
-    if (RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, bytes.get(), &stored) == ERROR_SUCCESS)
-    {
-        std::memcpy(buffer, bytes.get(), std::min(stored, size));
+        std::memcpy(buffer, value.get(), std::min(stored, size));
     }
 }
 

@@ -23,16 +23,10 @@ inline const WideString TestServicesKey = _T("SOFTWARE\\Ostrel\\TestServices");
 class RegistryKey
 {
 public:
-    enum class Access
-    {
-        Read,  // the key must exist
-        Write  // the key is created when absent
-    };
-
-    // Opens or creates a key under SettingsRoot. IsOpen tells whether this succeeded.
-    RegistryKey(const WideString& path, Access access);
-    // Takes ownership of an open key.
-    explicit RegistryKey(HKEY key) : m_key(key) {}
+    // With KeyRead the key must exist; any other access creates it if it does not. IsOpen tells whether this
+    // succeeded.
+    RegistryKey(const WideString& path, REGSAM access, HKEY parent = SettingsRoot,
+                DWORD* disposition = nullptr);
     ~RegistryKey();
     RegistryKey(const RegistryKey&) = delete;
     RegistryKey& operator=(const RegistryKey&) = delete;

@@ -29,15 +29,10 @@ bool WritePort(HKEY tableKey, const PortEntry& entry)
 {
     CString name;
     name.Format(_T("%u"), entry.PortNumber);
-    HKEY created = nullptr;
-    if (RegCreateKeyExW(tableKey, name, 0, nullptr, REG_OPTION_NON_VOLATILE, KeyWrite, nullptr, &created,
-                        nullptr) != ERROR_SUCCESS)
-    {
-        return false;
-    }
-    const RegistryKey key(created);
+    const RegistryKey key(name.GetString(), KeyWrite, tableKey);
     const auto stored = static_cast<DWORD>(entry.PacketType);
-    return RegSetValueExW(key.Get(), NamePacketType.c_str(), 0, REG_DWORD,
+    return key.IsOpen() &&
+           RegSetValueExW(key.Get(), NamePacketType.c_str(), 0, REG_DWORD,
                           reinterpret_cast<const BYTE*>(&stored), sizeof(stored)) == ERROR_SUCCESS;
 }
 }  // namespace
@@ -45,7 +40,7 @@ bool WritePort(HKEY tableKey, const PortEntry& entry)
 bool LoadPortTable(PortTable& table, const WideString& name)
 {
     const WideString path = TableKeyPath(name);
-    const RegistryKey key(path, RegistryKey::Access::Read);
+    const RegistryKey key(path, KeyRead);
     DWORD longest = 0;
     if (!key.IsOpen() || RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, nullptr, &longest, nullptr,
                                           nullptr, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
@@ -64,7 +59,7 @@ bool LoadPortTable(PortTable& table, const WideString& name)
             break;
         }
         const LPCTSTR found = portName.c_str();  // the name without the unused end of the buffer
-        const RegistryKey portKey(path + _T("\\") + found, RegistryKey::Access::Read);
+        const RegistryKey portKey(path + _T("\\") + found, KeyRead);
         if (!portKey.IsOpen())
         {
             return false;
@@ -81,15 +76,10 @@ bool LoadPortTable(PortTable& table, const WideString& name)
 
 bool SavePortTable(const PortTable& table, const WideString& name)
 {
-    HKEY created = nullptr;
     DWORD disposition = 0;
-    if (RegCreateKeyExW(SettingsRoot, TableKeyPath(name).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                        KeyRead | KeyWrite, nullptr, &created, &disposition) != ERROR_SUCCESS)
-    {
-        return false;
-    }
-    const RegistryKey key(created);
-    if (disposition == REG_OPENED_EXISTING_KEY && RegDeleteTreeW(key.Get(), nullptr) != ERROR_SUCCESS)
+    const RegistryKey key(TableKeyPath(name), KeyRead | KeyWrite, SettingsRoot, &disposition);
+    if (!key.IsOpen() ||
+        (disposition == REG_OPENED_EXISTING_KEY && RegDeleteTreeW(key.Get(), nullptr) != ERROR_SUCCESS))
     {
         return false;
     }

@@ -57,7 +57,7 @@ bool ReadAllValues(HKEY key)
 bool LoadInstalledProducts()
 {
     InstalledProductMap.clear();
-    const RegistryKey key(WideString(FamilyRoot) + _T("\\Installed"), RegistryKey::Access::Read);
+    const RegistryKey key(WideString(FamilyRoot) + _T("\\Installed"), KeyRead);
     return key.IsOpen() && ReadAllValues(key.Get());
 }
 

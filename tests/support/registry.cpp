@@ -84,7 +84,7 @@ void InstallTools(const Tools& tools)
 void Store(const Text& key, const Text& name, const StoredValue& value)
 {
     const calls::Pause pause;
-    const RegistryKey opened(key, RegistryKey::Access::Write);
+    const RegistryKey opened(key, KeyWrite);
     if (value == Absent)
     {
         return;
@@ -100,7 +100,7 @@ void Store(const Text& key, const Text& name, const StoredValue& value)
 StoredValue Stored(const Text& key, const Text& name)
 {
     const calls::Pause pause;
-    const RegistryKey opened(key, RegistryKey::Access::Read);
+    const RegistryKey opened(key, KeyRead);
     DWORD size = 0;
     if (!opened.IsOpen() ||
         RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
@@ -116,13 +116,13 @@ StoredValue Stored(const Text& key, const Text& name)
 bool KeyExists(const Text& key)
 {
     const calls::Pause pause;
-    return RegistryKey(key, RegistryKey::Access::Read).IsOpen();
+    return RegistryKey(key, KeyRead).IsOpen();
 }
 
 Tree StoredTree(const Text& key)
 {
     const calls::Pause pause;
-    const RegistryKey opened(key, RegistryKey::Access::Read);
+    const RegistryKey opened(key, KeyRead);
     if (!opened.IsOpen())
     {
         return {};
