@@ -33,35 +33,6 @@ BOOL CSettingsPage::PreTranslateMessage(MSG* pMsg)
     return CPropertyPage::PreTranslateMessage(pMsg);
 }
 
-template <class Member>
-void CSettingsPage::MarkIfChanged(Member& member)
-{
-    // UpdateData changes `member` through `this`, so a copy is needed.
-    const Member before = member;  // NOLINT(performance-unnecessary-copy-initialization)
-    UpdateData(TRUE);
-    SetModified(!(before == member));
-}
-
-void CSettingsPage::CheckModified(int& member)
-{
-    MarkIfChanged(member);
-}
-
-void CSettingsPage::CheckModified(CString& member)
-{
-    MarkIfChanged(member);
-}
-
-void CSettingsPage::CheckModified(UINT& member)
-{
-    MarkIfChanged(member);
-}
-
-void CSettingsPage::CheckModified(WideString& member)
-{
-    MarkIfChanged(member);
-}
-
 void CSettingsPage::AddProduct(const ProductId& product)
 {
     m_bAlwaysShown = false;

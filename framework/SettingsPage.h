@@ -40,10 +40,10 @@ protected:
     // Updates all members from the controls. If this changes `member`, the page is marked as modified;
     // otherwise its mark is cleared. The mark therefore reflects only the latest event. If an edit does not
     // hold a number, the exchange stops there and the remaining members keep their values.
-    virtual void CheckModified(int& member);
-    virtual void CheckModified(CString& member);
-    virtual void CheckModified(UINT& member);
-    virtual void CheckModified(WideString& member);
+    virtual void CheckModified(int& member) { MarkIfChanged(member); }
+    virtual void CheckModified(CString& member) { MarkIfChanged(member); }
+    virtual void CheckModified(UINT& member) { MarkIfChanged(member); }
+    virtual void CheckModified(WideString& member) { MarkIfChanged(member); }
 
     // Each of these opens `key` under HKEY_LOCAL_MACHINE for one value. A read accepts any registry type and
     // creates nothing; a write creates the key and the value if they do not exist. No failure is reported: a
@@ -70,35 +70,31 @@ protected:
     virtual void WriteValue(const WideString& key, const WideString& name, const bool& member);
 
     // These process all rows of a table in order.
-    template <class Row, size_t Count>
-    void ExchangeAll(CDataExchange* pDX, const Row (&table)[Count])
+    void ExchangeAll(CDataExchange* pDX, const auto& table)
     {
-        for (const Row& row : table)
+        for (const auto& row : table)
         {
             row.exchange(pDX, row.control, MemberOf(row));
         }
     }
-    template <class Row, size_t Count>
-    void ReadAll(const WideString& key, const Row (&table)[Count])
+    void ReadAll(const WideString& key, const auto& table)
     {
-        for (const Row& row : table)
+        for (const auto& row : table)
         {
             ReadValue(key, row.name, MemberOf(row));
         }
     }
-    template <class Row, size_t Count>
-    void WriteAll(const WideString& key, const Row (&table)[Count])
+    void WriteAll(const WideString& key, const auto& table)
     {
-        for (const Row& row : table)
+        for (const auto& row : table)
         {
             WriteValue(key, row.name, MemberOf(row));
         }
     }
     // Calls CheckModified for the member that belongs to the control.
-    template <class Row, size_t Count>
-    void CheckModifiedIn(const Row (&table)[Count], UINT control)
+    void CheckModifiedIn(const auto& table, UINT control)
     {
-        for (const Row& row : table)
+        for (const auto& row : table)
         {
             if (row.control == static_cast<int>(control))
             {
@@ -128,7 +124,13 @@ private:
         return static_cast<typename Row::Page*>(this)->*row.member;
     }
     template <class Member>
-    void MarkIfChanged(Member& member);
+    void MarkIfChanged(Member& member)
+    {
+        // UpdateData changes `member` through `this`, so a copy is needed.
+        const Member before = member;  // NOLINT(performance-unnecessary-copy-initialization)
+        UpdateData(TRUE);
+        SetModified(!(before == member));
+    }
 
     std::unique_ptr<CToolTipCtrl> m_pToolTip;  // created in OnInitDialog
     std::vector<ProductId> m_products;
