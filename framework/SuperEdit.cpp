@@ -13,16 +13,11 @@ namespace
 {
 constexpr ULONGLONG NoDigit = 0xFFFFFFFF;
 
-// isprint and tolower accept only values of one byte. Characters above that are not printable here and have
-// no lower case.
+// isprint and tolower accept only values of one byte. Characters above that are not printable here and no
+// letters.
 bool IsPrintable(WPARAM character)
 {
     return character <= 0xFF && std::isprint(static_cast<int>(character)) != 0;
-}
-
-TCHAR ToLower(TCHAR character)
-{
-    return character <= 0xFF ? static_cast<TCHAR>(std::tolower(character)) : character;
 }
 
 ULONGLONG DigitValue(TCHAR character)
@@ -31,7 +26,7 @@ ULONGLONG DigitValue(TCHAR character)
     {
         return static_cast<ULONGLONG>(character - _T('0'));
     }
-    const TCHAR letter = ToLower(character);
+    const int letter = character <= 0xFF ? std::tolower(character) : 0;
     return letter >= _T('a') && letter <= _T('z') ? static_cast<ULONGLONG>(letter - _T('a') + 10) : NoDigit;
 }
 }  // namespace
@@ -71,13 +66,7 @@ void CSuperEdit::SetNumber(ULONGLONG nNumber)
 
 bool CSuperEdit::IsValidDigit(TCHAR character) const
 {
-    if (m_nBase <= 10)
-    {
-        return character >= _T('0') && character < _T('0') + m_nBase;
-    }
-    const TCHAR letter = ToLower(character);
-    return (character >= _T('0') && character <= _T('9')) ||
-           (letter >= _T('a') && letter < _T('a') + m_nBase - 10);
+    return DigitValue(character) < m_nBase;
 }
 
 void CSuperEdit::OnChar(UINT nChar, UINT, UINT)
