@@ -24,6 +24,9 @@ const WideString NamePath = _T("Path");
 const WideString NameFirmware = _T("FsLsComplianceDeviceFirmware");
 const WideString NameFirmwareCopy = _T("fw");  // written, but never read
 const WideString NameDeviceDriver = _T("HSComplianceDeviceDriverPath");
+
+constexpr LPCTSTR InfFilter = _T("INF Files (*.inf)|*.inf|All Files (*.*)|*.*||");
+constexpr LPCTSTR HexFilter = _T("HEX Files (*.hex)|*.hex|All Files (*.*)|*.*||");
 }  // namespace
 
 // The properties of the four driver stacks, in the order in which they are loaded and stored.
@@ -209,4 +212,21 @@ void CDriversAndFirmwareDlg::OnRvskSwitch()
 {
     CheckModified(EnableRvskStackSwitcher);
     UpdateRvskControls();
+}
+
+// The user chooses a file, and the edit receives its folder. The page is not marked as modified, but OK
+// stores the folder. The dialog has no initial folder, because it would access that folder before it appears;
+// this takes long if the folder is on a computer that does not respond.
+void CDriversAndFirmwareDlg::OnBrowse(UINT id)
+{
+    const bool isFirmware = id == IDC_FIRMWARE_BROWSE;
+    CFileDialog dialog(TRUE, isFirmware ? _T("hex") : _T("inf"), isFirmware ? _T("*.hex") : _T("*.inf"),
+                       OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, isFirmware ? HexFilter : InfFilter, this, 0,
+                       TRUE);
+    if (dialog.DoModal() == IDOK)
+    {
+        CString folder = dialog.GetPathName();
+        folder.Truncate(folder.ReverseFind(_T('\\')) + 1);
+        GetDlgItem(static_cast<int>(id) - 1)->SetWindowText(folder);
+    }
 }
