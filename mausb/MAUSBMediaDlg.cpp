@@ -8,16 +8,7 @@ IMPLEMENT_DYNAMIC(CMAUSBMediaDlg, CSettingsPage)
 BEGIN_MESSAGE_MAP(CMAUSBMediaDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_NETWORK_LOG, &CMAUSBMediaDlg::OnNetworkLevelLog)
     ON_CONTROL_RANGE(BN_CLICKED, IDC_NETWORK_TCP, IDC_NETWORK_UDP, &CMAUSBMediaDlg::OnNetworkType)
-    ON_EN_CHANGE(IDC_TCP_CLIENT_ADDRESS, &CMAUSBMediaDlg::OnDefaultIPAddressTCPClient)
-    ON_EN_CHANGE(IDC_UDP_ADDRESS, &CMAUSBMediaDlg::OnDefaultIPAddressUDP)
-    ON_EN_CHANGE(IDC_MAC_ADDRESS, &CMAUSBMediaDlg::OnMACAddr)
-    ON_EN_CHANGE(IDC_MAX_BYTES_TO_LOG, &CMAUSBMediaDlg::OnMaxBytesToLog)
-    ON_EN_CHANGE(IDC_UDP_PORT, &CMAUSBMediaDlg::OnDefaultPortNumberUDP)
-    ON_EN_CHANGE(IDC_SNAP_OUI, &CMAUSBMediaDlg::OnSnapIdOUI)
-    ON_EN_CHANGE(IDC_SNAP_PID, &CMAUSBMediaDlg::OnSnapIdPID)
-    ON_EN_CHANGE(IDC_TCP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeTCP)
-    ON_EN_CHANGE(IDC_UDP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeUDP)
-    ON_EN_CHANGE(IDC_SNAP_PACKET_SIZE, &CMAUSBMediaDlg::OnMaxPacketSizeSNAP)
+    ON_CONTROL_RANGE(EN_CHANGE, IDC_TCP_CLIENT_ADDRESS, IDC_SNAP_PACKET_SIZE, &CMAUSBMediaDlg::OnEdit)
     ON_BN_CLICKED(IDC_ADVANCED_TCP, &CMAUSBMediaDlg::OnAdvancedTCP)
     ON_BN_CLICKED(IDC_TCP_CLIENT_PORTS, &CMAUSBMediaDlg::OnPortsClient)
     ON_BN_CLICKED(IDC_TCP_SERVER_PORTS, &CMAUSBMediaDlg::OnPortsServer)
@@ -89,47 +80,37 @@ void CMAUSBMediaDlg::DoDataExchange(CDataExchange* pDX)
 
 void CMAUSBMediaDlg::BindControls(CDataExchange* pDX)
 {
-    const struct
-    {
-        int id;
-        CWnd& control;
-    } bindings[] = {
-        {IDC_NETWORK_LOG, m_btnNetworkLevelLog},
-        {IDC_MAX_BYTES_TO_LOG_LABEL, m_stMaxBytesToLog},
-        {IDC_MAX_BYTES_TO_LOG, m_edMaxBytesToLog},
-        {IDC_TCP_OPTIONS, m_grpTCPIPOptions},
-        {IDC_TCP_PACKET_SIZE_LABEL, m_stMaxPacketSizeTCP},
-        {IDC_TCP_PACKET_SIZE, m_edMaxPacketSizeTCP},
-        {IDC_ADVANCED_TCP, m_btnAdvancedTCP},
-        {IDC_USE_UDP_FOR_ISOCH, m_btnUseUDPForIsoch},
-        {IDC_ISOCH_LABEL, m_stIsoch},
-        {IDC_ISOCH, m_edIsoch},
-        {IDC_MAX_ISOCH_LABEL, m_stMaxIsoch},
-        {IDC_MAX_ISOCH, m_edMaxIsoch},
-        {IDC_TCP_CLIENT_ADDRESS_LABEL, m_stTCPClientIPAddress},
-        {IDC_TCP_CLIENT_ADDRESS, m_edDefaultIPAddressTCPClient},
-        {IDC_UDP_OPTIONS, m_grpUDPIPOptions},
-        {IDC_UDP_ADDRESS_LABEL, m_stUDPIPAddress},
-        {IDC_UDP_ADDRESS, m_edDefaultIPAddressUDP},
-        {IDC_UDP_PORT_LABEL, m_stUDPPortNumber},
-        {IDC_UDP_PORT, m_edDefaultPortNumberUDP},
-        {IDC_UDP_PACKET_SIZE_LABEL, m_stMaxPacketSizeUDP},
-        {IDC_UDP_PACKET_SIZE, m_edMaxPacketSizeUDP},
-        {IDC_SNAP_OPTIONS, m_grpSNAPOptions},
-        {IDC_MAC_ADDRESS_LABEL, m_stMACAddr},
-        {IDC_MAC_ADDRESS, m_edMACAddr},
-        {IDC_SNAP_ID_LABEL, m_stSnapId},
-        {IDC_SNAP_OUI_LABEL, m_stSnapIdOUI},
-        {IDC_SNAP_OUI, m_edSnapIdOUI},
-        {IDC_SNAP_PID_LABEL, m_stSnapIdPID},
-        {IDC_SNAP_PID, m_edSnapIdPID},
-        {IDC_SNAP_PACKET_SIZE_LABEL, m_stMaxPacketSizeSNAP},
-        {IDC_SNAP_PACKET_SIZE, m_edMaxPacketSizeSNAP},
-    };
-    for (const auto& binding : bindings)
-    {
-        DDX_Control(pDX, binding.id, binding.control);
-    }
+    DDX_Control(pDX, IDC_NETWORK_LOG, m_btnNetworkLevelLog);
+    DDX_Control(pDX, IDC_MAX_BYTES_TO_LOG_LABEL, m_stMaxBytesToLog);
+    DDX_Control(pDX, IDC_MAX_BYTES_TO_LOG, m_edMaxBytesToLog);
+    DDX_Control(pDX, IDC_TCP_OPTIONS, m_grpTCPIPOptions);
+    DDX_Control(pDX, IDC_TCP_PACKET_SIZE_LABEL, m_stMaxPacketSizeTCP);
+    DDX_Control(pDX, IDC_TCP_PACKET_SIZE, m_edMaxPacketSizeTCP);
+    DDX_Control(pDX, IDC_ADVANCED_TCP, m_btnAdvancedTCP);
+    DDX_Control(pDX, IDC_USE_UDP_FOR_ISOCH, m_btnUseUDPForIsoch);
+    DDX_Control(pDX, IDC_ISOCH_LABEL, m_stIsoch);
+    DDX_Control(pDX, IDC_ISOCH, m_edIsoch);
+    DDX_Control(pDX, IDC_MAX_ISOCH_LABEL, m_stMaxIsoch);
+    DDX_Control(pDX, IDC_MAX_ISOCH, m_edMaxIsoch);
+    DDX_Control(pDX, IDC_TCP_CLIENT_ADDRESS_LABEL, m_stTCPClientIPAddress);
+    DDX_Control(pDX, IDC_TCP_CLIENT_ADDRESS, m_edDefaultIPAddressTCPClient);
+    DDX_Control(pDX, IDC_UDP_OPTIONS, m_grpUDPIPOptions);
+    DDX_Control(pDX, IDC_UDP_ADDRESS_LABEL, m_stUDPIPAddress);
+    DDX_Control(pDX, IDC_UDP_ADDRESS, m_edDefaultIPAddressUDP);
+    DDX_Control(pDX, IDC_UDP_PORT_LABEL, m_stUDPPortNumber);
+    DDX_Control(pDX, IDC_UDP_PORT, m_edDefaultPortNumberUDP);
+    DDX_Control(pDX, IDC_UDP_PACKET_SIZE_LABEL, m_stMaxPacketSizeUDP);
+    DDX_Control(pDX, IDC_UDP_PACKET_SIZE, m_edMaxPacketSizeUDP);
+    DDX_Control(pDX, IDC_SNAP_OPTIONS, m_grpSNAPOptions);
+    DDX_Control(pDX, IDC_MAC_ADDRESS_LABEL, m_stMACAddr);
+    DDX_Control(pDX, IDC_MAC_ADDRESS, m_edMACAddr);
+    DDX_Control(pDX, IDC_SNAP_ID_LABEL, m_stSnapId);
+    DDX_Control(pDX, IDC_SNAP_OUI_LABEL, m_stSnapIdOUI);
+    DDX_Control(pDX, IDC_SNAP_OUI, m_edSnapIdOUI);
+    DDX_Control(pDX, IDC_SNAP_PID_LABEL, m_stSnapIdPID);
+    DDX_Control(pDX, IDC_SNAP_PID, m_edSnapIdPID);
+    DDX_Control(pDX, IDC_SNAP_PACKET_SIZE_LABEL, m_stMaxPacketSizeSNAP);
+    DDX_Control(pDX, IDC_SNAP_PACKET_SIZE, m_edMaxPacketSizeSNAP);
 }
 
 void CMAUSBMediaDlg::InitToolTips()

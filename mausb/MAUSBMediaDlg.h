@@ -24,16 +24,7 @@ protected:
 
     afx_msg void OnNetworkLevelLog();
     afx_msg void OnNetworkType(UINT id);
-    afx_msg void OnDefaultIPAddressTCPClient() { CheckModified(m_strDefaultIPAddressTCPClient); }
-    afx_msg void OnDefaultIPAddressUDP() { CheckModified(m_strDefaultIPAddressUDP); }
-    afx_msg void OnMACAddr() { CheckModified(m_strMACAddr); }
-    afx_msg void OnMaxBytesToLog() { CheckModified(m_nMaxBytesToLog); }
-    afx_msg void OnDefaultPortNumberUDP() { CheckModified(m_nDefaultPortNumberUDP); }
-    afx_msg void OnSnapIdOUI() { CheckModified(m_nSnapIdOUI); }
-    afx_msg void OnSnapIdPID() { CheckModified(m_nSnapIdPID); }
-    afx_msg void OnMaxPacketSizeTCP() { CheckModified(m_nMaxPacketSizeTCP); }
-    afx_msg void OnMaxPacketSizeUDP() { CheckModified(m_nMaxPacketSizeUDP); }
-    afx_msg void OnMaxPacketSizeSNAP() { CheckModified(m_nMaxPacketSizeSNAP); }
+    afx_msg void OnEdit(UINT id);
     afx_msg void OnAdvancedTCP();
     afx_msg void OnPortsClient() { EditPorts(_T("Client Port Numbers"), m_portsClient); }
     afx_msg void OnPortsServer() { EditPorts(_T("Server Port Numbers"), m_portsServer); }
@@ -43,11 +34,11 @@ private:
     static constexpr int NetworkUDP = 1;
 
     void BindControls(CDataExchange* pDX);
-    // Calls visit(value name, member) for all values of this page except NetworkType, in the order in which
-    // they are stored.
+    // Calls visit(value name, member, control) for all values of this page except NetworkType, in the order
+    // in which they are stored.
     template <class Visit>
     void ForEachSetting(Visit visit);
-    // The same for the values that the Advanced TCP Settings dialog edits.
+    // Calls visit(value name, member) for the values that the Advanced TCP Settings dialog edits.
     template <class Visit>
     void ForEachAdvancedSetting(Visit visit);
     void LoadAdvancedTCPSettings();

@@ -1,6 +1,7 @@
-// Loading and storing the values of the MAUSB Media Settings page.
+// The values of the MAUSB Media Settings page.
 #include "mausb/MAUSBMediaDlg.h"
 #include "mausb/ToolKey.h"
+#include "resource.h"
 
 namespace
 {
@@ -8,25 +9,6 @@ constexpr LPCTSTR TextTCP = _T("TCP/IP");
 constexpr LPCTSTR TextUDP = _T("UDP/IP");
 
 const WideString NameNetworkType = _T("NetworkType");
-const WideString NameNetworkLevelLog = _T("NetworkLevelLog");
-const WideString NameMaxBytesToLog = _T("MaxBytesToLog");
-const WideString NameDefaultIPAddressTCPClient = _T("DefaultIPAddressTCPClient");
-const WideString NameDefaultIPAddressUDP = _T("DefaultIPAddressUDP");
-const WideString NameDefaultPortNumberUDP = _T("DefaultPortNumberUDP");
-const WideString NameMACAddr = _T("MACAddr");
-const WideString NameSnapIdOUI = _T("SnapIdOUI");
-const WideString NameSnapIdPID = _T("SnapIdPID");
-const WideString NameMaxPacketSizeTCP = _T("MaxPacketSizeTCP");
-const WideString NameMaxPacketSizeUDP = _T("MaxPacketSizeUDP");
-const WideString NameMaxPacketSizeSNAP = _T("MaxPacketSizeSNAP");
-
-const WideString NameSocketSendDelay = _T("AdvancedTCP_SocketSendDelay");
-const WideString NameSndBuf = _T("AdvancedTCP_SO_SNDBUF");
-const WideString NameRcvBuf = _T("AdvancedTCP_SO_RCVBUF");
-const WideString NameTcpNoDelay = _T("AdvancedTCP_TCP_NODELAY");
-const WideString NameUseDefaultSndBuf = _T("AdvancedTCP_Default_SO_SNDBUF");
-const WideString NameUseDefaultRcvBuf = _T("AdvancedTCP_Default_SO_RCVBUF");
-
 const WideString TableClient = _T("TCPPortsClient");
 const WideString TableServer = _T("TCPPortsServer");
 
@@ -43,28 +25,28 @@ void LoadPorts(PortTable& ports, const WideString& name)
 template <class Visit>
 void CMAUSBMediaDlg::ForEachSetting(Visit visit)
 {
-    visit(NameNetworkLevelLog, m_nNetworkLevelLog);
-    visit(NameMaxBytesToLog, m_nMaxBytesToLog);
-    visit(NameDefaultIPAddressTCPClient, m_strDefaultIPAddressTCPClient);
-    visit(NameDefaultIPAddressUDP, m_strDefaultIPAddressUDP);
-    visit(NameDefaultPortNumberUDP, m_nDefaultPortNumberUDP);
-    visit(NameMACAddr, m_strMACAddr);
-    visit(NameSnapIdOUI, m_nSnapIdOUI);
-    visit(NameSnapIdPID, m_nSnapIdPID);
-    visit(NameMaxPacketSizeTCP, m_nMaxPacketSizeTCP);
-    visit(NameMaxPacketSizeUDP, m_nMaxPacketSizeUDP);
-    visit(NameMaxPacketSizeSNAP, m_nMaxPacketSizeSNAP);
+    visit(_T("NetworkLevelLog"), m_nNetworkLevelLog, IDC_NETWORK_LOG);
+    visit(_T("MaxBytesToLog"), m_nMaxBytesToLog, IDC_MAX_BYTES_TO_LOG);
+    visit(_T("DefaultIPAddressTCPClient"), m_strDefaultIPAddressTCPClient, IDC_TCP_CLIENT_ADDRESS);
+    visit(_T("DefaultIPAddressUDP"), m_strDefaultIPAddressUDP, IDC_UDP_ADDRESS);
+    visit(_T("DefaultPortNumberUDP"), m_nDefaultPortNumberUDP, IDC_UDP_PORT);
+    visit(_T("MACAddr"), m_strMACAddr, IDC_MAC_ADDRESS);
+    visit(_T("SnapIdOUI"), m_nSnapIdOUI, IDC_SNAP_OUI);
+    visit(_T("SnapIdPID"), m_nSnapIdPID, IDC_SNAP_PID);
+    visit(_T("MaxPacketSizeTCP"), m_nMaxPacketSizeTCP, IDC_TCP_PACKET_SIZE);
+    visit(_T("MaxPacketSizeUDP"), m_nMaxPacketSizeUDP, IDC_UDP_PACKET_SIZE);
+    visit(_T("MaxPacketSizeSNAP"), m_nMaxPacketSizeSNAP, IDC_SNAP_PACKET_SIZE);
 }
 
 template <class Visit>
 void CMAUSBMediaDlg::ForEachAdvancedSetting(Visit visit)
 {
-    visit(NameSocketSendDelay, m_advancedTCP.m_nSocketSendDelay);
-    visit(NameSndBuf, m_advancedTCP.m_nSndBuf);
-    visit(NameRcvBuf, m_advancedTCP.m_nRcvBuf);
-    visit(NameTcpNoDelay, m_advancedTCP.m_nTcpNoDelay);
-    visit(NameUseDefaultSndBuf, m_advancedTCP.m_nUseDefaultSndBuf);
-    visit(NameUseDefaultRcvBuf, m_advancedTCP.m_nUseDefaultRcvBuf);
+    visit(_T("AdvancedTCP_SocketSendDelay"), m_advancedTCP.m_nSocketSendDelay);
+    visit(_T("AdvancedTCP_SO_SNDBUF"), m_advancedTCP.m_nSndBuf);
+    visit(_T("AdvancedTCP_SO_RCVBUF"), m_advancedTCP.m_nRcvBuf);
+    visit(_T("AdvancedTCP_TCP_NODELAY"), m_advancedTCP.m_nTcpNoDelay);
+    visit(_T("AdvancedTCP_Default_SO_SNDBUF"), m_advancedTCP.m_nUseDefaultSndBuf);
+    visit(_T("AdvancedTCP_Default_SO_RCVBUF"), m_advancedTCP.m_nUseDefaultRcvBuf);
 }
 
 void CMAUSBMediaDlg::LoadSettings()
@@ -72,7 +54,7 @@ void CMAUSBMediaDlg::LoadSettings()
     WideString networkType;
     ReadRegistryString(ToolKey(), NameNetworkType, networkType);
     m_nNetworkType = networkType == TextUDP ? NetworkUDP : NetworkTCP;
-    ForEachSetting([this](const WideString& name, auto& member) { ReadValue(ToolKey(), name, member); });
+    ForEachSetting([this](const WideString& name, auto& member, int) { ReadValue(ToolKey(), name, member); });
     m_nLoadedSnapIdOUI = static_cast<int>(m_nSnapIdOUI);
     m_nLoadedSnapIdPID = static_cast<int>(m_nSnapIdPID);
     LoadAdvancedTCPSettings();
@@ -87,10 +69,20 @@ void CMAUSBMediaDlg::SaveSettings()
     m_nSnapIdOUI = static_cast<UINT>(m_edSnapIdOUI.GetNumber());
     m_nSnapIdPID = static_cast<UINT>(m_edSnapIdPID.GetNumber());
     ForEachSetting(
-        [this](const WideString& name, const auto& member) { WriteValue(ToolKey(), name, member); });
+        [this](const WideString& name, const auto& member, int) { WriteValue(ToolKey(), name, member); });
     SaveAdvancedTCPSettings();
     SavePortTable(m_portsClient, TableClient);
     SavePortTable(m_portsServer, TableServer);
+}
+
+void CMAUSBMediaDlg::OnEdit(UINT id)
+{
+    ForEachSetting([this, id](LPCTSTR, auto& member, UINT control) {
+        if (control == id)
+        {
+            CheckModified(member);
+        }
+    });
 }
 
 void CMAUSBMediaDlg::LoadAdvancedTCPSettings()

@@ -18,6 +18,8 @@
 
 // Drivers & Firmware
 #define IDD_DRIVERS_AND_FIRMWARE 132
+// The id of each Browse button must follow that of its edit: CDriversAndFirmwareDlg::OnBrowse finds the edit
+// by it.
 #define IDC_EHCI_GROUP 1041
 #define IDC_EHCI_SWITCH 1032
 #define IDC_EHCI_LABEL 1033
@@ -96,6 +98,8 @@
 
 // MAUSB Media Settings
 #define IDD_MAUSB_MEDIA 133
+// CMAUSBMediaDlg handles the edits as one range of ids: those of the edits that are shown must be between
+// IDC_TCP_CLIENT_ADDRESS and IDC_SNAP_PACKET_SIZE.
 #define IDC_NETWORK_TYPE 1069
 // The two radio buttons must be contiguous: CMAUSBMediaDlg handles their clicks as one range.
 #define IDC_NETWORK_TCP 1066
