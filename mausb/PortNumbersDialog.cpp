@@ -17,16 +17,9 @@ namespace
 {
 constexpr UINT MaxPort = 65535;
 
-struct RowIds
-{
-    int edit;
-    int comboBox;
-};
-
-constexpr RowIds Rows[] = {{IDC_PORT_EDIT_0, IDC_PORT_TYPE_0},
-                           {IDC_PORT_EDIT_1, IDC_PORT_TYPE_1},
-                           {IDC_PORT_EDIT_2, IDC_PORT_TYPE_2},
-                           {IDC_PORT_EDIT_3, IDC_PORT_TYPE_3}};
+// By row.
+constexpr int Edits[] = {IDC_PORT_EDIT_0, IDC_PORT_EDIT_1, IDC_PORT_EDIT_2, IDC_PORT_EDIT_3};
+constexpr int ComboBoxes[] = {IDC_PORT_TYPE_0, IDC_PORT_TYPE_1, IDC_PORT_TYPE_2, IDC_PORT_TYPE_3};
 
 // In the order of the packet types, starting with PacketTypeDefault (-1).
 constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
@@ -35,11 +28,6 @@ constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("In
 int ItemOf(int packetType)
 {
     return packetType >= PacketTypeDefault && packetType <= PacketTypeBulk ? packetType + 1 : CB_ERR;
-}
-
-int PacketTypeOf(int item)
-{
-    return item - 1;
 }
 }  // namespace
 
@@ -72,23 +60,23 @@ BOOL CPortNumbersDialog::OnInitDialog()
 {
     CDialogEx::OnInitDialog();
     SetWindowText(m_pszTitle);
-    for (const RowIds& ids : Rows)
+    for (const int comboBox : ComboBoxes)
     {
         for (const LPCTSTR text : PacketTypeTexts)
         {
-            GetDlgItem(ids.comboBox)->SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+            GetDlgItem(comboBox)->SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
         }
     }
     for (int row = 0; row < RowCount; ++row)
     {
-        SelectItem(Rows[row].comboBox, ItemOf(PacketTypeDefault));
-        GetDlgItem(Rows[row].comboBox)->EnableWindow(FALSE);
+        SelectItem(ComboBoxes[row], ItemOf(PacketTypeDefault));
+        GetDlgItem(ComboBoxes[row])->EnableWindow(FALSE);
         m_nRowPacketType[row] = PacketTypeDefault;
     }
     const int filled = static_cast<int>(std::min<size_t>(m_pPortTable->size(), RowCount));
     for (int row = 0; row < filled; ++row)
     {
-        ShowPortRow(Rows[row].edit, Rows[row].comboBox, m_nRowPort[row], m_nRowPacketType[row], row);
+        ShowPortRow(Edits[row], ComboBoxes[row], m_nRowPort[row], m_nRowPacketType[row], row);
     }
     NameControls(*this, {{IDC_PORT_TYPE_0, _T("Packet Type")},
                          {IDC_PORT_TYPE_1, _T("Packet Type")},
@@ -100,14 +88,14 @@ BOOL CPortNumbersDialog::OnInitDialog()
 
 void CPortNumbersDialog::InitToolTips()
 {
-    for (const RowIds& ids : Rows)
+    for (const int edit : Edits)
     {
-        m_pToolTip->AddTool(GetDlgItem(ids.edit), _T("Enter a TCP port number."));
+        m_pToolTip->AddTool(GetDlgItem(edit), _T("Enter a TCP port number."));
     }
-    for (const RowIds& ids : Rows)
+    for (const int comboBox : ComboBoxes)
     {
         m_pToolTip->AddTool(
-            GetDlgItem(ids.comboBox),
+            GetDlgItem(comboBox),
             _T("Enter the types of packets you will send on this port.\n")
             _T("If you set it to Default, then all packets that aren't set by other ports will be ")
             _T("set on this port."));
@@ -135,9 +123,9 @@ void CPortNumbersDialog::OnPortText(UINT id)
 {
     for (int row = 0; row < RowCount; ++row)
     {
-        if (Rows[row].edit == static_cast<int>(id))
+        if (Edits[row] == static_cast<int>(id))
         {
-            OnPortTextChanged(Rows[row].edit, Rows[row].comboBox, m_nRowPacketType[row]);
+            OnPortTextChanged(Edits[row], ComboBoxes[row], m_nRowPacketType[row]);
         }
     }
 }
@@ -156,9 +144,9 @@ void CPortNumbersDialog::OnPortTextChanged(int editId, int comboId, int& rowPack
 void CPortNumbersDialog::OnOK()
 {
     m_pPortTable->clear();
-    for (const RowIds& ids : Rows)
+    for (int row = 0; row < RowCount; ++row)
     {
-        CollectPortRow(ids.edit, ids.comboBox);
+        CollectPortRow(Edits[row], ComboBoxes[row]);
     }
     CDialogEx::OnOK();
 }
@@ -166,7 +154,7 @@ void CPortNumbersDialog::OnOK()
 void CPortNumbersDialog::CollectPortRow(int editId, int comboId)
 {
     const auto item = static_cast<int>(GetDlgItem(comboId)->SendMessage(CB_GETCURSEL));
-    m_pPortTable->push_back({PortInEdit(editId), PacketTypeOf(item)});
+    m_pPortTable->push_back({PortInEdit(editId), item - 1});
 }
 
 UINT CPortNumbersDialog::PortInEdit(int editId) const
