@@ -46,30 +46,19 @@ BOOL CAdvancedTCPSettingsDlg::OnInitDialog()
 
 void CAdvancedTCPSettingsDlg::InitToolTips()
 {
-    struct Tip
-    {
-        int id;
-        LPCTSTR text;
-    };
-    static constexpr Tip tips[] = {
-        {IDC_TCP_SEND_DELAY, _T("The amount of time the Dock will wait before sending an MAUSB packet.")},
-        {IDC_TCP_USE_DEFAULT_SNDBUF,
-         _T("If checked, the Dock will ignore the value in the SO_SNDBUF field and use the default value.")},
-        {IDC_TCP_SNDBUF,
-         _T("The size of the Socket send buffer. If this is an invalid value, then the Dock will use the ")
-         _T("default ")
-         _T("value.")},
-        {IDC_TCP_USE_DEFAULT_RCVBUF,
-         _T("If checked, the Dock will ignore the value in the SO_RCVBUF field and use the default value.")},
-        {IDC_TCP_RCVBUF,
-         _T("The size of the Socket receive buffer. If this is an invalid value, then the Dock will use the ")
-         _T("default ")
-         _T("value.")},
-        {IDC_TCP_NODELAY, _T("If checked, the Dock disables the Nagle Algorithm for send coalescing.")}};
-    for (const Tip& tip : tips)
-    {
-        m_pToolTip->AddTool(GetDlgItem(tip.id), tip.text);
-    }
+    const auto add = [this](int id, LPCTSTR text) { m_pToolTip->AddTool(GetDlgItem(id), text); };
+    add(IDC_TCP_SEND_DELAY, _T("The amount of time the Dock will wait before sending an MAUSB packet."));
+    add(IDC_TCP_USE_DEFAULT_SNDBUF,
+        _T("If checked, the Dock will ignore the value in the SO_SNDBUF field and use the default value."));
+    add(IDC_TCP_SNDBUF,
+        _T("The size of the Socket send buffer. If this is an invalid value, then the Dock will use the ")
+        _T("default value."));
+    add(IDC_TCP_USE_DEFAULT_RCVBUF,
+        _T("If checked, the Dock will ignore the value in the SO_RCVBUF field and use the default value."));
+    add(IDC_TCP_RCVBUF,
+        _T("The size of the Socket receive buffer. If this is an invalid value, then the Dock will use the ")
+        _T("default value."));
+    add(IDC_TCP_NODELAY, _T("If checked, the Dock disables the Nagle Algorithm for send coalescing."));
 }
 
 // A disabled size edit keeps its number, which is still stored.

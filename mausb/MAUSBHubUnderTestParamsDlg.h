@@ -23,7 +23,6 @@ protected:
     afx_msg void OnSendsGetPortBWReq() { CheckModified(m_nSendsGetPortBWReq); }
 
 private:
-    using Number = int CMAUSBHubUnderTestParamsDlg::*;
     static const NumberSetting<CMAUSBHubUnderTestParamsDlg> Settings[6];
 
     int m_nBulkTransferRetriesHUT = 5;

@@ -194,11 +194,6 @@ void CMAUSBSettingsDlg::OnNewId()
 void CMAUSBSettingsDlg::OnUseDefaultMaxUSBTransferSize()
 {
     CheckModified(m_nUseDefaultMaxUSBTransferSize);
-    EnableMaxUSBTransferSize();
-}
-
-void CMAUSBSettingsDlg::EnableMaxUSBTransferSize()
-{
     const BOOL enabled = m_nUseDefaultMaxUSBTransferSize == 0;
     m_edMaxUSBTransferSize.EnableWindow(enabled);
     GetDlgItem(IDC_MAX_TRANSFER_SIZE_LABEL)->EnableWindow(enabled);

@@ -45,7 +45,6 @@ private:
     // Returns false, without changing the ID, if UuidCreate has no network address.
     bool GenerateContainerId();
     void ShowContainerId();
-    void EnableMaxUSBTransferSize();
 
     int m_nIsochPayloadAlignment = AlignedToByte;
     UUID m_RootHubUUID;  // the Container ID; nil if there is none yet
