@@ -28,22 +28,12 @@ struct AFX_MSGMAP
 
 namespace afx_detail
 {
-template <class Member>
-struct MemberOf;
-template <class Result, class Class, class... Arguments>
-struct MemberOf<Result (Class::*)(Arguments...)>
-{
-    using Owner = Class;
-    static constexpr bool takesId = sizeof...(Arguments) == 1;
-};
-
 // WM_COMMAND: wParam is the control's id.
-template <auto member>
+template <class Class, auto member>
 LRESULT CallCommand(CCmdTarget* target, [[maybe_unused]] WPARAM id, LPARAM)
 {
-    using Traits = MemberOf<decltype(member)>;
-    auto* object = static_cast<typename Traits::Owner*>(target);
-    if constexpr (Traits::takesId)
+    auto* object = static_cast<Class*>(target);
+    if constexpr (std::is_invocable_v<decltype(member), Class*, UINT>)
     {
         (object->*member)(static_cast<UINT>(id));
     }
@@ -54,34 +44,30 @@ LRESULT CallCommand(CCmdTarget* target, [[maybe_unused]] WPARAM id, LPARAM)
     return TRUE;
 }
 
-template <auto member>
+template <class Class, auto member>
 LRESULT CallChar(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
 {
-    using Owner = typename MemberOf<decltype(member)>::Owner;
-    (static_cast<Owner*>(target)->*member)(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
+    (static_cast<Class*>(target)->*member)(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
     return 0;
 }
 
-template <auto member>
+template <class Class, auto member>
 LRESULT CallSysCommand(CCmdTarget* target, WPARAM wParam, LPARAM lParam)
 {
-    using Owner = typename MemberOf<decltype(member)>::Owner;
-    (static_cast<Owner*>(target)->*member)(static_cast<UINT>(wParam), lParam);
+    (static_cast<Class*>(target)->*member)(static_cast<UINT>(wParam), lParam);
     return 0;
 }
 
-template <auto member>
+template <class Class, auto member>
 LRESULT CallGetDlgCode(CCmdTarget* target, WPARAM, LPARAM)
 {
-    using Owner = typename MemberOf<decltype(member)>::Owner;
-    return static_cast<LRESULT>((static_cast<Owner*>(target)->*member)());
+    return static_cast<LRESULT>((static_cast<Class*>(target)->*member)());
 }
 
-template <auto member>
+template <class Class, auto member>
 LRESULT CallNcCreate(CCmdTarget* target, WPARAM, LPARAM lParam)
 {
-    using Owner = typename MemberOf<decltype(member)>::Owner;
-    return (static_cast<Owner*>(target)->*member)(reinterpret_cast<LPCREATESTRUCTW>(lParam));
+    return (static_cast<Class*>(target)->*member)(reinterpret_cast<LPCREATESTRUCTW>(lParam));
 }
 }  // namespace afx_detail
 
@@ -113,7 +99,7 @@ protected:                                        \
     }
 
 #define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \
-    {WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, &afx_detail::CallCommand<memberFxn>},
+    {WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, &afx_detail::CallCommand<ThisClass, memberFxn>},
 #define ON_CONTROL(wNotifyCode, id, memberFxn) ON_CONTROL_RANGE(wNotifyCode, id, id, memberFxn)
 // Menu commands have the notification code 0, as BN_CLICKED has.
 #define ON_COMMAND(id, memberFxn) ON_CONTROL(0, id, memberFxn)
@@ -122,7 +108,9 @@ protected:                                        \
 #define ON_LBN_SELCHANGE(id, memberFxn) ON_CONTROL(LBN_SELCHANGE, id, memberFxn)
 #define ON_CBN_SELCHANGE(id, memberFxn) ON_CONTROL(CBN_SELCHANGE, id, memberFxn)
 
-#define ON_WM_CHAR() {WM_CHAR, 0, 0, 0, &afx_detail::CallChar<&ThisClass::OnChar>},
-#define ON_WM_GETDLGCODE() {WM_GETDLGCODE, 0, 0, 0, &afx_detail::CallGetDlgCode<&ThisClass::OnGetDlgCode>},
-#define ON_WM_NCCREATE() {WM_NCCREATE, 0, 0, 0, &afx_detail::CallNcCreate<&ThisClass::OnNcCreate>},
-#define ON_WM_SYSCOMMAND() {WM_SYSCOMMAND, 0, 0, 0, &afx_detail::CallSysCommand<&ThisClass::OnSysCommand>},
+#define ON_WM_CHAR() {WM_CHAR, 0, 0, 0, &afx_detail::CallChar<ThisClass, &ThisClass::OnChar>},
+#define ON_WM_GETDLGCODE() \
+    {WM_GETDLGCODE, 0, 0, 0, &afx_detail::CallGetDlgCode<ThisClass, &ThisClass::OnGetDlgCode>},
+#define ON_WM_NCCREATE() {WM_NCCREATE, 0, 0, 0, &afx_detail::CallNcCreate<ThisClass, &ThisClass::OnNcCreate>},
+#define ON_WM_SYSCOMMAND() \
+    {WM_SYSCOMMAND, 0, 0, 0, &afx_detail::CallSysCommand<ThisClass, &ThisClass::OnSysCommand>},
