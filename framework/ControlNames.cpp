@@ -1,5 +1,7 @@
 #include "framework/ControlNames.h"
 
+#include <atlbase.h>
+
 namespace
 {
 // PROPID_ACC_NAME, which some versions of the headers lack.
@@ -10,12 +12,10 @@ constexpr DWORD Object = static_cast<DWORD>(OBJID_CLIENT);
 // The window property that holds the dialog's original window procedure.
 constexpr LPCTSTR Procedure = _T("Procedure behind the names");
 
-IAccPropServices* OpenService()
+bool Open(CComPtr<IAccPropServices>& service)
 {
-    IAccPropServices* service = nullptr;
-    CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER, AccPropServicesInterface,
-                     reinterpret_cast<void**>(&service));
-    return service;
+    return SUCCEEDED(CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER,
+                                      AccPropServicesInterface, reinterpret_cast<void**>(&service.p)));
 }
 
 // The system keeps an accessible name after its window is destroyed unless it is cleared before that.
@@ -26,14 +26,14 @@ LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM 
     {
         SetWindowLongPtrW(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
         RemovePropW(dialog, Procedure);
-        if (IAccPropServices* service = OpenService())
+        CComPtr<IAccPropServices> service;
+        if (Open(service))
         {
             for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
                  control = GetWindow(control, GW_HWNDNEXT))
             {
                 service->ClearHwndProps(control, Object, CHILDID_SELF, &NameProperty, 1);
             }
-            service->Release();
         }
     }
     return CallWindowProcW(procedure, dialog, message, wParam, lParam);
@@ -42,8 +42,8 @@ LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 void NameControls(const CWnd& dialog, const ControlNames& names)
 {
-    IAccPropServices* service = names.empty() ? nullptr : OpenService();
-    if (service == nullptr)
+    CComPtr<IAccPropServices> service;
+    if (names.empty() || !Open(service))
     {
         return;
     }
@@ -53,7 +53,6 @@ void NameControls(const CWnd& dialog, const ControlNames& names)
         service->SetHwndPropStr(dialog.GetDlgItem(id)->m_hWnd, Object, CHILDID_SELF, NameProperty,
                                 const_cast<LPWSTR>(name));
     }
-    service->Release();
     SetPropW(dialog.m_hWnd, Procedure,
              reinterpret_cast<HANDLE>(GetWindowLongPtrW(dialog.m_hWnd, GWLP_WNDPROC)));
     SetWindowLongPtrW(dialog.m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(TakeNamesBack));

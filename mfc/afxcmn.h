@@ -7,8 +7,6 @@
 
 class CToolTipCtrl : public CWnd
 {
-    DECLARE_DYNAMIC(CToolTipCtrl)
-
 public:
     // FALSE if the control could not be created.
     BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);

@@ -65,7 +65,7 @@ class CPropertySheet : public CWnd
     DECLARE_DYNAMIC(CPropertySheet)
 
 public:
-    explicit CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd = nullptr, UINT iSelectPage = 0);
+    explicit CPropertySheet(LPCTSTR pszCaption);
 
     PROPSHEETHEADERW m_psh = {};
 
@@ -95,7 +95,6 @@ private:
     void Fit();
 
     CString m_strCaption;
-    CWnd* m_pParentWnd;
     std::vector<CPropertyPage*> m_pages;
     HWND m_hWndShown = nullptr;  // the focused control that was last scrolled into view
     // The layout that the common control made: the window's size, its client area, and the places of the tab
@@ -115,15 +114,15 @@ public:
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
 
-    OPENFILENAMEW m_ofn = {};
-
     // IDOK or IDCANCEL; also IDCANCEL if the dialog could not be shown.
     INT_PTR DoModal();
     // The full path of the chosen file; empty unless DoModal returned IDOK.
     CString GetPathName() const { return m_strPathName; }
 
 private:
-    TCHAR m_szFileName[MAX_PATH] = {};  // the initial name; m_ofn.lpstrFile points to it
+    CString m_strDefExt;
+    CString m_strFileName;  // the initial name
+    DWORD m_dwFlags;
     CString m_strFilter;
     CString m_strPathName;
     CWnd* m_pParentWnd;

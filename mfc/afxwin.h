@@ -86,8 +86,6 @@ protected:
 
     afx_msg BOOL OnNcCreate(LPCREATESTRUCTW) { return static_cast<BOOL>(Default()); }
 
-    DECLARE_MESSAGE_MAP()
-
     BOOL m_bContinueModal = FALSE;
     int m_nModalResult = 0;
 
@@ -100,13 +98,10 @@ private:
 
 class CStatic : public CWnd
 {
-    DECLARE_DYNAMIC(CStatic)
 };
 
 class CButton : public CWnd
 {
-    DECLARE_DYNAMIC(CButton)
-
 public:
     int GetCheck() { return static_cast<int>(SendMessage(BM_GETCHECK)); }
 };
@@ -118,8 +113,6 @@ class CEdit : public CWnd
 
 class CListBox : public CWnd
 {
-    DECLARE_DYNAMIC(CListBox)
-
 public:
     int AddString(LPCTSTR lpszItem);
     // -1 clears the selection.
@@ -128,8 +121,6 @@ public:
 
 class CComboBox : public CWnd
 {
-    DECLARE_DYNAMIC(CComboBox)
-
 public:
     int AddString(LPCTSTR lpszString);
     int SetCurSel(int nSelect);
@@ -173,15 +164,11 @@ INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
 // loop follows, whatever InitInstance returns.
 class CWinApp : public CCmdTarget
 {
-    DECLARE_DYNAMIC(CWinApp)
-
 public:
     // A null name stands for the program file's name without its extension.
     explicit CWinApp(LPCTSTR lpszAppName = nullptr);
-    ~CWinApp() override;
 
     virtual BOOL InitInstance() { return TRUE; }
-    virtual int ExitInstance() { return 0; }
 
     CString m_strAppName;
     CWnd* m_pMainWnd = nullptr;  // not owned
@@ -192,8 +179,6 @@ protected:
     void SetRegistryKey(LPCTSTR) {}
     // There is no help file, so the command does nothing.
     afx_msg void OnHelp() {}
-
-    DECLARE_MESSAGE_MAP()
 };
 
 CWinApp* AfxGetApp();

@@ -1,11 +1,6 @@
 #include "afxcmn.h"
 
-IMPLEMENT_DYNAMIC(CStatic, CWnd)
-IMPLEMENT_DYNAMIC(CButton, CWnd)
 IMPLEMENT_DYNAMIC(CEdit, CWnd)
-IMPLEMENT_DYNAMIC(CListBox, CWnd)
-IMPLEMENT_DYNAMIC(CComboBox, CWnd)
-IMPLEMENT_DYNAMIC(CToolTipCtrl, CWnd)
 
 int CListBox::AddString(LPCTSTR lpszItem)
 {

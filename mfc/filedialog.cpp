@@ -1,4 +1,5 @@
 #include "afxdlgs.h"
+#include "atlbase.h"
 
 #include <objbase.h>
 #include <shobjidl.h>
@@ -7,30 +8,6 @@
 
 namespace
 {
-// Owns a reference to a COM object and releases it in the destructor.
-template <class Interface>
-class ComPointer
-{
-public:
-    ComPointer() = default;
-    ~ComPointer()
-    {
-        if (m_pointer != nullptr)
-        {
-            m_pointer->Release();
-        }
-    }
-    ComPointer(const ComPointer&) = delete;
-    ComPointer& operator=(const ComPointer&) = delete;
-
-    Interface* operator->() const { return m_pointer; }
-    Interface** Receive() { return &m_pointer; }
-    void** ReceiveVoid() { return reinterpret_cast<void**>(&m_pointer); }
-
-private:
-    Interface* m_pointer = nullptr;
-};
-
 // Splits "text|pattern|text|pattern||" in place into pairs that point into it.
 std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
 {
@@ -46,13 +23,12 @@ std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
     return pairs;
 }
 
-CString PathOf(const ComPointer<IFileOpenDialog>& dialog)
+CString PathOf(const CComPtr<IFileOpenDialog>& dialog)
 {
     CString path;
-    ComPointer<IShellItem> item;
+    CComPtr<IShellItem> item;
     LPWSTR text = nullptr;
-    if (SUCCEEDED(dialog->GetResult(item.Receive())) &&
-        SUCCEEDED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
+    if (SUCCEEDED(dialog->GetResult(&item.p)) && SUCCEEDED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
     {
         path = CString(text);
         CoTaskMemFree(text);
@@ -63,23 +39,19 @@ CString PathOf(const ComPointer<IFileOpenDialog>& dialog)
 
 CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags, LPCTSTR lpszFilter,
                          CWnd* pParentWnd, DWORD, BOOL)
-    : m_strFilter(lpszFilter), m_pParentWnd(pParentWnd)
+    : m_strDefExt(lpszDefExt),
+      m_strFileName(lpszFileName),
+      m_dwFlags(dwFlags),
+      m_strFilter(lpszFilter),
+      m_pParentWnd(pParentWnd)
 {
-    m_ofn.Flags = dwFlags;
-    m_ofn.lpstrDefExt = lpszDefExt;
-    m_ofn.lpstrFile = m_szFileName;
-    m_ofn.nMaxFile = MAX_PATH;
-    if (lpszFileName != nullptr)
-    {
-        lstrcpynW(m_szFileName, lpszFileName, MAX_PATH);
-    }
 }
 
 INT_PTR CFileDialog::DoModal()
 {
-    ComPointer<IFileOpenDialog> dialog;
+    CComPtr<IFileOpenDialog> dialog;
     if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_IFileOpenDialog,
-                                dialog.ReceiveVoid())))
+                                reinterpret_cast<void**>(&dialog.p))))
     {
         return IDCANCEL;
     }
@@ -87,7 +59,7 @@ INT_PTR CFileDialog::DoModal()
     dialog->GetOptions(&options);
     // FOS_OVERWRITEPROMPT equals OFN_OVERWRITEPROMPT. The item dialog has no read-only box for
     // OFN_HIDEREADONLY to hide.
-    options |= m_ofn.Flags & OFN_OVERWRITEPROMPT;
+    options |= m_dwFlags & OFN_OVERWRITEPROMPT;
     dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
     const int length = m_strFilter.GetLength();
     const std::vector<COMDLG_FILTERSPEC> filter = SplitFilter(m_strFilter.GetBuffer(length), length);
@@ -95,13 +67,13 @@ INT_PTR CFileDialog::DoModal()
     {
         dialog->SetFileTypes(static_cast<UINT>(filter.size()), filter.data());
     }
-    if (m_ofn.lpstrDefExt != nullptr)
+    if (!m_strDefExt.IsEmpty())
     {
-        dialog->SetDefaultExtension(m_ofn.lpstrDefExt);
+        dialog->SetDefaultExtension(m_strDefExt);
     }
-    if (*m_ofn.lpstrFile != 0)
+    if (!m_strFileName.IsEmpty())
     {
-        dialog->SetFileName(m_ofn.lpstrFile);
+        dialog->SetFileName(m_strFileName);
     }
     if (FAILED(dialog->Show(AfxGetSafeOwner(m_pParentWnd))))
     {

@@ -50,13 +50,11 @@ LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
 }
 }  // namespace
 
-CPropertySheet::CPropertySheet(LPCTSTR pszCaption, CWnd* pParentWnd, UINT iSelectPage)
-    : m_strCaption(pszCaption), m_pParentWnd(pParentWnd)
+CPropertySheet::CPropertySheet(LPCTSTR pszCaption) : m_strCaption(pszCaption)
 {
     m_psh.dwSize = sizeof(m_psh);
     m_psh.dwFlags = PSH_PROPSHEETPAGE;
     m_psh.hInstance = AfxGetInstanceHandle();
-    m_psh.nStartPage = iSelectPage;
 }
 
 BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
@@ -73,10 +71,7 @@ BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
 CPropertyPage* CPropertySheet::GetActivePage()
 {
     const auto window = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
-    const auto found = std::find_if(m_pages.begin(), m_pages.end(), [window](const CPropertyPage* page) {
-        return page->m_hWnd == window && window != nullptr;
-    });
-    return found == m_pages.end() ? nullptr : *found;
+    return static_cast<CPropertyPage*>(FromHandlePermanent(window));
 }
 
 // The common control creates the sheet modeless, because its own modal loop would not call
@@ -92,7 +87,6 @@ int CPropertySheet::DoModal()
     PROPSHEETHEADERW header = m_psh;
     header.dwFlags |= PSH_MODELESS;
     header.pszCaption = m_strCaption;
-    header.hwndParent = m_pParentWnd != nullptr ? AfxGetSafeOwner(m_pParentWnd) : nullptr;
     header.nPages = static_cast<UINT>(pages.size());
     header.ppsp = pages.data();
     g_sheet = this;

@@ -1,10 +1,5 @@
 #include "afxwin.h"
 
-IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
-
-BEGIN_MESSAGE_MAP(CWinApp, CCmdTarget)
-END_MESSAGE_MAP()
-
 namespace
 {
 CWinApp* g_app;
@@ -29,11 +24,6 @@ CWinApp::CWinApp(LPCTSTR lpszAppName)
     : m_strAppName(lpszAppName != nullptr ? CString(lpszAppName) : ProgramName())
 {
     g_app = this;
-}
-
-CWinApp::~CWinApp()
-{
-    g_app = nullptr;
 }
 
 CWinApp* AfxGetApp()

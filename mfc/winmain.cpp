@@ -13,7 +13,6 @@ namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
-    CWinApp* app = AfxGetApp();
-    app->InitInstance();
-    return app->ExitInstance();
+    AfxGetApp()->InitInstance();
+    return 0;
 }

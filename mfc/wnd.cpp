@@ -6,9 +6,6 @@
 
 IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
-BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
-END_MESSAGE_MAP()
-
 namespace
 {
 // The message that the innermost window procedure is processing.
@@ -16,17 +13,8 @@ MSG g_currentMessage;
 // The window that is exchanging data with its controls; null at other times.
 HWND g_lockedOutWindow;
 
-std::map<HWND, CWnd*>& PermanentMap()
-{
-    static std::map<HWND, CWnd*> map;
-    return map;
-}
-
-std::map<HWND, std::unique_ptr<CWnd>>& TemporaryMap()
-{
-    static std::map<HWND, std::unique_ptr<CWnd>> map;
-    return map;
-}
+std::map<HWND, CWnd*> g_permanentMap;
+std::map<HWND, std::unique_ptr<CWnd>> g_temporaryMap;
 }  // namespace
 
 CWnd::~CWnd()
@@ -40,8 +28,8 @@ CWnd::~CWnd()
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd)
 {
-    const auto found = PermanentMap().find(hWnd);
-    return found == PermanentMap().end() ? nullptr : found->second;
+    const auto found = g_permanentMap.find(hWnd);
+    return found == g_permanentMap.end() ? nullptr : found->second;
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd)
@@ -54,7 +42,7 @@ CWnd* CWnd::FromHandle(HWND hWnd)
     {
         return permanent;
     }
-    std::unique_ptr<CWnd>& temporary = TemporaryMap()[hWnd];
+    std::unique_ptr<CWnd>& temporary = g_temporaryMap[hWnd];
     if (temporary == nullptr)
     {
         temporary = std::make_unique<CWnd>();
@@ -65,20 +53,20 @@ CWnd* CWnd::FromHandle(HWND hWnd)
 
 void CWnd::DeleteTempMap()
 {
-    TemporaryMap().clear();
+    g_temporaryMap.clear();
 }
 
 void CWnd::Attach(HWND hWnd)
 {
     m_hWnd = hWnd;
-    PermanentMap()[hWnd] = this;
+    g_permanentMap[hWnd] = this;
     m_pfnSuper = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CWnd::AfxWndProc)));
 }
 
 void CWnd::Detach()
 {
-    PermanentMap().erase(m_hWnd);
+    g_permanentMap.erase(m_hWnd);
     m_hWnd = nullptr;
     m_pfnSuper = nullptr;
 }
@@ -101,23 +89,18 @@ LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM
         return ::DefWindowProcW(hWnd, message, wParam, lParam);
     }
     const MSG outer = g_currentMessage;
-    g_currentMessage = {};
-    g_currentMessage.hwnd = hWnd;
-    g_currentMessage.message = message;
-    g_currentMessage.wParam = wParam;
-    g_currentMessage.lParam = lParam;
+    g_currentMessage = {hWnd, message, wParam, lParam, 0, {}};
 
-    LRESULT result = 0;
+    // WM_NCDESTROY is the window's last message. Its original procedure is restored before the object
+    // detaches.
     if (message == WM_NCDESTROY)
     {
-        // This is the window's last message. Its original procedure is restored before the object detaches.
         SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(window->m_pfnSuper));
-        result = window->WindowProc(message, wParam, lParam);
-        window->Detach();
     }
-    else
+    const LRESULT result = window->WindowProc(message, wParam, lParam);
+    if (message == WM_NCDESTROY)
     {
-        result = window->WindowProc(message, wParam, lParam);
+        window->Detach();
     }
     g_currentMessage = outer;
     return result;

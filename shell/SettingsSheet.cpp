@@ -8,7 +8,7 @@ BEGIN_MESSAGE_MAP(CSettingsSheet, CPropertySheet)
     ON_WM_NCCREATE()
 END_MESSAGE_MAP()
 
-CSettingsSheet::CSettingsSheet(LPCTSTR caption) : CPropertySheet(caption, nullptr, 0)
+CSettingsSheet::CSettingsSheet(LPCTSTR caption) : CPropertySheet(caption)
 {
     m_psh.dwFlags &= ~static_cast<DWORD>(PSH_HASHELP);
     // The taskbar needs an icon to show for the minimised sheet. Windows does not show the "?" button
