@@ -154,23 +154,20 @@ void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
         control = GetWindow(control, GW_HWNDNEXT);
     } while (control != nullptr && (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) == 0);
 
-    const int wanted = value;
-    if (pDX->m_bSaveAndValidate)
-    {
-        value = -1;
-    }
+    int checked = pDX->m_bSaveAndValidate ? -1 : value;
     const int count = static_cast<int>(buttons.size());
     for (int position = 0; position < count; ++position)
     {
         if (!pDX->m_bSaveAndValidate)
         {
-            SendMessageW(buttons[position], BM_SETCHECK, position == wanted ? BST_CHECKED : BST_UNCHECKED, 0);
+            SendMessageW(buttons[position], BM_SETCHECK, position == value ? BST_CHECKED : BST_UNCHECKED, 0);
         }
         else if (SendMessageW(buttons[position], BM_GETCHECK, 0, 0) != BST_UNCHECKED)
         {
-            value = position;
+            checked = position;
         }
     }
+    value = checked;
     // Tab must reach the checked button: any other would check itself and send BN_CLICKED when it gets the
     // focus.
     const int tabStop = value >= 0 && value < count ? value : 0;
