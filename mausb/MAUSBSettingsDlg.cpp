@@ -10,8 +10,7 @@ IMPLEMENT_DYNAMIC(CMAUSBSettingsDlg, CSettingsPage)
 BEGIN_MESSAGE_MAP(CMAUSBSettingsDlg, CSettingsPage)
     ON_CBN_SELCHANGE(IDC_PROTOCOL_VERSION, &CMAUSBSettingsDlg::OnProtocolVersion)
     ON_EN_CHANGE(IDC_MAX_TRANSFER_SIZE, &CMAUSBSettingsDlg::OnMaxUSBTransferSize)
-    ON_BN_CLICKED(IDC_ALIGNMENT_BYTE, &CMAUSBSettingsDlg::OnAlignmentByte)
-    ON_BN_CLICKED(IDC_ALIGNMENT_DWORD, &CMAUSBSettingsDlg::OnAlignmentDword)
+    ON_CONTROL_RANGE(BN_CLICKED, IDC_ALIGNMENT_BYTE, IDC_ALIGNMENT_DWORD, &CMAUSBSettingsDlg::OnAlignment)
     ON_BN_CLICKED(IDC_NEW_ID, &CMAUSBSettingsDlg::OnNewId)
     ON_BN_CLICKED(IDC_REFUSE_SLEEP, &CMAUSBSettingsDlg::OnRefuseSleepRequests)
     ON_BN_CLICKED(IDC_LINK_SLEEP, &CMAUSBSettingsDlg::OnLinkSleepCapability)
@@ -159,10 +158,10 @@ void CMAUSBSettingsDlg::ShowContainerId()
     m_edContainerId.SetWindowText(text);
 }
 
-void CMAUSBSettingsDlg::SetIsochPayloadAlignment(int alignment)
+void CMAUSBSettingsDlg::OnAlignment(UINT id)
 {
     const int before = m_nIsochPayloadAlignment;
-    m_nIsochPayloadAlignment = alignment;
+    m_nIsochPayloadAlignment = id == IDC_ALIGNMENT_DWORD ? AlignedToDword : AlignedToByte;
     MoveAlignmentTabStop();
     UpdateData(TRUE);
     SetModified(m_nIsochPayloadAlignment != before);

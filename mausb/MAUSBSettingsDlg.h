@@ -26,8 +26,7 @@ protected:
 
     afx_msg void OnProtocolVersion() { CheckModified(m_nProtocolVersionIndex); }
     afx_msg void OnMaxUSBTransferSize() { CheckModified(m_nMaxUSBTransferSize); }
-    afx_msg void OnAlignmentByte() { SetIsochPayloadAlignment(AlignedToByte); }
-    afx_msg void OnAlignmentDword() { SetIsochPayloadAlignment(AlignedToDword); }
+    afx_msg void OnAlignment(UINT id);
     afx_msg void OnNewId();
     afx_msg void OnRefuseSleepRequests() { CheckModified(m_nRefuseSleepRequests); }
     afx_msg void OnLinkSleepCapability() { CheckModified(m_nLinkSleepCapability); }
@@ -39,7 +38,6 @@ private:
     static constexpr int AlignedToDword = 4;
 
     void LoadIsochPayloadAlignment();
-    void SetIsochPayloadAlignment(int alignment);
     // Makes the checked radio button the group's tab stop.
     void MoveAlignmentTabStop();
     // Returns false, without changing the ID, if UuidCreate has no network address.

@@ -87,6 +87,7 @@
 #define IDC_MAX_TRANSFER_SIZE_LABEL 1148
 #define IDC_MAX_TRANSFER_SIZE 1149
 #define IDC_ALIGNMENT 1125
+// The two radio buttons must be contiguous: CMAUSBSettingsDlg handles their clicks as one range.
 #define IDC_ALIGNMENT_BYTE 1123
 #define IDC_ALIGNMENT_DWORD 1124
 #define IDC_CONTAINER_ID_GROUP 1131
