@@ -58,7 +58,7 @@ bool CSettingsPage::IsAnyEhciToolInstalled()
 
 bool CSettingsPage::ConcernsInstalledTool() const
 {
-    return m_bAlwaysShown || std::any_of(m_products.begin(), m_products.end(), IsProductInstalled);
+    return m_bAlwaysShown || std::ranges::any_of(m_products, IsProductInstalled);
 }
 
 // The registry operations report no failure, because no page handles one.

@@ -3,13 +3,26 @@
 
 #include "framework/ControlNames.h"
 #include "framework/ProductId.h"
-#include "framework/SettingTable.h"
 
 #include <afxcmn.h>
 #include <afxdlgs.h>
 
 #include <memory>
 #include <vector>
+
+// One number or flag of a page. A page can exchange, read and write a table of these as a whole, in the order
+// of the rows.
+template <class PageType>
+struct NumberSetting
+{
+    using Page = PageType;
+    using Member = int Page::*;
+
+    Member member;
+    WideString name;  // of the REG_DWORD
+    int control;
+    void (*exchange)(CDataExchange*, int, int&) = DDX_Text;  // DDX_Check for a flag
+};
 
 class CSettingsPage : public CPropertyPage
 {

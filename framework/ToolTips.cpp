@@ -7,8 +7,8 @@ void SetUpToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip, const s
     if (toolTip->Create(&window, 0))
     {
         addTips();
-        toolTip->SendMessage(TTM_SETMAXTIPWIDTH, 0, MaxTipWidth);
-        toolTip->SendMessage(TTM_SETDELAYTIME, TTDT_AUTOPOP, TipMilliseconds);
+        toolTip->SendMessage(TTM_SETMAXTIPWIDTH, 0, 300);
+        toolTip->SendMessage(TTM_SETDELAYTIME, TTDT_AUTOPOP, 30000);
         toolTip->SendMessage(TTM_ACTIVATE, TRUE, 0);
     }
 }

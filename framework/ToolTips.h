@@ -5,12 +5,9 @@
 #include <functional>
 #include <memory>
 
-// Tooltips wrap at 300 pixels and are shown for 30 seconds.
-inline constexpr int MaxTipWidth = 300;
-inline constexpr int TipMilliseconds = 30000;
-
-// Creates the window's tooltip control and calls addTips to add the tools. If the control cannot be created,
-// addTips is not called and `toolTip` has no window, so it has no effect.
+// Creates the window's tooltip control and calls addTips to add the tools. Tooltips wrap at 300 pixels and
+// are shown for 30 seconds. If the control cannot be created, addTips is not called and `toolTip` has no
+// window, so it has no effect.
 void SetUpToolTips(CWnd& window, std::unique_ptr<CToolTipCtrl>& toolTip,
                    const std::function<void()>& addTips);
 

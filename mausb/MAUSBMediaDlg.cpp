@@ -60,26 +60,6 @@ CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
 void CMAUSBMediaDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
-    BindControls(pDX);
-    DDX_Check(pDX, IDC_NETWORK_LOG, m_nNetworkLevelLog);
-    DDX_Text(pDX, IDC_TCP_CLIENT_ADDRESS, m_strDefaultIPAddressTCPClient);
-    DDX_Radio(pDX, IDC_NETWORK_TCP, m_nNetworkType);
-    DDX_Text(pDX, IDC_MAC_ADDRESS, m_strMACAddr);
-    DDX_Text(pDX, IDC_MAX_BYTES_TO_LOG, m_nMaxBytesToLog);
-    DDX_Text(pDX, IDC_UDP_ADDRESS, m_strDefaultIPAddressUDP);
-    DDX_Text(pDX, IDC_UDP_PORT, m_nDefaultPortNumberUDP);
-    DDX_Hex(pDX, IDC_SNAP_OUI, m_nSnapIdOUI);
-    DDX_Hex(pDX, IDC_SNAP_PID, m_nSnapIdPID);
-    DDX_Text(pDX, IDC_TCP_PACKET_SIZE, m_nMaxPacketSizeTCP);
-    DDX_Text(pDX, IDC_UDP_PACKET_SIZE, m_nMaxPacketSizeUDP);
-    DDX_Text(pDX, IDC_SNAP_PACKET_SIZE, m_nMaxPacketSizeSNAP);
-    DDX_Check(pDX, IDC_USE_UDP_FOR_ISOCH, m_nUseUDPForIsoch);
-    DDX_Text(pDX, IDC_ISOCH, m_nIsoch);
-    DDX_Text(pDX, IDC_MAX_ISOCH, m_nMaxIsoch);
-}
-
-void CMAUSBMediaDlg::BindControls(CDataExchange* pDX)
-{
     DDX_Control(pDX, IDC_NETWORK_LOG, m_btnNetworkLevelLog);
     DDX_Control(pDX, IDC_MAX_BYTES_TO_LOG_LABEL, m_stMaxBytesToLog);
     DDX_Control(pDX, IDC_MAX_BYTES_TO_LOG, m_edMaxBytesToLog);
@@ -111,6 +91,21 @@ void CMAUSBMediaDlg::BindControls(CDataExchange* pDX)
     DDX_Control(pDX, IDC_SNAP_PID, m_edSnapIdPID);
     DDX_Control(pDX, IDC_SNAP_PACKET_SIZE_LABEL, m_stMaxPacketSizeSNAP);
     DDX_Control(pDX, IDC_SNAP_PACKET_SIZE, m_edMaxPacketSizeSNAP);
+    DDX_Check(pDX, IDC_NETWORK_LOG, m_nNetworkLevelLog);
+    DDX_Text(pDX, IDC_TCP_CLIENT_ADDRESS, m_strDefaultIPAddressTCPClient);
+    DDX_Radio(pDX, IDC_NETWORK_TCP, m_nNetworkType);
+    DDX_Text(pDX, IDC_MAC_ADDRESS, m_strMACAddr);
+    DDX_Text(pDX, IDC_MAX_BYTES_TO_LOG, m_nMaxBytesToLog);
+    DDX_Text(pDX, IDC_UDP_ADDRESS, m_strDefaultIPAddressUDP);
+    DDX_Text(pDX, IDC_UDP_PORT, m_nDefaultPortNumberUDP);
+    DDX_Hex(pDX, IDC_SNAP_OUI, m_nSnapIdOUI);
+    DDX_Hex(pDX, IDC_SNAP_PID, m_nSnapIdPID);
+    DDX_Text(pDX, IDC_TCP_PACKET_SIZE, m_nMaxPacketSizeTCP);
+    DDX_Text(pDX, IDC_UDP_PACKET_SIZE, m_nMaxPacketSizeUDP);
+    DDX_Text(pDX, IDC_SNAP_PACKET_SIZE, m_nMaxPacketSizeSNAP);
+    DDX_Check(pDX, IDC_USE_UDP_FOR_ISOCH, m_nUseUDPForIsoch);
+    DDX_Text(pDX, IDC_ISOCH, m_nIsoch);
+    DDX_Text(pDX, IDC_MAX_ISOCH, m_nMaxIsoch);
 }
 
 void CMAUSBMediaDlg::InitToolTips()

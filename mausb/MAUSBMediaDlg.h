@@ -33,7 +33,6 @@ private:
     static constexpr int NetworkTCP = 0;
     static constexpr int NetworkUDP = 1;
 
-    void BindControls(CDataExchange* pDX);
     // Calls visit(value name, member, control) for all values of this page except NetworkType, in the order
     // in which they are stored.
     template <class Visit>

@@ -68,9 +68,7 @@ bool LoadPortTable(PortTable& table, const WideString& name)
         ReadPacketType(portKey.Get(), entry.PacketType);
         table.push_back(entry);
     }
-    std::stable_sort(table.begin(), table.end(), [](const PortEntry& left, const PortEntry& right) {
-        return left.PacketType < right.PacketType;
-    });
+    std::ranges::stable_sort(table, {}, &PortEntry::PacketType);
     return status == ERROR_NO_MORE_ITEMS;
 }
 
@@ -83,7 +81,7 @@ bool SavePortTable(const PortTable& table, const WideString& name)
     {
         return false;
     }
-    return std::all_of(table.begin(), table.end(), [&key](const PortEntry& entry) {
+    return std::ranges::all_of(table, [&key](const PortEntry& entry) {
         return entry.PortNumber == 0 || WritePort(key.Get(), entry);
     });
 }

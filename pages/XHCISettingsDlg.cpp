@@ -3,7 +3,6 @@
 #include "resource.h"
 
 #include <algorithm>
-#include <iterator>
 
 IMPLEMENT_DYNAMIC(CXHCISettingsDlg, CSettingsPage)
 
@@ -47,8 +46,7 @@ const CXHCISettingsDlg::Setting CXHCISettingsDlg::Settings[] = {
 
 const CXHCISettingsDlg::Setting& CXHCISettingsDlg::SettingOf(Member member)
 {
-    return *std::find_if(std::begin(Settings), std::end(Settings),
-                         [member](const Setting& setting) { return setting.member == member; });
+    return *std::ranges::find(Settings, member, &Setting::member);
 }
 
 CXHCISettingsDlg::CXHCISettingsDlg() : CSettingsPage(IDD_XHCI_SETTINGS)
