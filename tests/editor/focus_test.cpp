@@ -34,7 +34,13 @@ TEST_F(FocusTest, SheetRestoresAFocusThatIsLost)
 {
     const Editor sheet;
     const HWND box = sheet.Control(IDC_CERTIFICATION_MODE);
-    const std::function<void()> losses[] = {[box] { EnableWindow(box, FALSE); },
+    EXPECT_EQ(GetFocus(), box);
+    sheet.Click(IDC_CERTIFICATION_MODE);
+    const auto apply = [&sheet] {
+        SetFocus(sheet.ApplyButton());
+        sheet.Apply();
+    };
+    const std::function<void()> losses[] = {apply, [box] { EnableWindow(box, FALSE); },
                                             [box] { ShowWindow(box, SW_HIDE); }, [] { SetFocus(nullptr); }};
     for (const std::function<void()>& lose : losses)
     {

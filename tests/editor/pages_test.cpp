@@ -1,4 +1,4 @@
-// General Settings: the log levels in the list, and Apply. Drivers & Firmware: which groups are enabled, how
+// General Settings: the log levels in the list. Drivers & Firmware: which groups are enabled, how
 // a switch enables its path, and Browse.
 #include "resource.h"
 #include "support/scripts.h"
@@ -73,21 +73,6 @@ TEST_F(GeneralTest, LogLevelIsLimitedAtLoadToTheLevelsInTheList)
         EXPECT_EQ(Stored(keys::Bench, _T("QBLogVerbosity")), Dword(static_cast<DWORD>(shown)));
     }
     AllowDiagnostic("");
-}
-
-TEST_F(GeneralTest, ApplyPassesTheFocusOnAndCancelDropsLaterChanges)
-{
-    const Editor sheet;
-    EXPECT_EQ(sheet.Title(), SheetTitle);
-    EXPECT_EQ(GetFocus(), sheet.Control(IDC_CERTIFICATION_MODE));
-    sheet.Click(IDC_CERTIFICATION_MODE);
-    EXPECT_FALSE(KeyExists(keys::Bench));
-    SetFocus(sheet.ApplyButton());
-    sheet.Apply();
-    EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsWindowVisible(GetFocus()));
-    sheet.Click(IDC_CERTIFICATION_MODE);
-    sheet.Cancel();
-    EXPECT_EQ(Stored(keys::Bench, _T("CertificationMode")), Dword(1));
 }
 
 TEST_F(DriversTest, StackIsEnabledForItsToolsAndItsPathByItsSwitch)

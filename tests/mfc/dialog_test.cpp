@@ -6,19 +6,10 @@
 #include <afxdlgs.h>
 #include <prsht.h>
 
+#include <memory>
+
 namespace
 {
-// Shows the sheet with both pages, and runs the script on it.
-void RunSheet(CPropertySheet& sheet, CPropertyPage& first, CPropertyPage& second,
-              const std::function<void(const Sheet&)>& script)
-{
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
-    WithDialog(
-        _T("Trial"), [&sheet] { sheet.DoModal(); },
-        [&script](const Form& form) { script(Sheet(form.Window())); });
-}
-
 HWND MakeWindow(const RECT& place, HWND owner)
 {
     return CreateWindowExW(0, _T("Static"), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
@@ -53,20 +44,6 @@ TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
     calls::Reset();
 }
 
-TEST(SheetTest, MarksNoPageWithoutAWindow)
-{
-    CPropertySheet sheet(_T("Trial"));
-    CPropertyPage first(IDD_WAIVERS);
-    CPropertyPage second(IDD_CHAPTER9);
-    first.SetModified(TRUE);
-    second.SetModified(TRUE);
-    RunSheet(sheet, first, second, [](const Sheet& shown) {
-        EXPECT_FALSE(shown.CanApply());
-        SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
-        EXPECT_FALSE(shown.CanApply());
-    });
-}
-
 TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
 {
     // A template whose window class does not exist.
@@ -76,11 +53,32 @@ TEST(SheetTest, PageThatCannotBeMadeLeavesTheNextWindowAlone)
     CPropertyPage bad(IDD_WAIVERS);
     bad.GetPSP().dwFlags |= PSP_DLGINDIRECT;
     bad.GetPSP().pResource = reinterpret_cast<LPCDLGTEMPLATEW>(noSuchClass);
-    RunSheet(sheet, good, bad, [&bad](const Sheet& shown) {
+    sheet.AddPage(&good);
+    sheet.AddPage(&bad);
+    const auto open = [&sheet] { sheet.DoModal(); };
+    WithDialog(_T("Trial"), open, [&bad](const Form& shown) {
         SendMessageW(shown.Window(), PSM_SETCURSEL, 1, 0);
         EXPECT_EQ(bad.m_hWnd, nullptr);
-        WithDialog(
-            _T("Box"), [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); },
-            [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
+        const auto show = [&shown] { MessageBoxW(shown.Window(), _T("text"), _T("Box"), MB_OKCANCEL); };
+        WithDialog(_T("Box"), show,
+                   [](const Form& box) { EXPECT_EQ(CWnd::FromHandlePermanent(box.Window()), nullptr); });
     });
+}
+
+TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
+{
+    struct Panel : CWnd
+    {
+        BOOL OnCommand(WPARAM, LPARAM) override { return DestroyWindow(); }
+    };
+    auto panel = std::make_unique<Panel>();
+    HWND window = MakeWindow({0, 0, 9, 9}, nullptr);
+    panel->SubclassWindow(window);
+    SendMessageW(window, WM_COMMAND, 1, 0);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(panel->m_hWnd, nullptr);
+    window = MakeWindow({0, 0, 9, 9}, nullptr);
+    panel->SubclassWindow(window);
+    panel.reset();
+    EXPECT_FALSE(IsWindow(window)) << "the object destroys its window";
 }

@@ -178,10 +178,10 @@ void StoreTree(const Tree& tree)
 
 void ClearSettings()
 {
+    const calls::Pause pause;
     calls::Reset();
     for (const Text& root : Roots)
     {
         RegDeleteTreeW(HKEY_LOCAL_MACHINE, root.c_str());
     }
-    calls::Reset();
 }
