@@ -88,17 +88,16 @@ void MakeProductKeyPath(WideString& path, const ProductId& product)
     path = WideString(FamilyRoot) + _T("\\") + product;
 }
 
-void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number)
+DWORD ReadRegistryNumber(const WideString& key, const WideString& name, DWORD number)
 {
     const RegistryKey opened(key, KeyRead);
     // A copy, because a failed query may change its buffer.
-    DWORD word = number;
-    DWORD size = sizeof(word);
-    if (opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,
-                                            reinterpret_cast<BYTE*>(&word), &size) == ERROR_SUCCESS)
-    {
-        number = word;
-    }
+    DWORD stored = number;
+    DWORD size = sizeof(stored);
+    const bool isRead =
+        opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,
+                                            reinterpret_cast<BYTE*>(&stored), &size) == ERROR_SUCCESS;
+    return isRead ? stored : number;
 }
 
 void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer)

@@ -49,9 +49,9 @@ bool ReadRegistryString(const WideString& key, const WideString& name, WideStrin
 // WriteRegistryDword does.
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text);
 
-// Reads a value of up to four bytes and any type into the low bytes of `number`. If the value is missing or
-// longer, `number` does not change.
-void ReadRegistryNumber(const WideString& key, const WideString& name, DWORD& number);
+// Returns `number` with its low bytes replaced by a value of up to four bytes and any type. If the value is
+// missing or longer, returns `number` unchanged.
+DWORD ReadRegistryNumber(const WideString& key, const WideString& name, DWORD number);
 
 // Copies at most `size` bytes of a value of any type. The rest of the buffer does not change.
 void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer);

@@ -76,9 +76,7 @@ void CSettingsPage::WriteBinaryValue(const WideString& key, const WideString& na
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, int& member)
 {
-    auto number = static_cast<DWORD>(member);
-    ReadRegistryNumber(key, name, number);
-    member = static_cast<int>(number);
+    member = static_cast<int>(ReadRegistryNumber(key, name, static_cast<DWORD>(member)));
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const int& member)
@@ -88,9 +86,7 @@ void CSettingsPage::WriteValue(const WideString& key, const WideString& name, co
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, UINT& member)
 {
-    DWORD number = member;
-    ReadRegistryNumber(key, name, number);
-    member = number;
+    member = ReadRegistryNumber(key, name, member);
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const UINT& member)
@@ -112,9 +108,7 @@ void CSettingsPage::WriteValue(const WideString& key, const WideString& name, co
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, bool& member)
 {
-    DWORD number = 0;
-    ReadRegistryNumber(key, name, number);
-    member = number != 0;
+    member = ReadRegistryNumber(key, name, 0) != 0;
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const bool& member)

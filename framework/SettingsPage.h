@@ -1,4 +1,3 @@
-// The base class of all pages. It defines when settings are loaded, shown, marked as modified and stored.
 #pragma once
 
 #include "framework/ControlNames.h"
@@ -24,6 +23,7 @@ struct NumberSetting
     void (*exchange)(CDataExchange*, int, int&) = DDX_Text;  // DDX_Check for a flag
 };
 
+// The base class of all pages. It defines when settings are loaded, shown, marked as modified and stored.
 class CSettingsPage : public CPropertyPage
 {
     DECLARE_DYNAMIC(CSettingsPage)

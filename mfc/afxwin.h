@@ -43,7 +43,7 @@ public:
     BOOL DestroyWindow() { return m_hWnd != nullptr && ::DestroyWindow(m_hWnd); }
 
     // Null if the window has no such child.
-    CWnd* GetDlgItem(int nID) const;
+    CWnd* GetDlgItem(int nID) const { return FromHandle(::GetDlgItem(m_hWnd, nID)); }
     // If the control has the focus when it is disabled, the focus moves to the next control of the dialog.
     BOOL EnableWindow(BOOL bEnable = TRUE);
     // Removes styles, then adds some. FALSE if this changes nothing.
@@ -116,14 +116,14 @@ class CListBox : public CWnd
 public:
     int AddString(LPCTSTR lpszItem);
     // -1 clears the selection.
-    int SetCurSel(int nSelect);
+    int SetCurSel(int nSelect) { return static_cast<int>(SendMessage(LB_SETCURSEL, nSelect)); }
 };
 
 class CComboBox : public CWnd
 {
 public:
     int AddString(LPCTSTR lpszString);
-    int SetCurSel(int nSelect);
+    int SetCurSel(int nSelect) { return static_cast<int>(SendMessage(CB_SETCURSEL, nSelect)); }
     // CB_ERR if nothing is selected.
     int GetCurSel() { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
     // CB_ERR if there is no such item. The search begins after nStartAfter and wraps around.

@@ -7,19 +7,9 @@ int CListBox::AddString(LPCTSTR lpszItem)
     return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszItem)));
 }
 
-int CListBox::SetCurSel(int nSelect)
-{
-    return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(nSelect)));
-}
-
 int CComboBox::AddString(LPCTSTR lpszString)
 {
     return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszString)));
-}
-
-int CComboBox::SetCurSel(int nSelect)
-{
-    return static_cast<int>(SendMessage(CB_SETCURSEL, static_cast<WPARAM>(nSelect)));
 }
 
 int CComboBox::FindStringExact(int nStartAfter, LPCTSTR lpszString)

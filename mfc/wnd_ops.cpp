@@ -3,11 +3,6 @@
 
 #include <algorithm>
 
-CWnd* CWnd::GetDlgItem(int nID) const
-{
-    return m_hWnd == nullptr ? nullptr : FromHandle(::GetDlgItem(m_hWnd, nID));
-}
-
 BOOL CWnd::EnableWindow(BOOL bEnable)
 {
     if (!bEnable && m_hWnd != nullptr && GetFocus() == m_hWnd)
