@@ -1,7 +1,6 @@
-// The time that the editor adds to the registry's own calls. Each load or save runs once while its calls are
-// recorded; then the editor and the recorded calls alone take turns, so that a disturbance meets both. The
-// tests' list of calls is not used here: it would take longer than some of the calls. Argument: the seconds
-// for each measure; 0 makes the fewest runs, and of the pages only.
+// Measures the time that the editor adds to the registry calls. Each load or save runs once while its calls
+// are recorded. Then the editor and the bare calls run in turn, so that a disturbance affects both. Argument:
+// the seconds for each measure; 0 runs each measure of the pages a few times and leaves out the others.
 #include "driver/inprocess.h"
 #include "driver/interpose.h"
 #include "framework/SettingsPage.h"
@@ -20,18 +19,18 @@
 namespace
 {
 constexpr size_t LeastRuns = 3;
-// A page is made anew after so many, because its port tables grow with every load.
+// After so many runs the page is created again, because its port tables grow with every load.
 constexpr size_t RunsOfOne = 32;
 constexpr UINT MostPorts = 65535;
 
 using Call = std::function<void()>;
 
-// Where the calls are noted, while they are.
+// Receives the calls; null while none are recorded.
 std::vector<Call>* g_notes = nullptr;
-// The keys that the noted calls, made again, have open. What the editor opened last it closes first.
+// The keys that the repeated calls have opened. The editor closes its keys in reverse order.
 std::vector<HKEY> g_open;
 
-// Each makes of an argument what gives it again for a call made later.
+// Each of these keeps an argument of a call: the result returns it for the repeated call.
 template <class Value, class All>
 auto Keep(Value value, const All&)
 {
@@ -58,7 +57,7 @@ auto Keep(LPCWSTR text, const All&)
     };
 }
 
-// The bytes to store, whose count is the last argument.
+// The bytes to store; the last argument is their count.
 template <class All>
 auto Keep(const BYTE* data, const All& all)
 {
@@ -67,7 +66,7 @@ auto Keep(const BYTE* data, const All& all)
     };
 }
 
-// What comes out, and the size that goes in before.
+// A buffer for output, or a size for input and output.
 template <class Unit, class All>
 auto Keep(Unit* output, const All&)
 {
@@ -77,7 +76,7 @@ auto Keep(Unit* output, const All&)
     };
 }
 
-// Makes the system's call, and notes it while notes are taken.
+// Calls the system's function, and records the call if g_notes is set.
 template <const char* Name, class... Arguments>
 LSTATUS WINAPI Noted(Arguments... arguments)
 {
@@ -85,7 +84,7 @@ LSTATUS WINAPI Noted(Arguments... arguments)
     if (g_notes != nullptr)
     {
         g_notes->push_back([... kept = Keep(arguments, std::tie(arguments...))] {
-            // Braces evaluate in order: the key that is open, then the place for the key that the call opens.
+            // In braces the arguments are evaluated in order: the open key before the key to be opened.
             std::apply(own, std::tuple<Arguments...>{kept()...});
             if (sizeof...(Arguments) == 1)
             {
@@ -115,7 +114,7 @@ namespace
 {
 double g_milliseconds = 1000;  // for each measure
 
-// Of the editor and of the bare calls.
+// The medians of the editor and of the bare calls.
 using Medians = std::pair<double, double>;
 
 Medians Measure(const std::string& name, const std::function<Call()>& prepare)
@@ -152,13 +151,13 @@ Medians Measure(const std::string& name, const std::function<Call()>& prepare)
     return medians;
 }
 
-// Opens one operation of all pages.
+// Makes an operation public.
 struct Page : CSettingsPage
 {
     using CSettingsPage::LoadSettings;
 };
 
-// Opens the page of that number in a sheet of its own.
+// Opens a new sheet with this page in front.
 std::shared_ptr<Editor> OpenPage(int index)
 {
     auto editor = std::make_shared<Editor>();
@@ -180,7 +179,7 @@ void MeasurePages()
         const std::string name(title.begin(), title.end());
         Measure(name + ", load", [index]() -> Call {
             const auto editor = OpenPage(index);
-            PageOf(*editor)->OnApply();  // a load finds all values
+            PageOf(*editor)->OnApply();  // stores all values, so that the load finds them
             return [editor] { (PageOf(*editor)->*&Page::LoadSettings)(); };
         });
         Measure(name + ", Apply",
