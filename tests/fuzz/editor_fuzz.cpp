@@ -4,6 +4,7 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
+#include <fuzzer/FuzzedDataProvider.h>
 #include <prsht.h>
 
 #include <algorithm>
@@ -27,6 +28,33 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+// A few bytes, or up to 255, or many equal ones. Wine's text layout reads invalid addresses for some
+// characters beyond Latin-1, so a text has none of those.
+StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
+{
+    const auto form = input.ConsumeIntegralInRange<size_t>(0, 7);
+    const size_t count = form < 6 ? form : input.ConsumeIntegral<BYTE>();
+    StoredValue value = {input.ConsumeIntegralInRange<DWORD>(0, 11), {}};
+    value.data = form != 6 ? input.ConsumeBytes<BYTE>(count) : std::vector<BYTE>(count * 64, BYTE{'x'});
+    for (size_t index = 1; isText && index < value.data.size(); index += 2)
+    {
+        value.data[index] = 0;
+    }
+    return value;
+}
+
+// Mostly digits, which the names of ports are.
+Text AnyName(FuzzedDataProvider& input)
+{
+    Text name(input.ConsumeIntegralInRange<size_t>(0, 15), _T('0'));
+    for (TCHAR& character : name)
+    {
+        const auto byte = input.ConsumeIntegral<BYTE>();
+        character = static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
+    }
+    return name;
+}
+
 struct Place
 {
     Text key;  // any subkey of it if it ends in a backslash
@@ -35,71 +63,16 @@ struct Place
 };
 using Places = std::vector<Place>;
 
-// Makes values out of the fuzzer's bytes. After the last byte it reads zeros.
-class Input
+void StoreAll(FuzzedDataProvider& input, const Places& places)
 {
-public:
-    Input(const uint8_t* data, size_t size) : m_bytes(data, data + size) {}
-
-    Text Line()
+    while (input.remaining_bytes() > 0)
     {
-        const auto end = std::find(m_bytes.begin(), m_bytes.end(), '\n');
-        m_at = std::min(m_bytes.size(), static_cast<size_t>(end - m_bytes.begin()) + 1);
-        return {m_bytes.begin(), end};
+        const auto choice = input.ConsumeIntegralInRange<size_t>(0, places.size());
+        const auto& [key, name, isText] = places[choice % places.size()];
+        const Text subkey = key.back() == _T('\\') ? AnyName(input) : Text();
+        Store(key + subkey, choice < places.size() ? name : AnyName(input), AnyValue(input, isText));
     }
-    BYTE Byte() { return m_at < m_bytes.size() ? m_bytes[m_at++] : BYTE{0}; }
-    void StoreAll(const Places& places)
-    {
-        while (m_at < m_bytes.size())
-        {
-            const size_t choice = Byte() % (places.size() + 1);
-            const auto& [key, name, isText] = places[choice % places.size()];
-            const Text subkey = key.back() == _T('\\') ? Name() : Text();
-            const Text any = choice < places.size() ? name : Name();
-            Store(key + subkey, any, Value(isText));
-        }
-    }
-
-private:
-    // A few bytes, or up to 255, or many equal ones. Wine's text layout reads invalid addresses for some
-    // characters beyond Latin-1, so a text has none of those.
-    StoredValue Value(bool isText)
-    {
-        const BYTE form = Byte();
-        const size_t count = form % 8 < 6 ? form % 8 : Byte();
-        StoredValue value = {form / 8U % 12, {}};
-        if (form % 8 == 6)
-        {
-            value.data.assign(count * 64, Byte() | 0x40);
-        }
-        else
-        {
-            for (size_t index = 0; index < count; ++index)
-            {
-                value.data.push_back(Byte());
-            }
-        }
-        for (size_t index = 1; isText && index < value.data.size(); index += 2)
-        {
-            value.data[index] = 0;
-        }
-        return value;
-    }
-    // Mostly digits, which the names of ports are.
-    Text Name()
-    {
-        Text name(Byte() % 16, _T('0'));
-        for (TCHAR& character : name)
-        {
-            const BYTE byte = Byte();
-            character = static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
-        }
-        return name;
-    }
-
-    const std::vector<BYTE> m_bytes;
-    size_t m_at = 0;
-};
+}
 
 // The values that a page reads. Ports are keys of any names below their table's.
 Places PlacesOf(const Text& tab)
@@ -151,15 +124,16 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    Input input(data, size);
-    const Text line = input.Line();
+    const uint8_t* const lineEnd = std::find(data, data + size, '\n');
+    const Text line(data, lineEnd);
+    FuzzedDataProvider input(lineEnd, static_cast<size_t>(data + size - lineEnd));
     const bool isPage = !SettingsOf(line).empty();
     ClearSettings();
     if (isPage)
     {
         InstallTools(AllTools);
     }
-    input.StoreAll(isPage ? PlacesOf(line) : InstalledTools());
+    StoreAll(input, isPage ? PlacesOf(line) : InstalledTools());
     const Tree applied = UsePage(isPage ? line : Text());
     Check(applied.empty() || applied == StoredSettings(), "a second Apply, and Cancel, change nothing");
     Check(calls::OpenKeys() == 0, "no key stays open");

@@ -329,11 +329,9 @@ const std::vector<Text>& AllTabs()
         std::vector<Text> titles;
         for (const Setting& setting : AllSettings())
         {
-            if (titles.empty() || titles.back() != setting.tab)
-            {
-                titles.push_back(setting.tab);
-            }
+            titles.push_back(setting.tab);
         }
+        titles.erase(std::unique(titles.begin(), titles.end()), titles.end());
         return titles;
     }();
     return tabs;
