@@ -3,6 +3,8 @@
 #include "mausb/PortNumbersDialog.h"
 #include "resource.h"
 
+#include <initializer_list>
+
 IMPLEMENT_DYNAMIC(CMAUSBMediaDlg, CSettingsPage)
 
 BEGIN_MESSAGE_MAP(CMAUSBMediaDlg, CSettingsPage)
@@ -39,8 +41,7 @@ void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
     value = number;
 }
 
-template <size_t Count>
-void EnableWindows(CWnd* const (&windows)[Count], BOOL enabled)
+void EnableWindows(std::initializer_list<CWnd*> windows, BOOL enabled)
 {
     for (CWnd* window : windows)
     {
@@ -138,19 +139,13 @@ void CMAUSBMediaDlg::UpdateControlStates()
 
 void CMAUSBMediaDlg::EnableNetworkControls(int networkType)
 {
-    CWnd* const forTCP[] = {&m_edDefaultIPAddressTCPClient,
-                            &m_stTCPClientIPAddress,
-                            &m_grpTCPIPOptions,
-                            &m_stMaxPacketSizeTCP,
-                            &m_edMaxPacketSizeTCP,
-                            &m_btnAdvancedTCP,
-                            GetDlgItem(IDC_TCP_CLIENT_PORTS),
-                            GetDlgItem(IDC_TCP_SERVER_PORTS)};
-    CWnd* const forUDP[] = {&m_edDefaultIPAddressUDP, &m_edDefaultPortNumberUDP, &m_stUDPIPAddress,
-                            &m_stUDPPortNumber,       &m_grpUDPIPOptions,        &m_stMaxPacketSizeUDP,
-                            &m_edMaxPacketSizeUDP};
-    EnableWindows(forTCP, networkType == NetworkTCP);
-    EnableWindows(forUDP, networkType == NetworkUDP);
+    EnableWindows({&m_edDefaultIPAddressTCPClient, &m_stTCPClientIPAddress, &m_grpTCPIPOptions,
+                   &m_stMaxPacketSizeTCP, &m_edMaxPacketSizeTCP, &m_btnAdvancedTCP,
+                   GetDlgItem(IDC_TCP_CLIENT_PORTS), GetDlgItem(IDC_TCP_SERVER_PORTS)},
+                  networkType == NetworkTCP);
+    EnableWindows({&m_edDefaultIPAddressUDP, &m_edDefaultPortNumberUDP, &m_stUDPIPAddress, &m_stUDPPortNumber,
+                   &m_grpUDPIPOptions, &m_stMaxPacketSizeUDP, &m_edMaxPacketSizeUDP},
+                  networkType == NetworkUDP);
 }
 
 void CMAUSBMediaDlg::EnableMaxBytesToLog()

@@ -109,7 +109,8 @@ class CFileDialog
 {
 public:
     // lpszFilter is "text|pattern|text|pattern||"; dwFlags are OFN_ flags. Only the Vista-style open dialog
-    // is implemented, so bOpenFileDialog, dwSize and bVistaStyle have no effect.
+    // is implemented, so bOpenFileDialog, dwSize and bVistaStyle have no effect. The texts are copied; the
+    // parent must outlive DoModal.
     explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);

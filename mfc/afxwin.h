@@ -137,6 +137,7 @@ class CDialog : public CWnd
     DECLARE_DYNAMIC(CDialog)
 
 public:
+    // Keeps the pointer to the parent, which must outlive DoModal.
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
 
     // Returns EndDialog's result, or -1 if the dialog could not be created.

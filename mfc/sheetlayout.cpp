@@ -53,8 +53,7 @@ void CPropertySheet::LayOut()
 // scroll, so the window is wider by a scroll bar.
 void CPropertySheet::Fit()
 {
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof(monitor);
+    MONITORINFO monitor = {sizeof(monitor), {}, {}, 0};
     RECT window = {};
     if (m_controls.empty() || IsZoomed(m_hWnd) || IsIconic(m_hWnd) || !GetWindowRect(m_hWnd, &window) ||
         !GetMonitorInfoW(MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &monitor))

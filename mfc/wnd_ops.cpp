@@ -40,8 +40,7 @@ void CWnd::CenterWindow()
 {
     const HWND owner = GetWindow(m_hWnd, GW_OWNER);
     RECT window = {};
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof(monitor);
+    MONITORINFO monitor = {sizeof(monitor), {}, {}, 0};
     if (!GetWindowRect(m_hWnd, &window) ||
         !GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : m_hWnd, MONITOR_DEFAULTTONEAREST),
                          &monitor))
