@@ -1,4 +1,4 @@
-// What the benchmarks share.
+// Functions that the benchmarks share.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,7 @@
 
 using Times = std::vector<double>;
 
-// Since some start.
+// The time since an arbitrary start.
 inline double Milliseconds()
 {
     LARGE_INTEGER now = {};
@@ -25,9 +25,8 @@ inline double Median(Times times)
     return times[times.size() / 2];
 }
 
-// Keeps a processor awake while the result lives: on a virtual machine the waking of one that idles takes
-// longer than much of what is measured, and every message between the programs and Wine's server waits for
-// it.
+// Keeps a processor busy while the result exists. An idle virtual processor takes longer to wake than many of
+// the measured operations take, and each message to Wine's server would wait for that.
 inline std::jthread KeepAwake()
 {
     return std::jthread([](const std::stop_token& stop) {

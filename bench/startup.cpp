@@ -1,6 +1,5 @@
-// The time from the start of the editor's process to its visible sheet, and of each page's first display;
-// beside bare sheets with an empty page, with the editor's first page, and with all of its pages. Argument:
-// the number of runs.
+// Measures the time from the start of the editor's process to its visible sheet, and to the first display of
+// each page, beside a bare sheet with the same pages. Argument: the number of runs.
 #include "driver/editor.h"
 #include "measure.h"
 
@@ -11,7 +10,7 @@
 namespace
 {
 constexpr int DefaultRuns = 21;
-// Until Wine's server has cleared away a program that has ended.
+// Wine's server needs this time to clean up after a process.
 constexpr DWORD SettleMilliseconds = 60;
 constexpr double GiveUpMilliseconds = 20000;
 
@@ -24,12 +23,12 @@ void End(const EditorProcess& process, const Sheet& sheet)
     Sleep(SettleMilliseconds);
 }
 
-double TimeStart(const wchar_t* program, const wchar_t* arguments)
+double TimeStart(const wchar_t* program)
 {
     const double start = Milliseconds();
-    const EditorProcess process(arguments, program);
+    const EditorProcess process(L"", program);
     HWND window = nullptr;
-    // More often than the driver looks, whose steps are a tenth of the start.
+    // The driver's own interval would be too long.
     while (!IsWindowVisible(window) && process.Runs() && Milliseconds() - start < GiveUpMilliseconds)
     {
         Sleep(1);
@@ -43,11 +42,11 @@ double TimeStart(const wchar_t* program, const wchar_t* arguments)
 // By the titles of the pages.
 using PageTimes = std::map<std::wstring, Times>;
 
-// Adds the times from the change of page until it is painted. The first page opens with the sheet. Gives the
-// titles.
-std::vector<std::wstring> TimePages(const wchar_t* program, const wchar_t* arguments, PageTimes& times)
+// Adds the times from the selection of a page until it is painted, without the first page, which opens with
+// the sheet. Returns the titles.
+std::vector<std::wstring> TimePages(const wchar_t* program, PageTimes& times)
 {
-    const EditorProcess process(arguments, program);
+    const EditorProcess process(L"", program);
     const Sheet sheet = process.WaitForSheet();
     std::vector<std::wstring> titles;
     for (int index = 1; index < sheet.PageCount(); ++index)
@@ -63,7 +62,7 @@ std::vector<std::wstring> TimePages(const wchar_t* program, const wchar_t* argum
     return titles;
 }
 
-// The least is the least noisy: noise only ever adds.
+// Prints medians and minima. Disturbances can only add time, so the minima vary least.
 void Print(const wchar_t* name, const Times& times, const Times& floor)
 {
     const double least = *std::min_element(times.begin(), times.end());
@@ -77,8 +76,7 @@ int main(int argc, char** argv)
 {
     const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : DefaultRuns;
     Times editor;
-    Times empty;
-    Times firstPage;
+    Times bare;
     PageTimes pages;
     PageTimes barePages;
     std::vector<std::wstring> titles;
@@ -86,17 +84,14 @@ int main(int argc, char** argv)
         const std::jthread awake = KeepAwake();
         for (int run = 0; run < runs; ++run)
         {
-            empty.push_back(TimeStart(BareSheet, L"empty"));
-            firstPage.push_back(TimeStart(BareSheet, L"first"));
-            editor.push_back(TimeStart(Editor, L""));
-            TimePages(BareSheet, L"all", barePages);
-            titles = TimePages(Editor, L"", pages);
+            bare.push_back(TimeStart(BareSheet));
+            editor.push_back(TimeStart(Editor));
+            TimePages(BareSheet, barePages);
+            titles = TimePages(Editor, pages);
         }
     }
     std::printf("%3d runs, ms                      median    bare   ratio     least    bare   ratio\n", runs);
-    std::printf("start to visible sheet\n");
-    Print(L"beside an empty sheet", editor, empty);
-    Print(L"beside the first page alone", editor, firstPage);
+    Print(L"start to visible sheet", editor, bare);
     std::printf("first display of a page\n");
     for (const std::wstring& title : titles)
     {
