@@ -1,21 +1,21 @@
 @echo off
-rem Runs the tests of QBSettings on this machine. The folder report then has report.txt, with a line for each test,
-rem and what each test program has said.
+rem Runs the tests of QBSettings on this machine. Creates the folder report, with report.txt, which has a line for each
+rem test, and the output of each test program.
 rem
-rem check.cmd           The tests of the program's parts have a registry key of their own. Those that start the program
-rem                     use the machine's settings: where there are any, they refuse to run, which counts as failed.
-rem check.cmd /destroy  They run all the same: the settings are exported to the folder, deleted, and imported at the end.
+rem check.cmd           The tests of the program's parts use a registry key of their own. The tests that start the program
+rem                     use the machine's settings. If there are any, these tests refuse to run, and count as failed.
+rem check.cmd /destroy  All tests run. The settings are exported to the folder, deleted, and imported at the end.
 setlocal
 cd /d "%~dp0"
 set REG=%SystemRoot%\System32\reg.exe
 set FIND=%SystemRoot%\System32\find.exe
 if exist report (
-    echo There is the report of an earlier run. Move the folder "report" away, and start again.
+    echo The folder "report" of an earlier run exists. Move it to another place, and start again.
     exit /b 1
 )
 %REG% add HKLM\SOFTWARE /f >nul 2>&1
 if errorlevel 1 (
-    echo The tests need an administrator's rights: start check.cmd from a prompt that has them.
+    echo The tests need administrator rights. Start check.cmd from an administrator's prompt.
     exit /b 1
 )
 mkdir report
@@ -30,7 +30,7 @@ if errorlevel 1 exit /b 1
 set QB_DESTROY=1
 
 :run
-echo Hands off: the tests use the keyboard, and take some minutes.
+echo Do not use the keyboard or the mouse. The tests use them, and take some minutes.
 call :program qbsettings_tests.exe
 call :program qbsettings_journeys.exe
 for %%F in (report\*.reg) do call :import %%F
@@ -43,14 +43,14 @@ type report\report.txt
 if not "%COUNT_FAILED%"=="0" exit /b 1
 exit /b 0
 
-rem Only the line that ends a test has its time in parentheses.
+rem Only the last line of a test has a time in parentheses.
 :program
 %1 >report\%1.txt 2>&1
 set CODE=%errorlevel%
 %FIND% " ms)" <report\%1.txt >>report\report.txt
 if "%CODE%"=="0" exit /b 0
 %FIND% " ms)" <report\%1.txt | %FIND% "[  FAILED  ]" >nul
-if errorlevel 1 echo [  FAILED  ] %1 ended with %CODE%: %1.txt says why>>report\report.txt
+if errorlevel 1 echo [  FAILED  ] %1 ended with %CODE%. See %1.txt for the reason>>report\report.txt
 exit /b 0
 
 :export
@@ -58,10 +58,10 @@ exit /b 0
 if errorlevel 1 exit /b 0
 %REG% export %1 report\%2.reg /y >nul
 if not errorlevel 1 exit /b 0
-echo %1 could not be exported, so nothing has been deleted and no test has been run.
+echo %1 could not be exported. No settings were deleted, and no tests were run.
 exit /b 1
 
 :import
 %REG% import %1 >nul 2>&1
-if errorlevel 1 echo [  FAILED  ] The settings in %1 could not be imported: do it by hand.>>report\report.txt
+if errorlevel 1 echo [  FAILED  ] The settings in %1 could not be imported. Import them by hand.>>report\report.txt
 exit /b 0

@@ -1,14 +1,14 @@
-# What run, test and tools/wine share; sourced by bash.
+# Functions that the commands share. The commands source this file.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 BUILD_PACKAGES=(g++ cmake ninja-build googletest)
-# For the sanitizers and the fuzzer; llvm names the lines in their reports.
+# llvm adds line numbers to the sanitizers' reports.
 SANITIZED_PACKAGES=(clang libclang-rt-dev llvm libwine-dev wine64-tools)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix)
-# The fonts hold the metrics of Tahoma, by which dialogs are laid out.
+# The fonts include Tahoma, whose metrics determine the size of dialogs.
 WINE_PACKAGES=(wine wine64 fonts-wine libxrender1 xvfb)
 
 say() { printf '\n== %s\n' "$*"; }
@@ -23,7 +23,7 @@ as_root()
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Runs apt-get, waiting for another that holds its locks: a fresh machine updates itself when it starts.
+# Runs apt-get. Waits while another apt-get holds the locks, because a fresh machine updates itself at its first start.
 apt()
 {
     local try output
@@ -36,7 +36,7 @@ apt()
     return 1
 }
 
-# Installs those of the packages that are missing.
+# Installs the packages that are missing.
 need()
 {
     local package missing=()
@@ -45,16 +45,16 @@ need()
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     command -v apt-get >/dev/null ||
-        die "This needs Debian's apt-get to install ${missing[*]}; use a Debian 12 or 13 machine."
+        die "apt-get is needed to install ${missing[*]}. Use a Debian 12 or 13 machine."
     [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
         die "Packages are missing, and only root can install them: apt-get install --no-install-recommends ${missing[*]}"
     say "Installing ${missing[*]}"
     apt update || true
     apt install -y --no-install-recommends "${missing[@]}" ||
-        die "The packages ${missing[*]} could not be installed; see the messages above."
+        die "The packages ${missing[*]} could not be installed. See the messages above."
 }
 
-# Configures the preset where that is still to be done, and builds the targets (all of them, if none is named).
+# Configures the preset if necessary, and builds the given targets, or all targets if none is given.
 build()
 {
     local preset=$1
@@ -78,51 +78,51 @@ end_wine()
     wine_used= xvfb_pid= awake_pid=
 }
 
-# Keeps a processor from idling, at the lowest priority: a virtual one takes longer to wake than most of the messages
-# that go to and fro between Wine's programs and its server, and tests take five times as long.
+# Keeps a processor busy at the lowest priority. An idle virtual processor takes longer to wake than Wine's server takes
+# for most messages, so that tests would take five times as long.
 stay_awake()
 {
     nice -n 19 bash -c 'while kill -0 "$1" 2>/dev/null; do for ((i = 0; i < 100000; i++)); do :; done; done' - $$ &
     awake_pid=$!
 }
 
-# Gives this process a screen of its own, on a display number that is free.
+# Starts a virtual display for this process on a free display number.
 virtual_display()
 {
     local number output
     exec {output}< <(exec Xvfb -displayfd 1 -screen 0 "${QB_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 2>/dev/null)
     xvfb_pid=$!
     read -r -t 30 number <&"$output" ||
-        die "No virtual display could be started; see what Xvfb says when it is run by hand."
+        die "Xvfb could not start a virtual display. Run Xvfb by hand to see why."
     export DISPLAY=:$number
 }
 
-# Runs one of Wine's own programs; the first argument says what for. What it says goes through no pipe, which programs that
-# Wine starts in the background would hold open.
+# Runs one of Wine's own programs. The first argument completes the error message. The output goes to a file, because Wine's
+# background programs would keep a pipe open.
 wine_step()
 {
     local purpose=$1 log=$root/build/wine/step.log
     shift
     wine "$@" > "$log" 2>&1 ||
-        die "Wine could not $purpose; $1 says: $(tr -d '\r' < "$log" | tail -n 1). Remove $WINEPREFIX and try again."
+        die "Wine could not $purpose. The message of $1: $(tr -d '\r' < "$log" | tail -n 1). Remove $WINEPREFIX and try again."
 }
 
-# Sets Wine up in a prefix of our own. To be ended by end_wine.
+# Sets up a Wine prefix below build/wine. The caller must call end_wine.
 wine_prefix()
 {
     export WINEPREFIX=$root/build/wine/$1
-    # Nothing of .NET or HTML is used, and Wine would offer to download both. Its debugger would hold up what crashes.
+    # Wine would offer to download .NET and HTML support, which nothing uses. Its debugger would keep a crashed program open.
     export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree,mshtml,winedbg.exe='
     mkdir -p "$root/build/wine"
     wine_used=1
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         say "Setting up Wine in ${WINEPREFIX#"$root"/}"
-        # Debian's Wine does not look for its own fonts where the package of them puts them.
+        # Debian's Wine does not find the fonts in the folder of their package.
         mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
         cp /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts"
         wine_step "set up its folder" wineboot --init
     fi
-    # Nobody manages windows on a virtual display: Wine draws their frames itself, and waits for no answers.
+    # A virtual display has no window manager, so Wine must draw the frames of windows itself.
     local managed=Y
     [ -z "$xvfb_pid" ] || managed=N
     if ! grep -qsx $managed "$WINEPREFIX/managed"; then
@@ -131,7 +131,7 @@ wine_prefix()
     fi
 }
 
-# Sets the prefix's dots per inch, which its server reads at its start.
+# Sets the prefix's dots per inch. Wine's server reads them only when it starts.
 set_dpi()
 {
     local dpi
@@ -142,8 +142,16 @@ set_dpi()
     echo "$1" > "$WINEPREFIX/dpi"
 }
 
-# Runs a program: with the sanitizers' library if it is of the sanitized build. Wine's own services must run then
-# without it, so they are started before.
+# Starts Wine in a prefix, on a virtual display, until the calling script ends.
+start_wine()
+{
+    trap end_wine EXIT
+    virtual_display
+    wine_prefix "$1"
+}
+
+# Runs a program. A program of the sanitized build (.so) needs the sanitizers' library. Wine's own services must run without
+# that library, so they are started first.
 run_watched()
 {
     case $1 in
@@ -161,7 +169,7 @@ run_watched()
 
 ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,JuniperRig,KauriQB
 
-# Lists the tools as installed, as their own installers do.
+# Lists the tools as installed in the registry, as their installers do.
 list_tools()
 {
     local file=build/installed.reg tool
@@ -174,8 +182,8 @@ list_tools()
     wine_step "list the tools as installed" regedit /S "$file"
 }
 
-# Makes the fuzzer's first inputs in a new folder, the same ones each time: for each section of the reference, of which
-# most are pages, its title with various numbers of arbitrary bytes.
+# Creates a folder with the fuzzer's first inputs, which are the same each time. Each is the title of a section of the
+# reference, which usually is a page, followed by a number of arbitrary bytes.
 make_corpus()
 {
     rm -rf "$1"

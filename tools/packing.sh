@@ -1,24 +1,23 @@
-# What package and the checks of packages share; sourced by bash after common.sh.
+# Functions that package and the checks of packages share. They source this file after common.sh.
 PACKING_PACKAGES=(cmark-gfm git perl unzip zip)
-# Their code is linked into the programs.
+# The packages whose code is linked into the programs.
 LINKED_PACKAGES=(mingw-w64-x86-64-dev "${WINDOWS_PACKAGES[0]}")
 
-# For a reader on Windows.
 with_crlf() { sed 's/$/\r/'; }
 
-# The notices of what these packages of Debian put into a program, as they themselves carry them.
+# Prints the copyright notices of Debian packages whose code is linked into a program.
 notices()
 {
     local package
-    echo "QBSettings is Copyright 2026 Halvane. What is linked into its programs from other sources comes from these packages of"
-    echo "Debian. Each notice also covers parts of its package that are in no program here, such as sources and tools."
+    echo "QBSettings is Copyright 2026 Halvane. Its programs also contain code from the following packages of Debian. Each notice"
+    echo "also covers parts of its package that are not in these programs, such as sources and tools."
     for package in "$@"; do
         printf '\n%s\n%s %s\n%s\n\n' "${package//?/=}" "$package" "$(dpkg-query -W -f '${Version}' "$package")" "${package//?/=}"
         cat "/usr/share/doc/$package/copyright"
     done
 }
 
-# Signs a program for the certificate that the environment names, if it names one.
+# Signs a program if the environment names a certificate.
 sign()
 {
     local options=(-h sha256 -n "Quorvex Bench Settings")
@@ -34,21 +33,22 @@ sign()
     [ -z "${QB_SIGN_PASSWORD_FILE:-}" ] || options+=(-readpass "$QB_SIGN_PASSWORD_FILE")
     [ -z "${QB_SIGN_TIMESTAMP:-}" ] || options+=(-ts "$QB_SIGN_TIMESTAMP")
     osslsigncode sign "${options[@]}" -in "$1" -out "$1.signed" ||
-        die "${1##*/} could not be signed, so there is no package; see README.md for what the QB_SIGN_ variables hold."
+        die "${1##*/} could not be signed, so there is no package. README.md describes the QB_SIGN_ variables."
     mv "$1.signed" "$1"
 }
 
-# Makes NAME.zip of the folder NAME in build/package, with the sums of its files in it, and its own sum beside it.
+# Packs the folder NAME in build/package into NAME.zip. Adds the checksums of its files to the folder, and the checksum of the
+# zip to the SHA256SUMS beside it.
 pack()
 {
     local name=$1
     cd "$package/$name"
-    # Written elsewhere: the list is of the files without it.
+    # The list is written outside the folder, so that it does not include itself.
     find . -type f -printf '%P\n' | LC_ALL=C sort | xargs -d '\n' sha256sum > "../$name.sums"
     mv "../$name.sums" SHA256SUMS
     cd ..
-    # What a zip keeps of a file beside its bytes: the mode, and the local time of the last change.
-    chmod -R u=rwX,go=rX "$name"
+    # A zip also stores each file's mode and the local time of its last change, so these must be the same for each package.
+    chmod -R a-x,u=rwX,go=rX "$name"
     find "$name" -type f -exec touch -d "@$(git -C "$root" log -1 --format=%ct)" {} +
     find "$name" -type f | LC_ALL=C sort | TZ=UTC zip -X -9 -q "$name.zip" -@
     sha256sum "$name.zip" >> SHA256SUMS
