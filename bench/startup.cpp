@@ -39,7 +39,7 @@ double TimeStart(const wchar_t* program)
     return time;
 }
 
-// By the titles of the pages.
+// The keys are the titles of the pages.
 using PageTimes = std::map<std::wstring, Times>;
 
 // Adds the times from the selection of a page until it is painted, without the first page, which opens with

@@ -1,9 +1,9 @@
-# QBSettings.rc, compiled once per build: by windres, or by Wine's own compiler.
+# Compiles QBSettings.rc once per build, by windres or by Wine's resource compiler.
 qb_glob(resource_files resources/*)
 set(rc ${CMAKE_CURRENT_SOURCE_DIR}/resources/QBSettings.rc)
 set(rc_version QB_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} QB_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   QB_VERSION_PATCH=${PROJECT_VERSION_PATCH})
-# Only ./package says where the bytes come from: other builds may have changes that no commit holds.
+# Only ./package sets the origin, because the sources of other builds may have uncommitted changes.
 foreach(origin QB_COMMIT QB_DEBIAN QB_GCC)
   set(${origin} unknown CACHE STRING "As ./package sets it")
   list(APPEND rc_version ${origin}=${${origin}})
@@ -19,7 +19,7 @@ else()
   set(res ${CMAKE_BINARY_DIR}/QBSettings.res)
   list(TRANSFORM rc_version PREPEND -D)
   add_custom_command(OUTPUT ${res}
-    # Debian's wrc does not find the code pages by itself.
+    # Debian's wrc does not find the code pages without this option.
     COMMAND wrc --nls-dir=/usr/share/wine/nls ${rc_version} -I/usr/include/wine/wine/windows
       -I${CMAKE_CURRENT_SOURCE_DIR}/resources -o ${res} ${rc}
     DEPENDS ${resource_files} VERBATIM)

@@ -1,9 +1,9 @@
-# Our sources as Wine itself is built: by the machine's compiler with Wine's headers, for the sanitizers and the fuzzer
-# that there are only off Windows. What comes of it is a Wine program, NAME.exe.so.
+# Builds the sources as Wine itself is built: by the machine's compiler with Wine's headers. This compiler has sanitizers
+# and a fuzzer, which mingw-w64 lacks. The result is a Wine program, NAME.exe.so.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_LINK_EXECUTABLE "winegcc -b x86_64-linux-gnu -mconsole <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES>")
 set(CMAKE_EXECUTABLE_SUFFIX_CXX .exe.so)
-# CTest runs the tests through this.
+# CTest runs the tests by this command.
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/wine)

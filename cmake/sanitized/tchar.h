@@ -1,4 +1,5 @@
-// Wine's own tchar.h has no char16_t: these are the routines that our sources use, out of Wine's C runtime.
+// Wine's tchar.h does not support char16_t. This one declares the routines that the sources use, from Wine's
+// C runtime.
 #pragma once
 
 #include <windows.h>

@@ -1,21 +1,21 @@
-// The real program as a user has it: started as a process of its own.
+// The real program, started in a process of its own.
 #pragma once
 
 #include "driver/form.h"
 
 #include <functional>
 
-// Whether the condition comes to hold within some seconds.
+// Waits until the condition holds. Returns false after some seconds.
 bool WaitUntil(const std::function<bool()>& condition);
 
 class EditorProcess
 {
 public:
-    // Starts the program of that name beside this one.
+    // Starts the program of this name from the folder of this one.
     explicit EditorProcess(const Text& arguments = {}, const Text& program = _T("QBSettings.exe"));
     EditorProcess(const EditorProcess&) = delete;
     EditorProcess& operator=(const EditorProcess&) = delete;
-    // Ends the program the hard way, if it still runs.
+    // Terminates the program if it still runs.
     ~EditorProcess();
 
     static Text Path(const Text& program = _T("QBSettings.exe"));
@@ -23,18 +23,17 @@ public:
     DWORD Id() const { return m_process.dwProcessId; }
     HANDLE Handle() const { return m_process.hProcess; }
     bool Runs() const { return WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT; }
-    // Clicks a button of the sheet that closes it; whether the program has ended with 0, as WaitForEnd.
+    // Clicks a button of the sheet that closes it, and returns the result of WaitForEnd.
     bool EndBy(int button, const Sheet& sheet) const;
-    // Whether the program has ended with 0, waiting for that some seconds.
+    // Waits some seconds. Returns true if the program has ended with code 0.
     bool WaitForEnd() const;
-    // The titles of its visible top-level windows: those of its first thread, which has them all.
+    // The titles of its visible top-level windows, all of which belong to its first thread.
     std::vector<Text> Windows() const;
-    // Its visible top-level window of that title, waiting for that some seconds.
+    // Waits some seconds for a visible top-level window with this title.
     HWND WaitForWindow(const Text& title) const;
-    // The visible top-level window that stands beside a given one: a dialog of the sheet, say. Waits
-    // likewise.
+    // Waits some seconds for a visible top-level window other than the given one, for example a dialog.
     HWND WaitForWindowBeside(HWND other) const;
-    // The sheet, with its first page up.
+    // Waits for the sheet and its first page.
     Sheet WaitForSheet() const;
 
 private:

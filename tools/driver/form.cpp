@@ -11,7 +11,7 @@ namespace
 {
 constexpr UINT GiveUpMilliseconds = 20000;
 
-// Another program that hangs fails the test rather than holding it up for ever.
+// The timeout makes the test fail instead of wait for ever if the other program hangs.
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     DWORD_PTR result = 0;
@@ -19,7 +19,7 @@ LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
     return static_cast<LRESULT>(result);
 }
 
-// List boxes and combo boxes say the same in two languages.
+// Selects the message for a list box or a combo box.
 UINT For(HWND control, UINT listMessage, UINT comboMessage)
 {
     return IsOf(control, _T("ComboBox")) ? comboMessage : listMessage;

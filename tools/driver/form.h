@@ -1,6 +1,6 @@
-// The editor's windows as a user has them: what stands in a control, and clicks and keys. In this program or
-// in another process, except where it says otherwise: only messages that Windows carries from one to the
-// other are used.
+// Reads the editor's windows, and clicks and types in them as a user does. The windows can belong to another
+// process unless a comment says otherwise, because only messages that Windows passes between processes are
+// used.
 #pragma once
 
 #include <tchar.h>
@@ -14,23 +14,23 @@ using Text = std::basic_string<TCHAR>;
 inline constexpr TCHAR SheetTitle[] = _T("Quorvex Bench Settings");
 inline constexpr TCHAR ErrorTitle[] = _T("QB Settings Error");
 
-// With "?" for each character beyond ASCII.
+// Replaces each character other than ASCII by "?".
 std::string Printable(const Text& text);
-// Prints the message, and ends this program with 1.
+// Prints the message and ends this program with code 1.
 [[noreturn]] void EndProgram(const std::string& message);
 
 bool IsOf(HWND window, LPCTSTR className);
-// On the screen.
+// In screen coordinates.
 RECT PlaceOf(HWND window);
 bool Contains(const RECT& outer, const RECT& inner);
-// BS_ type, or -1 for any window but a button.
+// The BS_ type, or -1 if the window is not a button.
 LONG ButtonTypeOf(HWND window);
-// The children in their order.
+// The children in their z-order.
 std::vector<HWND> ControlsOf(HWND dialog);
-// The visible top-level windows of a thread, from the one in front.
+// The visible top-level windows of a thread, from front to back.
 std::vector<HWND> WindowsOf(DWORD thread);
 
-// A dialog. Controls are named by their ids; to ask for one that is not there ends this program with 1.
+// A dialog. Its controls are named by their ids. A missing control ends this program with code 1.
 class Form
 {
 public:
@@ -38,58 +38,59 @@ public:
     virtual ~Form() = default;
 
     HWND Window() const { return m_window; }
-    // The window whose children the controls are.
+    // The parent of the controls.
     virtual HWND Page() const { return m_window; }
     HWND Control(int id) const;
 
     Text Title() const;
     Text TextOf(int id) const { return Form(Control(id)).Title(); }
     bool IsEnabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
-    // Visible where its dialog is: a page that is not in front has visible controls too.
+    // The control's own style, which does not depend on whether its page is in front.
     bool IsShown(int id) const { return (GetWindowLongW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0; }
-    // BST_ value.
+    // The BST_ value.
     LRESULT CheckOf(int id) const;
-    // The selected item of a list box or combo box, -1 for none.
+    // The selected item of a list box or combo box, or -1 if none is selected.
     LRESULT SelectionOf(int id) const;
     std::vector<Text> ItemsOf(int id) const;
 
-    // Returns when the program has dealt with it. Does nothing to a disabled control, as a user's click.
+    // Returns when the program has handled the click. Does nothing to a disabled control.
     void Click(int id) const;
-    // For a button of another program that opens or closes a dialog: returns at once.
+    // Returns at once. For a button of another program that opens or closes a dialog.
     void ClickToOpen(int id) const { PostMessageW(Control(id), BM_CLICK, 0, 0); }
-    // Puts the focus on the control, in this program, and types at its caret; '\b' is Backspace.
+    // Sets the focus, in this program only, and types at the caret. '\b' is Backspace.
     void Type(int id, const Text& keys) const;
-    // Types before all that stands in the edit.
+    // Types in front of the text.
     void TypeInFront(int id, const Text& keys) const;
-    // Types over all that stands in the edit; no keys are Backspace, one change to nothing.
+    // Types over the whole text. Without keys, deletes it by Backspace, which is a single change.
     void Retype(int id, const Text& keys) const;
-    // As pasting does: any text, told like typing.
+    // Sets any text, as pasting does. The parent gets the same notifications as for typing.
     void SetText(int id, const Text& text) const;
-    // Picks an item of a list box or combo box, which a user does by key or mouse.
+    // Selects an item of a list box or combo box, with the notification of a user's selection.
     void Pick(int id, int item) const;
 
 private:
     HWND m_window;
 };
 
-// The sheet. Controls are those of the page in front.
+// The sheet. The controls are those of the page in front.
 class Sheet : public Form
 {
 public:
     using Form::Form;
 
     HWND Page() const override;
-    // False once OK, Cancel or the title bar has closed it: the window itself goes a little later.
+    // False after OK, Cancel or the title bar has closed the sheet. The window is destroyed a little later.
     bool IsOpen() const { return IsWindow(Window()) && Page() != nullptr; }
     int PageCount() const;
-    // What the tabs say; in this program only.
+    // The titles on the tabs, in this program only.
     std::vector<Text> Tabs() const;
 
-    // Opens the page with this number from 0; false if the sheet did not go there.
+    // Opens the page with this index. Returns false if the sheet did not open it.
     bool SelectIndex(int index) const;
-    // Goes to the tab of that title, in this program only; false if the sheet did not, or has none.
+    // Opens the page with this title, in this program only. Returns false if the sheet did not, or has no
+    // such page.
     bool Select(const Text& title) const;
-    // Opens every page and gives their titles, in the tabs' order.
+    // Opens each page in the order of the tabs, and returns the titles.
     std::vector<Text> OpenAll() const;
 
     HWND ApplyButton() const { return GetDlgItem(Window(), IdApply); }
@@ -99,7 +100,7 @@ public:
     void Cancel() const { Press(GetDlgItem(Window(), IDCANCEL)); }
 
 private:
-    static constexpr int IdApply = 0x3021;  // what the common control numbers its Apply button
+    static constexpr int IdApply = 0x3021;  // the common control's id for Apply
 
     static void Press(HWND button);
 };

@@ -33,7 +33,7 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     if (GetTickCount64() > wait.giveUp)
     {
         wait.count = wait.most = -1;
-        // Another window would wait for ever.
+        // Closes a window that the script did not expect, which would otherwise stay open.
         PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0);
         wait.giveUp += 1000;
     }
@@ -50,7 +50,7 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
         {
             wait.known.push_back(window);
             ++wait.count;
-            wait.giveUp = ~0ULL;  // the action takes its time
+            wait.giveUp = ~0ULL;  // the action may take any time
             wait.act(Form(window));
             wait.giveUp = GetTickCount64() + GiveUpMilliseconds;
             return;
@@ -58,7 +58,7 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     }
 }
 
-// The program runs in a fiber of its own, so that the caller goes on while the sheet waits for its user.
+// The program runs in a fiber of its own, so that the caller continues while the sheet waits for input.
 void* callerFiber = nullptr;
 HWND opened = nullptr;  // while the program runs
 
@@ -84,8 +84,8 @@ void* ProgramFiber()
 {
     static void* const fiber = [] {
         callerFiber = ConvertThreadToFiber(nullptr);
-        // Enough under sanitizers, and small enough to leave Wine the space from which threads get their
-        // stacks.
+        // This size is enough under sanitizers. A larger one would leave Wine too little space for the
+        // stacks of threads.
         return CreateFiber(size_t{1} << 21, RunProgram, nullptr);
     }();
     return fiber;
@@ -93,7 +93,7 @@ void* ProgramFiber()
 
 HWND Start()
 {
-    // This is the first instance, whatever else runs on the machine.
+    // Makes the program the first instance, even if another one runs on this machine.
     g_dwInstanceMutexError = ERROR_SUCCESS;
     SwitchToFiber(ProgramFiber());
     return opened;

@@ -1,5 +1,5 @@
-// Goes through the program's pages for ./run. Prints the name and the place of a picture on the screen, and
-// waits for a line after each. Then changes a setting and closes the sheet with Apply and OK.
+// Goes through the program's pages for ./run. For each picture, prints its name and its place on the screen,
+// and waits for a line of input. Then changes a setting, and presses Apply and OK.
 #include "driver/editor.h"
 #include "resource.h"
 
@@ -11,7 +11,7 @@
 namespace
 {
 constexpr DWORD PaintMilliseconds = 200;
-// Buttons of MAUSB Media Settings that open a dialog.
+// The buttons of MAUSB Media Settings that open a dialog.
 constexpr int DialogButtons[] = {IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS};
 
 std::string FileName(const Text& title)
@@ -33,7 +33,7 @@ std::string FileName(const Text& title)
 
 void TakePicture(HWND window, const Text& title)
 {
-    // Without a window manager no window is active: this draws the title bar of an active one.
+    // Draws the title bar as active. Without a window manager no window is active.
     SendMessageW(GetAncestor(window, GA_ROOT), WM_NCACTIVATE, TRUE, 0);
     const RECT place = PlaceOf(window);
     Sleep(PaintMilliseconds);
@@ -76,7 +76,7 @@ int main()
         {
             EndProgram("Page " + std::to_string(index) + " did not open.");
         }
-        // One picture shows the tabs, so that a new page changes that one only.
+        // Only the first picture shows the tabs, so that a new page changes no other picture.
         TakePicture(index == 0 ? sheet.Window() : sheet.Page(), Form(sheet.Page()).Title());
         if (Form(sheet.Page()).Title() == L"MAUSB Media Settings")
         {

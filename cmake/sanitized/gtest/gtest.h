@@ -1,4 +1,4 @@
-// GoogleTest is built for the machine, not for Windows, and has to be read likewise.
+// GoogleTest is built for Linux, so its header must be compiled without _WIN32.
 #pragma once
 
 #pragma push_macro("_WIN32")
