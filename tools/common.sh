@@ -172,12 +172,12 @@ ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,
 # Lists the tools as installed in the registry, as their installers do.
 list_tools()
 {
-    local file=build/installed.reg tool
+    local file=build/installed.reg names
+    IFS=, read -ra names <<< "$1"
     {
-        printf 'Windows Registry Editor Version 5.00\r\n\r\n'
-        printf '[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\r\n\r\n'
-        printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\r\n'
-        for tool in ${1//,/ }; do printf '"%s"=dword:00000001\r\n' "$tool"; done
+        printf 'Windows Registry Editor Version 5.00\n\n'
+        printf '[%sHKEY_LOCAL_MACHINE\\SOFTWARE\\Halvane\\Installed]\n' - ''
+        printf '"%s"=dword:1\n' "${names[@]}"
     } > "$file"
     wine_step "list the tools as installed" regedit /S "$file"
 }
