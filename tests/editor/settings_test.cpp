@@ -53,23 +53,14 @@ protected:
 
 using Places = std::vector<std::pair<Text, Text>>;
 
-Places PlacesOf(const std::vector<Setting>& settings)
+// The keys and names of settings or calls. A value that follows itself counts once.
+template <class Item>
+Places PlacesOf(const std::vector<Item>& items)
 {
     Places places;
-    for (const Setting& setting : settings)
+    for (const Item& item : items)
     {
-        places.emplace_back(setting.key, setting.name);
-    }
-    return places;
-}
-
-// The values that the calls name. A value that follows itself counts once.
-Places PlacesOf(const char* function)
-{
-    Places places;
-    for (const Call& call : calls::Made(function))
-    {
-        places.emplace_back(call.key, call.name);
+        places.emplace_back(item.key, item.name);
     }
     places.erase(std::unique(places.begin(), places.end()), places.end());
     return places;
@@ -252,15 +243,16 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         const Editor sheet;
         calls::Reset();
         ASSERT_TRUE(sheet.Select(tab));
-        EXPECT_EQ(PlacesOf("RegQueryValueExW"), tab == tabs::General ? Places() : PlacesOf(read));
-        EXPECT_EQ(PlacesOf("RegSetValueExW"), Places());
+        EXPECT_EQ(PlacesOf(calls::Made("RegQueryValueExW")),
+                  tab == tabs::General ? Places() : PlacesOf(read));
+        EXPECT_EQ(PlacesOf(calls::Made("RegSetValueExW")), Places());
         ExpectShown(sheet, &Setting::initial);
         EXPECT_EQ(sheet.CanApply(), tab == tabs::Media)
             << "only this page marks itself when it sets its texts";
         calls::Reset();
         sheet.Ok();
-        EXPECT_EQ(PlacesOf("RegQueryValueExW"), Places());
-        EXPECT_EQ(PlacesOf("RegSetValueExW"), PlacesOf(StoredWith(tab)));
+        EXPECT_EQ(PlacesOf(calls::Made("RegQueryValueExW")), Places());
+        EXPECT_EQ(PlacesOf(calls::Made("RegSetValueExW")), PlacesOf(StoredWith(tab)));
         // A page opens a key for each value. The keys of the two port tables have no values.
         EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
                   calls::Made("RegCreateKeyExW").size());

@@ -74,7 +74,8 @@ void StoreAll(FuzzedDataProvider& input, const Places& places)
     }
 }
 
-// The values that a page reads. Ports are keys of any names below their table's.
+// The values that a page reads, or those of the installed tools. Ports are keys of any names below their
+// table's.
 Places PlacesOf(const Text& tab)
 {
     Places places;
@@ -84,13 +85,7 @@ Places PlacesOf(const Text& tab)
         const bool isPort = setting.name == _T("PacketType");
         places.push_back({isPort ? table : setting.key, setting.name, setting.initial.type == REG_SZ});
     }
-    return places;
-}
-
-Places InstalledTools()
-{
-    Places places;
-    for (const ProductId& tool : AllTools)
+    for (const ProductId& tool : places.empty() ? AllTools : Tools())
     {
         places.push_back({keys::Installed, tool, false});
     }
@@ -133,7 +128,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     {
         InstallTools(AllTools);
     }
-    StoreAll(input, isPage ? PlacesOf(line) : InstalledTools());
+    StoreAll(input, PlacesOf(line));
     const Tree applied = UsePage(isPage ? line : Text());
     Check(applied.empty() || applied == StoredSettings(), "a second Apply, and Cancel, change nothing");
     Check(calls::OpenKeys() == 0, "no key stays open");
