@@ -4,6 +4,8 @@
 
 #include <afxwin.h>
 
+#include <algorithm>
+
 namespace
 {
 using FocusTest = SettingsTest;
@@ -26,6 +28,8 @@ TEST_F(FocusTest, ControlThatIsDisabledPassesTheFocusOn)
         EXPECT_EQ(CountPrompts([&, id = button] { sheet.Click(id); }), 1);
         EXPECT_FALSE(sheet.IsEnabled(number));
         EXPECT_TRUE(IsWindowEnabled(GetFocus()) && IsChild(sheet.Page(), GetFocus()));
+        const std::vector<HWND> order = ControlsOf(sheet.Page());
+        EXPECT_LT(std::ranges::find(order, sheet.Control(number)), std::ranges::find(order, GetFocus()));
         sheet.SetText(number, _T("7"));
     }
 }

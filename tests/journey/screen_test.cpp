@@ -38,7 +38,11 @@ void Roll(const Sheet& sheet)
         SendMessageW(sheet.ApplyButton(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
     }
     EXPECT_EQ(unseen, std::vector<HWND>());
+    const LONG bottom = PlaceOf(first).top;
+    SendMessageW(sheet.Page(), WM_VSCROLL, SB_PAGEUP, 0);
+    const LONG pageUp = PlaceOf(first).top;
     SendMessageW(sheet.Page(), WM_VSCROLL, SB_TOP, 0);
+    EXPECT_EQ(pageUp > bottom, PlaceOf(first).top > bottom) << "Page Up must scroll a page that can scroll";
     for (const HWND control : ControlsOf(sheet.Page()))
     {
         const RECT place = PlaceOf(control);
