@@ -63,10 +63,8 @@ protected:
     }
     static void ExpectSizes(const Form& form, bool send, bool receive)
     {
-        EXPECT_EQ(form.IsEnabled(IDC_TCP_SNDBUF), send);
-        EXPECT_EQ(form.IsEnabled(IDC_TCP_SNDBUF_LABEL), send);
-        EXPECT_EQ(form.IsEnabled(IDC_TCP_RCVBUF), receive);
-        EXPECT_EQ(form.IsEnabled(IDC_TCP_RCVBUF_LABEL), receive);
+        ExpectEnabled(form, {IDC_TCP_SNDBUF, IDC_TCP_SNDBUF_LABEL}, send);
+        ExpectEnabled(form, {IDC_TCP_RCVBUF, IDC_TCP_RCVBUF_LABEL}, receive);
     }
     static void WithAdvanced(const Sheet& sheet, const std::function<void(const Form&)>& script)
     {

@@ -26,20 +26,6 @@ LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, U
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
-std::vector<HWND> TipControls()
-{
-    std::vector<HWND> controls;
-    for (HWND window = nullptr;
-         (window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr;)
-    {
-        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
-        {
-            controls.push_back(window);
-        }
-    }
-    return controls;
-}
-
 // Gets a tool by its index. Its `hwnd` is the dialog that the tooltip control serves.
 bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
 {
@@ -189,20 +175,14 @@ Text NameOf(HWND control)
 
 HWND TipControlOf(HWND dialog)
 {
-    for (const HWND control : TipControls())
+    TTTOOLINFOW tool;
+    HWND control = nullptr;
+    do
     {
-        TTTOOLINFOW tool;
-        if (GetTool(control, 0, &tool) && tool.hwnd == dialog)
-        {
-            return control;
-        }
-    }
-    return nullptr;
-}
-
-int CountTipControls()
-{
-    return static_cast<int>(TipControls().size());
+        control = FindWindowExW(nullptr, control, TOOLTIPS_CLASSW, nullptr);
+    } while (control != nullptr && (GetWindowThreadProcessId(control, nullptr) != GetCurrentThreadId() ||
+                                    !GetTool(control, 0, &tool) || tool.hwnd != dialog));
+    return control;
 }
 
 std::vector<int> TipsOf(HWND dialog)

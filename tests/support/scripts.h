@@ -35,8 +35,6 @@ Text NameOf(HWND control);
 
 // The tooltip control that has tools in the dialog, or null.
 HWND TipControlOf(HWND dialog);
-// The number of all tooltip controls of the program, those without a tool included.
-int CountTipControls();
 // The ids of the controls with a tip, in the order of registration.
 std::vector<int> TipsOf(HWND dialog);
 Text TipText(HWND dialog, int id);
