@@ -2,6 +2,7 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
+#include <algorithm>
 #include <array>
 
 namespace
@@ -13,8 +14,9 @@ TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
 {
     const Editor sheet;
     const HWND window = sheet.Window();
-    const HWND controls[] = {sheet.Page(), sheet.ApplyButton(), GetDlgItem(window, IDOK)};
-    const RECT natural = PlaceOf(window);
+    const std::array windows = {window, sheet.Page(), sheet.ApplyButton(), GetDlgItem(window, IDOK)};
+    std::array<RECT, windows.size()> natural;
+    std::ranges::transform(windows, natural.begin(), PlaceOf);
     // Work areas of the second screen: a low one, a small one, and one that is high enough.
     for (const RECT& screen : {RECT{1600, 40, 2966, 768}, {1600, 40, 2300, 500}, {1600, 40, 3200, 1200}})
     {
@@ -25,15 +27,19 @@ TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
             SendMessageW(window, message, 0, 0);
             const RECT place = PlaceOf(window);
             EXPECT_TRUE(Contains(screen, place));
-            EXPECT_EQ(place.right - place.left > natural.right - natural.left, screen.bottom == 768)
+            EXPECT_EQ(place.right - place.left > natural[0].right - natural[0].left, screen.bottom == 768)
                 << "room for a scroll bar";
-            for (const HWND control : controls)
+            for (const HWND each : windows)
             {
-                EXPECT_TRUE(Contains(place, PlaceOf(control)));
+                EXPECT_TRUE(Contains(place, PlaceOf(each)));
             }
-            SetWindowPos(window, nullptr, natural.left, natural.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+            SetWindowPos(window, nullptr, natural[0].left, natural[0].top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
             SendMessageW(window, message, 0, 0);
-            EXPECT_TRUE(EqualRect(&natural, std::array{PlaceOf(window)}.data()));
+            for (size_t index = 0; index < windows.size(); ++index)
+            {
+                const RECT after = PlaceOf(windows[index]);
+                EXPECT_TRUE(EqualRect(&natural[index], &after)) << index;
+            }
         }
     }
     // Alt+Tab shows the big icon. A "?" in the title bar excludes the minimise and maximise boxes.

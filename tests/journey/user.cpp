@@ -42,10 +42,8 @@ void TabThrough(HWND window, const std::function<void(HWND)>& visit)
 
 void OpenPage(const Sheet& sheet, const Text& title)
 {
-    int index = 0;
-    while (sheet.SelectIndex(index) && Form(sheet.Page()).Title() != title)
+    for (int index = 0; sheet.SelectIndex(index) && Form(sheet.Page()).Title() != title; ++index)
     {
-        ++index;
     }
     ASSERT_EQ(Form(sheet.Page()).Title(), title);
 }
