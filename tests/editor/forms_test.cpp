@@ -108,9 +108,9 @@ TEST_F(FormsTest, NamesTipsAndTheExchangeMatchTheirChecksums)
         const auto checksum = Checksums.find(title);
         if (checksum == Checksums.end() || checksum->second != ChecksumOf(text))
         {
-            ADD_FAILURE() << Printable(title)
-                          << ": names, tips or exchange do not match the checksum in forms_test.cpp; if the "
-                          << "text below is right, change it to 0x" << std::hex << ChecksumOf(text) << ":\n"
+            ADD_FAILURE() << "names, tips and exchange do not match Checksums in forms_test.cpp; if the text "
+                          << "below is right, its entry is {_T(\"" << Printable(title) << "\"), 0x"
+                          << std::hex << std::uppercase << ChecksumOf(text) << "}:\n"
                           << text;
         }
     });

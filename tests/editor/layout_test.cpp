@@ -32,14 +32,6 @@ RECT RoomOf(HWND dialog)
     return room;
 }
 
-int DotsPerInch()
-{
-    const HDC screen = GetDC(nullptr);
-    const int perInch = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return perInch;
-}
-
 // A button needs more width than its text: for its frame, or for the box that is checked.
 void ExpectFits(HWND control)
 {
@@ -51,7 +43,7 @@ void ExpectFits(HWND control)
     ReleaseDC(control, dc);
     const LONG button = ButtonTypeOf(control);
     const bool isPush = button == BS_PUSHBUTTON || button == BS_DEFPUSHBUTTON;
-    const int perInch = DotsPerInch();
+    const auto perInch = static_cast<int>(GetDpiForSystem());
     const int more = button < 0              ? 0
                      : button == BS_GROUPBOX ? 18 * perInch / 96
                      : isPush                ? 8 * perInch / 96
@@ -70,7 +62,7 @@ void ExpectApart(HWND control, HWND other)
     EXPECT_TRUE(control == other || !IntersectRect(&common, &place, &otherPlace) ||
                 (ButtonTypeOf(control) == BS_GROUPBOX && Contains(place, otherPlace)) ||
                 (ButtonTypeOf(other) == BS_GROUPBOX && Contains(otherPlace, place)))
-        << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
+        << "the controls " << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other) << " overlap";
 }
 
 using LayoutTest = SettingsTest;
@@ -80,7 +72,7 @@ TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
 {
     if (const char* dpi = std::getenv("QB_DPI"))
     {
-        EXPECT_EQ(DotsPerInch(), std::atoi(dpi));
+        EXPECT_EQ(GetDpiForSystem(), static_cast<UINT>(std::atoi(dpi)));
     }
     ForEachForm([](const Form& form, const Text&) {
         std::vector<HWND> controls = ControlsOf(form.Page());

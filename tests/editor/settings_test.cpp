@@ -72,12 +72,14 @@ void ExpectStored(const Tree& expected)
     {
         for (const auto& [name, value] : values)
         {
-            ASSERT_EQ(Stored(key, name), value) << Printable(key + _T("\\") + name)
-                                                << ": LoadSettings and SaveSettings must read and write it";
+            ASSERT_EQ(Stored(key, name), value)
+                << Printable(key + _T("\\") + name)
+                << " is not stored as entered: see SaveSettings, LoadSettings and "
+                << "DoDataExchange, and its row in docs/settings.md";
         }
     }
-    EXPECT_TRUE(StoredSettings() == expected)
-        << "the editor stores values that docs/settings.md does not have";
+    EXPECT_TRUE(StoredSettings() == expected) << "the editor stores values that docs/settings.md does not "
+                                                 "have, or Roots in registry.cpp lacks a key";
 }
 
 // The settings of this page and of General Settings, which opens first and so is always stored too.
@@ -243,8 +245,8 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         const Editor sheet;
         calls::Reset();
         ASSERT_TRUE(sheet.Select(tab));
-        EXPECT_EQ(PlacesOf(calls::Made("RegQueryValueExW")),
-                  tab == tabs::General ? Places() : PlacesOf(read));
+        EXPECT_EQ(PlacesOf(calls::Made("RegQueryValueExW")), tab == tabs::General ? Places() : PlacesOf(read))
+            << "LoadSettings must read in the order of the rows of docs/settings.md";
         EXPECT_EQ(PlacesOf(calls::Made("RegSetValueExW")), Places());
         ExpectShown(sheet, &Setting::initial);
         EXPECT_EQ(sheet.CanApply(), tab == tabs::Media)
@@ -252,7 +254,8 @@ TEST_F(AllSettingsTest, EachPageReadsAtItsFirstDisplayAndStoresItsDefaultsAtOkBo
         calls::Reset();
         sheet.Ok();
         EXPECT_EQ(PlacesOf(calls::Made("RegQueryValueExW")), Places());
-        EXPECT_EQ(PlacesOf(calls::Made("RegSetValueExW")), PlacesOf(StoredWith(tab)));
+        EXPECT_EQ(PlacesOf(calls::Made("RegSetValueExW")), PlacesOf(StoredWith(tab)))
+            << "SaveSettings must store in the order of the rows of docs/settings.md";
         // A page opens a key for each value. The keys of the two port tables have no values.
         EXPECT_EQ(calls::Made("RegSetValueExW").size() + (tab == tabs::Media ? 2 : 0),
                   calls::Made("RegCreateKeyExW").size());

@@ -45,6 +45,14 @@ StoredValue ValueOf(const Text& type, const Text& cell)
                                    : Binary(std::vector<BYTE>(16, 0x5A));
 }
 
+void EndIf(bool fault, const std::string& message)
+{
+    if (fault)
+    {
+        EndProgram(message);
+    }
+}
+
 // Each page has a section of the reference, and its dialogs have subsections. The key of a row is in a cell,
 // or in the line "Key" before the table.
 std::vector<Setting> ReadReference()
@@ -58,6 +66,7 @@ std::vector<Setting> ReadReference()
     for (std::string bytes; std::getline(file, bytes);)
     {
         const Text line(bytes.begin(), bytes.end());
+        columns = line.find(_T("|")) == 0 ? columns : std::vector<Text>();
         if (line.find(_T("##")) == 0)
         {
             isDialog = line[2] == _T('#');
@@ -80,6 +89,7 @@ std::vector<Setting> ReadReference()
                 columns = cells;
                 continue;
             }
+            EndIf(columns.empty(), "docs/settings.md has no header above the row of " + Printable(cells[0]));
             std::map<Text, Text> row;
             for (size_t column = 0; column < std::min(columns.size(), cells.size()); ++column)
             {
@@ -168,9 +178,10 @@ class FindControls : public testing::Environment
         }
         for (const Text& tab : AllTabs())
         {
-            EndIf(!sheet.Select(tab), "the sheet has no page " + Quoted(tab) +
-                                          ": CQBSettingsApp::RunSheet must join it, and its constructor "
-                                          "add its tools");
+            EndIf(!sheet.Select(tab),
+                  "the sheet has no page " + Quoted(tab) +
+                      ": it needs a template of its own id with that title, its "
+                      "constructor must add its tools, and CQBSettingsApp::RunSheet join it");
             FindOn(sheet, tab);
         }
         EndIf(tabs != AllTabs(),
@@ -188,10 +199,10 @@ class FindControls : public testing::Environment
                 continue;
             }
             const HWND control = FindControl(sheet, setting.control);
-            EndIf(control == nullptr, "the page " + Quoted(tab) + " has no control " +
-                                          Quoted(setting.control) + ", which docs/settings.md has for " +
-                                          Printable(setting.name) +
-                                          ": it needs a text, a label directly before it, or AddName");
+            EndIf(control == nullptr,
+                  "the page " + Quoted(tab) + " has no control " + Quoted(setting.control) +
+                      ", which docs/settings.md has for " + Printable(setting.name) +
+                      ": the control needs that text, a label directly before it, or AddName");
             Examine(control, &setting);
             if (setting.kind != Fixed)
             {
@@ -200,8 +211,8 @@ class FindControls : public testing::Environment
                 EndIf(shown != wanted, "docs/settings.md has the default " + Quoted(wanted) + " for " +
                                            Printable(setting.name) + ", but the page " + Quoted(tab) +
                                            " shows " + Quoted(shown) +
-                                           ": the initial value of its member differs, or DoDataExchange "
-                                           "leaves the control out");
+                                           ": the initial value of its member differs, or "
+                                           "DoDataExchange or UpdateControlStates leaves it out");
             }
             std::erase_if(inputs, [&setting](HWND input) {
                 return GetDlgCtrlID(input) == setting.id || GetDlgCtrlID(input) == setting.secondId;
@@ -229,13 +240,6 @@ class FindControls : public testing::Environment
         return nullptr;
     }
 
-    static void EndIf(bool fault, const std::string& message)
-    {
-        if (fault)
-        {
-            EndProgram(message);
-        }
-    }
     static std::string Quoted(const Text& text) { return '"' + Printable(text) + '"'; }
 };
 
@@ -268,7 +272,8 @@ void Setting::ExpectShown(const Form& page, const StoredValue& value) const
 {
     if (kind != Fixed)
     {
-        EXPECT_EQ(ShownOn(page), TextFor(value)) << Printable(name);
+        EXPECT_EQ(ShownOn(page), TextFor(value))
+            << Printable(name) << " is not shown as stored or entered: see LoadSettings and DoDataExchange";
     }
     for (const int button : kind == Radio ? std::vector{id, secondId} : std::vector<int>())
     {
