@@ -2,6 +2,8 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
+#include <prsht.h>
+
 #include <algorithm>
 #include <array>
 
@@ -42,6 +44,8 @@ TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
             }
         }
     }
+    const auto tabs = reinterpret_cast<HWND>(SendMessageW(window, PSM_GETTABCONTROL, 0, 0));
+    EXPECT_GT(natural[1].top, PlaceOf(tabs).top + 10) << "the page must not cover the tabs";
     // Alt+Tab shows the big icon. A "?" in the title bar excludes the minimise and maximise boxes.
     EXPECT_NE(SendMessageW(window, WM_GETICON, ICON_BIG, 0), 0);
     EXPECT_EQ(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_CONTEXTHELP, 0);
