@@ -1,6 +1,5 @@
 #include "support/registry.h"
 
-#include "driver/editor.h"
 #include "support/calls.h"
 
 #include <algorithm>
@@ -41,18 +40,6 @@ StoredValue Binary(std::vector<BYTE> data)
 bool IsWine()
 {
     return GetProcAddress(GetModuleHandleW(_T("ntdll.dll")), "wine_get_version") != nullptr;
-}
-
-std::string FileBeside(const Text& name)
-{
-    const HANDLE file = CreateFileW(EditorProcess::Path(name).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    EXPECT_NE(file, INVALID_HANDLE_VALUE) << Printable(name);
-    std::string content(GetFileSize(file, nullptr), '\0');
-    DWORD size = 0;
-    EXPECT_TRUE(ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &size, nullptr));
-    CloseHandle(file);
-    return content;
 }
 
 Text Decimal(long long number)

@@ -73,9 +73,6 @@ inline const StoredValue Absent = {};
 // Whether this is Wine. A test that cannot be right on Windows asks, and gives the reason.
 bool IsWine();
 
-// The content of the file of that name in the test program's folder. Fails the test if there is none.
-std::string FileBeside(const Text& name);
-
 Text Decimal(long long number);
 void PrintTo(const StoredValue& value, std::ostream* out);
 

@@ -3,7 +3,6 @@
 #include "support/scripts.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace
 {
@@ -26,25 +25,6 @@ Text Digits(LPCTSTR format, DWORD number)
     return text.GetString();
 }
 
-std::vector<Text> Split(const Text& text, const Text& separator)
-{
-    std::vector<Text> parts;
-    size_t start = 0;
-    for (size_t end = 0; (end = text.find(separator, start)) != Text::npos; start = end + separator.size())
-    {
-        parts.push_back(text.substr(start, end - start));
-    }
-    parts.push_back(text.substr(start));
-    return parts;
-}
-
-StoredValue ValueOf(const Text& type, const Text& cell)
-{
-    return type == _T("REG_DWORD") ? Dword(static_cast<DWORD>(std::stoll(Printable(cell))))
-           : type == _T("REG_SZ")  ? Sz(cell.substr(1, cell.size() - 2))
-                                   : Binary(std::vector<BYTE>(16, 0x5A));
-}
-
 void EndIf(bool fault, const std::string& message)
 {
     if (fault)
@@ -53,64 +33,11 @@ void EndIf(bool fault, const std::string& message)
     }
 }
 
-// Each page has a section of the reference, and its dialogs have subsections. The key of a row is in a cell,
-// or in the line "Key" before the table.
-std::vector<Setting> ReadReference()
-{
-    std::vector<Setting> settings;
-    Text tab;
-    Text key;
-    bool isDialog = false;
-    std::vector<Text> columns;
-    std::istringstream file(FileBeside(_T("settings.md")));
-    for (std::string bytes; std::getline(file, bytes);)
-    {
-        const Text line(bytes.begin(), bytes.end());
-        columns = line.find(_T("|")) == 0 ? columns : std::vector<Text>();
-        if (line.find(_T("##")) == 0)
-        {
-            isDialog = line[2] == _T('#');
-            tab = isDialog ? tab : line.substr(3);
-            // A template doubles the ampersand: a single one makes the next letter a mnemonic.
-            if (const size_t ampersand = tab.find(_T(" & ")); ampersand != Text::npos)
-            {
-                tab.insert(ampersand + 1, 1, _T('&'));
-            }
-        }
-        else if (const size_t start = line.find(_T("Key `")); start != Text::npos)
-        {
-            key = line.substr(start + 5, line.size() - start - 6);
-        }
-        else if (line.find(_T("| ")) == 0)
-        {
-            const std::vector<Text> cells = Split(line.substr(2, line.size() - 4), _T(" | "));
-            if (cells[0][0] != _T('`'))
-            {
-                columns = cells;
-                continue;
-            }
-            EndIf(columns.empty(), "docs/settings.md has no header above the row of " + Printable(cells[0]));
-            std::map<Text, Text> row;
-            for (size_t column = 0; column < std::min(columns.size(), cells.size()); ++column)
-            {
-                row[columns[column]] = cells[column];
-                std::erase(row[columns[column]], _T('`'));
-            }
-            Setting& setting = settings.emplace_back();
-            setting.tab = tab;
-            setting.key = row.count(_T("Key")) != 0 ? row[_T("Key")] : key;
-            setting.name = row[_T("Value")];
-            setting.initial = setting.changed = ValueOf(row[_T("Type")], row[_T("Default")]);
-            setting.control = isDialog || row[_T("Control")] == _T("none") ? Text() : row[_T("Control")];
-            setting.tools = row[_T("Tools")] == _T("any") ? Tools() : Split(row[_T("Tools")], _T(", "));
-        }
-    }
-    return settings;
-}
-
 std::vector<Setting>& Settings()
 {
-    static std::vector<Setting> settings = ReadReference();
+    static std::vector<Setting> settings = {
+#include "settings.inc"
+    };
     return settings;
 }
 

@@ -1,4 +1,5 @@
-// Every value that the editor stores. The tests read them from docs/settings.md, the reference for users.
+// Every value that the editor stores. They come from docs/settings.md, the reference for users: the build
+// makes settings.inc from it.
 #pragma once
 
 #include "support/registry.h"
@@ -27,7 +28,7 @@ struct Setting
     Kind kind = Kind::Fixed;
     int id = 0;  // of the control, or of the first radio button
     int secondId = 0;
-    StoredValue changed;  // a value other than the initial one, unless the setting is fixed
+    StoredValue changed = initial;  // a value other than the initial one, unless the setting is fixed
 
     bool IsLiveFor(const Tools& installed) const;
     // The value "fw" is a copy for old tools, which the editor only writes.
