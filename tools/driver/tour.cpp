@@ -1,4 +1,4 @@
-// Goes through the program's pages for ./run. For each picture, prints its name and its place on the screen,
+// Goes through the program's pages for ./run. For each picture, prints its place on the screen and its title,
 // and waits for a line of input. Then changes a setting, and presses Apply and OK.
 #include "driver/editor.h"
 #include "resource.h"
@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <io.h>
 #include <cstdio>
-#include <cwctype>
 
 namespace
 {
@@ -14,31 +13,14 @@ constexpr DWORD PaintMilliseconds = 200;
 // The buttons of MAUSB Media Settings that open a dialog.
 constexpr int DialogButtons[] = {IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS};
 
-std::string FileName(const Text& title)
-{
-    std::string name;
-    for (const wchar_t character : title)
-    {
-        if (std::iswalnum(character))
-        {
-            name += static_cast<char>(std::towlower(character));
-        }
-        else if (!name.empty() && name.back() != '-')
-        {
-            name += '-';
-        }
-    }
-    return name;
-}
-
 void TakePicture(HWND window, const Text& title)
 {
     // Draws the title bar as active. Without a window manager no window is active.
     SendMessageW(GetAncestor(window, GA_ROOT), WM_NCACTIVATE, TRUE, 0);
     const RECT place = PlaceOf(window);
     Sleep(PaintMilliseconds);
-    std::printf("%s %ldx%ld+%ld+%ld\n", FileName(title).c_str(), place.right - place.left,
-                place.bottom - place.top, place.left, place.top);
+    std::printf("%ldx%ld+%ld+%ld %s\n", place.right - place.left, place.bottom - place.top, place.left,
+                place.top, Printable(title).c_str());
     std::fflush(stdout);
     while (std::getchar() != '\n' && !std::feof(stdin))
     {
