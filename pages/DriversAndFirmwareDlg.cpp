@@ -159,6 +159,12 @@ void CDriversAndFirmwareDlg::UpdateControlStates()
     UpdateRvskControls();
 }
 
+void CDriversAndFirmwareDlg::OnSwitch(int& enabled, StackIndex index)
+{
+    CheckModified(enabled);
+    UpdatePathControls(index);
+}
+
 void CDriversAndFirmwareDlg::UpdatePathControls(StackIndex index)
 {
     if (Stacks[index].isNeeded())
@@ -188,30 +194,6 @@ void CDriversAndFirmwareDlg::InitToolTips()
         _T("If checked, QB will automatically install the compliance driver stack for your USB4 Host."));
     AddToolTip(IDC_RVSK_SWITCH,
                _T("If checked, QB will automatically install the RVSK stack for your USB4 Host."));
-}
-
-void CDriversAndFirmwareDlg::OnEhciSwitch()
-{
-    CheckModified(EnableEhciStackSwitcher);
-    UpdateEhciControls();
-}
-
-void CDriversAndFirmwareDlg::OnXhciSwitch()
-{
-    CheckModified(EnableXhciStackSwitcher);
-    UpdateXhciControls();
-}
-
-void CDriversAndFirmwareDlg::OnUsb4HiSwitch()
-{
-    CheckModified(EnableUsb4HiStackSwitcher);
-    UpdateUsb4HiControls();
-}
-
-void CDriversAndFirmwareDlg::OnRvskSwitch()
-{
-    CheckModified(EnableRvskStackSwitcher);
-    UpdateRvskControls();
 }
 
 // The user chooses a file, and the edit receives its folder. The page is not marked as modified, but OK

@@ -20,10 +20,10 @@ protected:
     void LoadSettings() override;
     void UpdateControlStates() override;
 
-    afx_msg void OnEhciSwitch();
-    afx_msg void OnXhciSwitch();
-    afx_msg void OnUsb4HiSwitch();
-    afx_msg void OnRvskSwitch();
+    afx_msg void OnEhciSwitch() { OnSwitch(EnableEhciStackSwitcher, Ehci); }
+    afx_msg void OnXhciSwitch() { OnSwitch(EnableXhciStackSwitcher, Xhci); }
+    afx_msg void OnUsb4HiSwitch() { OnSwitch(EnableUsb4HiStackSwitcher, Usb4Hi); }
+    afx_msg void OnRvskSwitch() { OnSwitch(EnableRvskStackSwitcher, Rvsk); }
     afx_msg void OnBrowse(UINT id);
 
 private:
@@ -57,6 +57,7 @@ private:
     static bool IsXhciNeeded();
     static bool IsUsb4Needed();
 
+    void OnSwitch(int& enabled, StackIndex index);
     // Each enables or disables its stack's path controls according to the check box. It does nothing if the
     // stack is not needed.
     void UpdateEhciControls() { UpdatePathControls(Ehci); }
