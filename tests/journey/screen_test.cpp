@@ -5,10 +5,12 @@
 
 namespace
 {
-// Whether the window is completely inside the client areas of the windows around it, and on the screen.
+// Whether the window is completely inside the client areas of the windows around it, with some pixels above
+// and below it, and on the screen.
 bool IsSeen(HWND window)
 {
-    const RECT place = PlaceOf(window);
+    RECT place = PlaceOf(window);
+    InflateRect(&place, 0, 3);
     for (HWND outer = window; outer != nullptr;)
     {
         outer = GetAncestor(outer, GA_PARENT);
