@@ -1,6 +1,6 @@
-// Measures the time that the editor adds to the registry calls. Each load or save runs once while its calls
-// are recorded. Then the editor and the bare calls run in turn, so that a disturbance affects both. Argument:
-// the seconds for each measure; 0 runs each measure of the pages a few times and leaves out the others.
+// Measures the time that the editor adds to the registry calls: that of each load or save, beside the time
+// that its calls take within it. Argument: the seconds for each measure; 0 runs each measure of the pages a
+// few times and leaves out the others.
 #include "driver/inprocess.h"
 #include "driver/interpose.h"
 #include "framework/SettingsPage.h"
@@ -13,8 +13,8 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <string>
-#include <tuple>
 
 namespace
 {
@@ -25,128 +25,66 @@ constexpr UINT MostPorts = 65535;
 
 using Call = std::function<void()>;
 
-// Receives the calls; null while none are recorded.
-std::vector<Call>* g_notes = nullptr;
-// The keys that the repeated calls have opened. The editor closes its keys in reverse order.
-std::vector<HKEY> g_open;
+// The time of each call of the system.
+Times g_calls;
 
-// Each of these keeps an argument of a call: the result returns it for the repeated call.
-template <class Value, class All>
-auto Keep(Value value, const All&)
-{
-    return [value] { return value; };
-}
-
-template <class All>
-auto Keep(HKEY key, const All&)
-{
-    return [key] { return key == SettingsRoot ? key : g_open.back(); };
-}
-
-template <class All>
-auto Keep(PHKEY, const All&)
-{
-    return [] { return &g_open.emplace_back(); };
-}
-
-template <class All>
-auto Keep(LPCWSTR text, const All&)
-{
-    return [isNull = text == nullptr, kept = WideString(text != nullptr ? text : L"")] {
-        return isNull ? nullptr : kept.c_str();
-    };
-}
-
-// The bytes to store; the last argument is their count.
-template <class All>
-auto Keep(const BYTE* data, const All& all)
-{
-    return [kept = std::vector<BYTE>(data, data + std::get<std::tuple_size_v<All> - 1>(all))] {
-        return kept.data();
-    };
-}
-
-// A buffer for output, or a size for input and output.
-template <class Unit, class All>
-auto Keep(Unit* output, const All&)
-{
-    static Unit room[65536];
-    return [isNull = output == nullptr, before = output != nullptr ? *output : Unit{}] {
-        return isNull ? nullptr : &(room[0] = before);
-    };
-}
-
-// Calls the system's function, and records the call if g_notes is set.
+// Calls the system's function and measures it.
 template <const char* Name, class... Arguments>
-LSTATUS WINAPI Noted(Arguments... arguments)
+LSTATUS WINAPI Timed(Arguments... arguments)
 {
-    static const auto own = reinterpret_cast<decltype(&Noted<Name, Arguments...>)>(SystemFunction(Name));
-    if (g_notes != nullptr)
-    {
-        g_notes->push_back([... kept = Keep(arguments, std::tie(arguments...))] {
-            // In braces the arguments are evaluated in order: the open key before the key to be opened.
-            std::apply(own, std::tuple<Arguments...>{kept()...});
-            if (sizeof...(Arguments) == 1)
-            {
-                g_open.pop_back();
-            }
-        });
-    }
-    return own(arguments...);
+    static const auto own = reinterpret_cast<decltype(&Timed<Name, Arguments...>)>(SystemFunction(Name));
+    const double start = Milliseconds();
+    const LSTATUS status = own(arguments...);
+    g_calls.push_back(Milliseconds() - start);
+    return status;
 }
 }  // namespace
 
-#define NOTE_CALLS_OF(function)                    \
+#define TIME_CALLS_OF(function)                    \
     constexpr char NameOf##function[] = #function; \
-    INTERPOSE(function, Noted<NameOf##function>)
+    INTERPOSE(function, Timed<NameOf##function>)
 
-NOTE_CALLS_OF(RegOpenKeyExW)
-NOTE_CALLS_OF(RegCreateKeyExW)
-NOTE_CALLS_OF(RegCloseKey)
-NOTE_CALLS_OF(RegDeleteTreeW)
-NOTE_CALLS_OF(RegSetValueExW)
-NOTE_CALLS_OF(RegQueryValueExW)
-NOTE_CALLS_OF(RegQueryInfoKeyW)
-NOTE_CALLS_OF(RegEnumKeyExW)
-NOTE_CALLS_OF(RegEnumValueW)
+TIME_CALLS_OF(RegOpenKeyExW)
+TIME_CALLS_OF(RegCreateKeyExW)
+TIME_CALLS_OF(RegCloseKey)
+TIME_CALLS_OF(RegDeleteTreeW)
+TIME_CALLS_OF(RegSetValueExW)
+TIME_CALLS_OF(RegQueryValueExW)
+TIME_CALLS_OF(RegQueryInfoKeyW)
+TIME_CALLS_OF(RegEnumKeyExW)
+TIME_CALLS_OF(RegEnumValueW)
 
 namespace
 {
 double g_milliseconds = 1000;  // for each measure
 
-// The medians of the editor and of the bare calls.
+// The medians of the editor and of its calls alone.
 using Medians = std::pair<double, double>;
 
 Medians Measure(const std::string& name, const std::function<Call()>& prepare)
 {
-    std::vector<Call> calls;
     Call editor = prepare();
-    g_notes = &calls;
-    editor();
-    g_notes = nullptr;
+    size_t calls = 0;
     Times editorTimes;
-    Times bareTimes;
+    Times callTimes;
     const double end = Milliseconds() + g_milliseconds;
-    while (bareTimes.size() < LeastRuns || Milliseconds() < end)
+    while (callTimes.size() < LeastRuns || Milliseconds() < end)
     {
+        g_calls.clear();
         const double start = Milliseconds();
         editor();
-        const double between = Milliseconds();
-        for (const Call& call : calls)
-        {
-            call();
-        }
-        editorTimes.push_back(between - start);
-        bareTimes.push_back(Milliseconds() - between);
-        if (bareTimes.size() % RunsOfOne == 0)
+        editorTimes.push_back(Milliseconds() - start);
+        callTimes.push_back(std::accumulate(g_calls.begin(), g_calls.end(), 0.0));
+        calls = g_calls.size();
+        if (callTimes.size() % RunsOfOne == 0)
         {
             editor = nullptr;  // only one sheet can be open
             editor = prepare();
         }
     }
-    const Medians medians = {Median(editorTimes), Median(bareTimes)};
-    std::printf("  %-31s%8zu%7zu%12.3f%12.3f%8.3f\n", name.c_str(), calls.size(), bareTimes.size(),
-                medians.first, medians.second, medians.first / medians.second);
+    const Medians medians = {Median(editorTimes), Median(callTimes)};
+    std::printf("  %-31s%8zu%7zu%12.3f%12.3f%8.3f\n", name.c_str(), calls, callTimes.size(), medians.first,
+                medians.second, medians.first / medians.second);
     std::fflush(stdout);
     return medians;
 }
@@ -220,7 +158,7 @@ void MeasurePortTables(const std::string& name, Call (*prepare)(UINT))
     }
     RegDeleteTreeW(SettingsRoot, (ToolKey() + L"\\" + TableName).c_str());
     const double share = 1000.0 / MostPorts;
-    std::printf("  a port of %u takes, beside one of 1000: the editor %.2f, the bare calls %.2f\n", MostPorts,
+    std::printf("  a port of %u takes, beside one of 1000: the editor %.2f, its calls %.2f\n", MostPorts,
                 share * most.first / thousand.first, share * most.second / thousand.second);
 }
 
@@ -240,7 +178,7 @@ int main(int argc, char** argv)
 {
     g_milliseconds *= argc > 1 ? std::atof(argv[1]) : 1;
     const std::jthread awake = KeepAwake();
-    std::printf("medians, ms                          calls   runs      editor  bare calls   ratio\n");
+    std::printf("medians, ms                          calls   runs      editor       calls   ratio\n");
     MeasurePages();
     if (g_milliseconds == 0)
     {
