@@ -55,4 +55,5 @@ TEST_F(FocusTest, SheetRestoresAFocusThatIsLost)
         AfxGetMainWnd()->ContinueModal();
         EXPECT_TRUE(IsWindowVisible(GetFocus()) && IsWindowEnabled(GetFocus()));
     }
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK) << "if the focus is nowhere";
 }

@@ -55,41 +55,30 @@ Text AnyName(FuzzedDataProvider& input)
     return name;
 }
 
-struct Place
+// The values that a page reads, or, without a page, those of the installed tools.
+std::vector<Setting> PlacesOf(const Text& tab)
 {
-    Text key;  // any subkey of it if it ends in a backslash
-    Text name;
-    bool isText;
-};
-using Places = std::vector<Place>;
+    std::vector<Setting> places = SettingsOf(tab);
+    for (const ProductId& tool : places.empty() ? AllTools : Tools())
+    {
+        places.push_back({{}, keys::Installed, tool, Absent, {}, {}});
+    }
+    return places;
+}
 
-void StoreAll(FuzzedDataProvider& input, const Places& places)
+void StoreAll(FuzzedDataProvider& input, const std::vector<Setting>& places)
 {
     while (input.remaining_bytes() > 0)
     {
         const auto choice = input.ConsumeIntegralInRange<size_t>(0, places.size());
-        const auto& [key, name, isText] = places[choice % places.size()];
-        const Text subkey = key.back() == _T('\\') ? AnyName(input) : Text();
-        Store(key + subkey, choice < places.size() ? name : AnyName(input), AnyValue(input, isText));
+        const Setting& place = places[choice % places.size()];
+        // Ports are keys of any names.
+        const bool isPort = place.name == _T("PacketType");
+        const Text key =
+            isPort ? place.key.substr(0, place.key.rfind(_T('\\')) + 1) + AnyName(input) : place.key;
+        const Text name = choice < places.size() ? place.name : AnyName(input);
+        Store(key, name, AnyValue(input, place.initial.type == REG_SZ));
     }
-}
-
-// The values that a page reads, or those of the installed tools. Ports are keys of any names below their
-// table's.
-Places PlacesOf(const Text& tab)
-{
-    Places places;
-    for (const Setting& setting : SettingsOf(tab))
-    {
-        const Text table = setting.key.substr(0, setting.key.rfind(_T('\\')) + 1);
-        const bool isPort = setting.name == _T("PacketType");
-        places.push_back({isPort ? table : setting.key, setting.name, setting.initial.type == REG_SZ});
-    }
-    for (const ProductId& tool : places.empty() ? AllTools : Tools())
-    {
-        places.push_back({keys::Installed, tool, false});
-    }
-    return places;
 }
 
 // Returns the settings after the first Apply, none if the list of tools cannot be read.
