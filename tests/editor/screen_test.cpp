@@ -49,4 +49,7 @@ TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
     // Alt+Tab shows the big icon. A "?" in the title bar excludes the minimise and maximise boxes.
     EXPECT_NE(SendMessageW(window, WM_GETICON, ICON_BIG, 0), 0);
     EXPECT_EQ(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_CONTEXTHELP, 0);
+    SetWindowPos(window, nullptr, -50, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SendMessageW(window, WM_EXITSIZEMOVE, 0, 0);
+    EXPECT_EQ(PlaceOf(window).left, -50) << "a sheet of its full size stays where the user puts it";
 }
