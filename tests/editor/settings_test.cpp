@@ -74,12 +74,12 @@ void ExpectStored(const Tree& expected)
         {
             ASSERT_EQ(Stored(key, name), value)
                 << Printable(key + _T("\\") + name)
-                << " is not stored as entered: see SaveSettings, LoadSettings and "
-                << "DoDataExchange, and its row in docs/settings.md";
+                << " is not stored as entered: see SaveSettings, LoadSettings, DoDataExchange and, for a "
+                << "list, UpdateControlStates; and its row in docs/settings.md";
         }
     }
-    EXPECT_TRUE(StoredSettings() == expected) << "the editor stores values that docs/settings.md does not "
-                                                 "have, or Roots in registry.cpp lacks a key";
+    EXPECT_TRUE(StoredSettings() == expected) << "Roots in registry.cpp lacks a key of docs/settings.md, "
+                                                 "or the editor stores values that are not there";
 }
 
 // The settings of this page and of General Settings, which opens first and so is always stored too.
@@ -113,7 +113,8 @@ void ExpectMarks(const Sheet& sheet, const Setting& setting)
     // The paths of Drivers & Firmware have no handler.
     const bool marks = setting.tab != tabs::Drivers || setting.kind != Kind::Line;
     setting.Enter(sheet, setting.changed);
-    ASSERT_EQ(sheet.CanApply(), marks) << "the handler of the control's change must call CheckModified";
+    ASSERT_EQ(sheet.CanApply(), marks)
+        << "the message map must have a handler of the change, which calls CheckModified";
     sheet.Apply();
     EXPECT_FALSE(sheet.CanApply());
     if (marks)
@@ -182,7 +183,7 @@ TEST_F(AllSettingsTest, EachToolHasItsPagesAndSettingsAndNoOthersAreTouched)
     const StoredValue foreign = Binary({1, 2, 3});  // no page stores this
     for (const Tools& tools : sets)
     {
-        SCOPED_TRACE(tools.empty() ? "none" : Printable(tools.front()));
+        SCOPED_TRACE(testing::PrintToString(tools));
         SettingsTest::SetUp();
         InstallTools(tools);
         Tree expected;

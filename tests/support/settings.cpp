@@ -107,7 +107,7 @@ class FindControls : public testing::Environment
         {
             EndIf(!sheet.Select(tab),
                   "the sheet has no page " + Quoted(tab) +
-                      ": it needs a template of its own id with that title, its "
+                      ": it needs a template with that title, whose id no other template has, its "
                       "constructor must add its tools, and CQBSettingsApp::RunSheet join it");
             FindOn(sheet, tab);
         }
