@@ -62,7 +62,7 @@ int main(int argc, char** argv)
         {
             for (const auto& [name, value] : values)
             {
-                std::cout << argv[argument] << Printable(path + _T(": ") + name) << ", ";
+                std::cout << argv[argument] << Printable(path) << ": " << Printable(name) << ", ";
                 PrintTo(value, &std::cout);
                 std::cout << '\n';
             }
