@@ -25,7 +25,7 @@ constexpr UINT MostPorts = 65535;
 
 using Call = std::function<void()>;
 
-// The time of each call of the system.
+// The times of the registry calls since this was last cleared, in milliseconds.
 Times g_calls;
 
 // Calls the system's function and measures it.

@@ -9,6 +9,7 @@
 
 #include <tlhelp32.h>
 
+#include <cstdio>
 #include <iostream>
 
 namespace
