@@ -6,8 +6,6 @@
 
 class CMAUSBHubUnderTestParamsDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CMAUSBHubUnderTestParamsDlg)
-
 public:
     CMAUSBHubUnderTestParamsDlg();
 

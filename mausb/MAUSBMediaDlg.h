@@ -8,8 +8,6 @@
 
 class CMAUSBMediaDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CMAUSBMediaDlg)
-
 public:
     CMAUSBMediaDlg();
 

@@ -6,8 +6,6 @@
 
 class CMAUSBProtocolConstantsDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CMAUSBProtocolConstantsDlg)
-
 public:
     CMAUSBProtocolConstantsDlg();
 

@@ -8,8 +8,6 @@
 
 class CMAUSBSettingsDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CMAUSBSettingsDlg)
-
 public:
     CMAUSBSettingsDlg();
 

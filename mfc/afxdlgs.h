@@ -62,8 +62,6 @@ private:
 
 class CPropertySheet : public CWnd
 {
-    DECLARE_DYNAMIC(CPropertySheet)
-
 public:
     explicit CPropertySheet(LPCTSTR pszCaption);
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
-
 namespace
 {
 // A private message, posted when the sheet may have been activated.

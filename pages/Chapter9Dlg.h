@@ -5,8 +5,6 @@
 
 class CChapter9Dlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CChapter9Dlg)
-
 public:
     CChapter9Dlg();
 

@@ -6,8 +6,6 @@
 
 class CDriversAndFirmwareDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CDriversAndFirmwareDlg)
-
 public:
     CDriversAndFirmwareDlg();
 

@@ -5,8 +5,6 @@
 
 class CGeneralSettingsDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CGeneralSettingsDlg)
-
 public:
     CGeneralSettingsDlg();
 

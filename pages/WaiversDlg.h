@@ -5,8 +5,6 @@
 
 class CWaiversDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CWaiversDlg)
-
 public:
     CWaiversDlg();
 

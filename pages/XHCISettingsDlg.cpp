@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-IMPLEMENT_DYNAMIC(CXHCISettingsDlg, CSettingsPage)
-
 BEGIN_MESSAGE_MAP(CXHCISettingsDlg, CSettingsPage)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_IMOD_INTERVAL, IDC_ISOCH_MAX_BURST_START,
                      &CXHCISettingsDlg::OnSettingChanged)

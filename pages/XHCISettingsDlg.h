@@ -5,8 +5,6 @@
 
 class CXHCISettingsDlg : public CSettingsPage
 {
-    DECLARE_DYNAMIC(CXHCISettingsDlg)
-
 public:
     CXHCISettingsDlg();
 
