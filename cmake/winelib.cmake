@@ -5,5 +5,3 @@ set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_LINK_EXECUTABLE "winegcc -b x86_64-linux-gnu -mconsole <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES>")
 set(CMAKE_EXECUTABLE_SUFFIX_CXX .exe.so)
-# CTest runs the tests by this command.
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/wine)

@@ -181,21 +181,3 @@ list_tools()
     } > "$file"
     wine_step "list the tools as installed" regedit /S "$file"
 }
-
-# Creates a folder with the fuzzer's first inputs, which are the same each time. Each is a title, usually that of a page,
-# followed by a number of arbitrary bytes.
-make_corpus()
-{
-    rm -rf "$1"
-    mkdir -p "$1"
-    { echo "no page"; tools/list-settings pages; } | LC_ALL=C awk -v folder="$1" '
-        {
-            srand(1)
-            for (count = 0; count <= 200; count += 40) {
-                file = folder "/" NR "-" count
-                print > file
-                for (i = 0; i < count; i++) printf "%c", int(rand() * 256) > file
-                close(file)
-            }
-        }'
-}
