@@ -2,9 +2,7 @@
 
 #include "framework/ProductId.h"
 
-#include <algorithm>
 #include <cstring>
-#include <memory>
 
 RegistryKey::RegistryKey(const WideString& path, REGSAM access, HKEY parent, DWORD* disposition)
 {
@@ -26,19 +24,41 @@ RegistryKey::~RegistryKey()
     }
 }
 
-namespace
+bool RegistryKey::ReadNumber(const WideString& name, DWORD* number) const
 {
-bool WriteValueBytes(const WideString& key, const WideString& name, DWORD type, const void* data, size_t size)
-{
-    const RegistryKey opened(key, KeyWrite);
-    return opened.IsOpen() &&
-           RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
-                          static_cast<DWORD>(size)) == ERROR_SUCCESS;
+    // A copy, because a failed query may change its buffer.
+    DWORD stored = *number;
+    DWORD size = sizeof(stored);
+    const bool isRead =
+        IsOpen() && RegQueryValueExW(m_key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&stored),
+                                     &size) == ERROR_SUCCESS;
+    *number = isRead ? stored : *number;
+    return isRead;
 }
 
-// Reads a value of any type. Returns its bytes, followed by a terminator, and sets their number; null on
-// failure.
-std::unique_ptr<TCHAR[]> ReadValueBytes(const WideString& key, const WideString& name, DWORD* size)
+bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value)
+{
+    return WriteRegistryValue(key, name, REG_DWORD, &value, sizeof(value));
+}
+
+bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text)
+{
+    DWORD size = 0;
+    const auto value = ReadRegistryValue(key, name, &size);
+    if (value != nullptr)
+    {
+        text = value.get();
+    }
+    return value != nullptr;
+}
+
+bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text)
+{
+    const WideString stored = text != nullptr ? text : _T("");
+    return WriteRegistryValue(key, name, REG_SZ, stored.c_str(), (stored.size() + 1) * sizeof(TCHAR));
+}
+
+std::unique_ptr<TCHAR[]> ReadRegistryValue(const WideString& key, const WideString& name, DWORD* size)
 {
     const RegistryKey opened(key, KeyRead);
     *size = 0;
@@ -58,62 +78,17 @@ std::unique_ptr<TCHAR[]> ReadValueBytes(const WideString& key, const WideString&
     std::memset(bytes + *size, 0, sizeof(TCHAR));
     return value;
 }
-}  // namespace
 
-bool WriteRegistryDword(const WideString& key, const WideString& name, DWORD value)
+bool WriteRegistryValue(const WideString& key, const WideString& name, DWORD type, const void* data,
+                        size_t size)
 {
-    return WriteValueBytes(key, name, REG_DWORD, &value, sizeof(value));
-}
-
-bool ReadRegistryString(const WideString& key, const WideString& name, WideString& text)
-{
-    DWORD size = 0;
-    const auto value = ReadValueBytes(key, name, &size);
-    if (value != nullptr)
-    {
-        text = value.get();
-    }
-    return value != nullptr;
-}
-
-bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text)
-{
-    const LPCTSTR stored = text != nullptr ? text : _T("");
-    const size_t length = std::char_traits<TCHAR>::length(stored);
-    return WriteValueBytes(key, name, REG_SZ, stored, (length + 1) * sizeof(TCHAR));
+    const RegistryKey opened(key, KeyWrite);
+    return opened.IsOpen() &&
+           RegSetValueExW(opened.Get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
+                          static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
 void MakeProductKeyPath(WideString& path, const ProductId& product)
 {
     path = WideString(FamilyRoot) + _T("\\") + product;
-}
-
-DWORD ReadRegistryNumber(const WideString& key, const WideString& name, DWORD number)
-{
-    const RegistryKey opened(key, KeyRead);
-    // A copy, because a failed query may change its buffer.
-    DWORD stored = number;
-    DWORD size = sizeof(stored);
-    const bool isRead =
-        opened.IsOpen() && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr,
-                                            reinterpret_cast<BYTE*>(&stored), &size) == ERROR_SUCCESS;
-    return isRead ? stored : number;
-}
-
-void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer)
-{
-    DWORD stored = 0;
-    const auto value = buffer != nullptr ? ReadValueBytes(key, name, &stored) : nullptr;
-    if (value != nullptr)
-    {
-        std::memcpy(buffer, value.get(), std::min(stored, size));
-    }
-}
-
-void WriteRegistryBytes(const WideString& key, const WideString& name, DWORD size, const void* buffer)
-{
-    if (buffer != nullptr && size != 0)
-    {
-        WriteValueBytes(key, name, REG_BINARY, buffer, size);
-    }
 }

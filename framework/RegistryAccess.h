@@ -5,6 +5,7 @@
 
 #include <afxstr.h>
 
+#include <memory>
 #include <string>
 
 using WideString = std::basic_string<TCHAR>;
@@ -33,6 +34,9 @@ public:
 
     bool IsOpen() const { return m_key != nullptr; }
     HKEY Get() const { return m_key; }
+    // Replaces the low bytes of `number` by a value of up to four bytes and any type. Returns false, without
+    // a change of `number`, if the key is not open, or the value is missing or longer.
+    bool ReadNumber(const WideString& name, DWORD* number) const;
 
 private:
     HKEY m_key = nullptr;
@@ -49,12 +53,10 @@ bool ReadRegistryString(const WideString& key, const WideString& name, WideStrin
 // WriteRegistryDword does.
 bool WriteRegistryString(const WideString& key, const WideString& name, LPCTSTR text);
 
-// Returns `number` with its low bytes replaced by a value of up to four bytes and any type. If the value is
-// missing or longer, returns `number` unchanged.
-DWORD ReadRegistryNumber(const WideString& key, const WideString& name, DWORD number);
+// Reads a value of any type. Returns its bytes, followed by a terminator, and sets their number. Returns null
+// if there is no such value.
+std::unique_ptr<TCHAR[]> ReadRegistryValue(const WideString& key, const WideString& name, DWORD* size);
 
-// Copies at most `size` bytes of a value of any type. The rest of the buffer does not change.
-void ReadRegistryBytes(const WideString& key, const WideString& name, DWORD size, void* buffer);
-
-// Stores a REG_BINARY. Does nothing if the buffer is null or `size` is 0.
-void WriteRegistryBytes(const WideString& key, const WideString& name, DWORD size, const void* buffer);
+// Stores a value of any type. `size` is in bytes. Returns false as WriteRegistryDword does.
+bool WriteRegistryValue(const WideString& key, const WideString& name, DWORD type, const void* data,
+                        size_t size);

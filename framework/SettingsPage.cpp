@@ -3,6 +3,7 @@
 #include "framework/ToolTips.h"
 
 #include <algorithm>
+#include <cstring>
 
 IMPLEMENT_DYNAMIC(CSettingsPage, CPropertyPage)
 
@@ -65,18 +66,28 @@ bool CSettingsPage::ConcernsInstalledTool() const
 
 void CSettingsPage::ReadBinaryValue(const WideString& key, const WideString& name, DWORD size, void* buffer)
 {
-    ReadRegistryBytes(key, name, size, buffer);
+    DWORD stored = 0;
+    const auto value = buffer != nullptr ? ReadRegistryValue(key, name, &stored) : nullptr;
+    if (value != nullptr)
+    {
+        std::memcpy(buffer, value.get(), std::min(stored, size));
+    }
 }
 
 void CSettingsPage::WriteBinaryValue(const WideString& key, const WideString& name, DWORD size,
                                      const void* buffer)
 {
-    WriteRegistryBytes(key, name, size, buffer);
+    if (buffer != nullptr && size != 0)
+    {
+        WriteRegistryValue(key, name, REG_BINARY, buffer, size);
+    }
 }
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, int& member)
 {
-    member = static_cast<int>(ReadRegistryNumber(key, name, static_cast<DWORD>(member)));
+    auto number = static_cast<UINT>(member);
+    ReadValue(key, name, number);
+    member = static_cast<int>(number);
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const int& member)
@@ -86,7 +97,9 @@ void CSettingsPage::WriteValue(const WideString& key, const WideString& name, co
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, UINT& member)
 {
-    member = ReadRegistryNumber(key, name, member);
+    DWORD number = member;
+    RegistryKey(key, KeyRead).ReadNumber(name, &number);
+    member = number;
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const UINT& member)
@@ -108,7 +121,9 @@ void CSettingsPage::WriteValue(const WideString& key, const WideString& name, co
 
 void CSettingsPage::ReadValue(const WideString& key, const WideString& name, bool& member)
 {
-    member = ReadRegistryNumber(key, name, 0) != 0;
+    UINT number = 0;
+    ReadValue(key, name, number);
+    member = number != 0;
 }
 
 void CSettingsPage::WriteValue(const WideString& key, const WideString& name, const bool& member)

@@ -13,18 +13,6 @@ WideString TableKeyPath(const WideString& name)
     return ToolKey() + _T("\\") + name;
 }
 
-// Leaves packetType unchanged if the value is missing or longer than four bytes.
-void ReadPacketType(HKEY key, int& packetType)
-{
-    DWORD stored = 0;
-    DWORD size = sizeof(stored);
-    if (RegQueryValueExW(key, NamePacketType.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&stored),
-                         &size) == ERROR_SUCCESS)
-    {
-        packetType = static_cast<int>(stored);
-    }
-}
-
 bool WritePort(HKEY tableKey, const PortEntry& entry)
 {
     CString name;
@@ -64,9 +52,10 @@ bool LoadPortTable(PortTable& table, const WideString& name)
         {
             return false;
         }
-        PortEntry entry = {static_cast<UINT>(_tcstoul(found, nullptr, 10)), PacketTypeDefault};
-        ReadPacketType(portKey.Get(), entry.PacketType);
-        table.push_back(entry);
+        DWORD type = 0;
+        const bool hasType = portKey.ReadNumber(NamePacketType, &type);
+        table.push_back({static_cast<UINT>(_tcstoul(found, nullptr, 10)),
+                         hasType ? static_cast<int>(type) : PacketTypeDefault});
     }
     std::ranges::stable_sort(table, {}, &PortEntry::PacketType);
     return status == ERROR_NO_MORE_ITEMS;

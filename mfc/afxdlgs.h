@@ -109,9 +109,8 @@ public:
     // lpszFilter is "text|pattern|text|pattern||"; dwFlags are OFN_ flags. Only the Vista-style open dialog
     // is implemented, so bOpenFileDialog, dwSize and bVistaStyle have no effect. The texts are copied; the
     // parent must outlive DoModal.
-    explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
-                         DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
-                         CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
+    CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
+                LPCTSTR lpszFilter, CWnd* pParentWnd, DWORD dwSize, BOOL bVistaStyle);
 
     // IDOK or IDCANCEL; also IDCANCEL if the dialog could not be shown.
     INT_PTR DoModal();

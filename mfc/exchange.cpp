@@ -154,18 +154,13 @@ void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
         control = GetWindow(control, GW_HWNDNEXT);
     } while (control != nullptr && (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) == 0);
 
-    int checked = pDX->m_bSaveAndValidate ? -1 : value;
     const int count = static_cast<int>(buttons.size());
+    int checked = pDX->m_bSaveAndValidate ? -1 : value;
     for (int position = 0; position < count; ++position)
     {
-        if (!pDX->m_bSaveAndValidate)
-        {
-            SendMessageW(buttons[position], BM_SETCHECK, position == value ? BST_CHECKED : BST_UNCHECKED, 0);
-        }
-        else if (SendMessageW(buttons[position], BM_GETCHECK, 0, 0) != BST_UNCHECKED)
-        {
-            checked = position;
-        }
+        int state = position == value ? BST_CHECKED : BST_UNCHECKED;
+        ExchangeByMessage(pDX, GetDlgCtrlID(buttons[position]), state, BM_GETCHECK, BM_SETCHECK);
+        checked = state != BST_UNCHECKED ? position : checked;
     }
     value = checked;
     // Tab must reach the checked button: any other would check itself and send BN_CLICKED when it gets the

@@ -63,18 +63,9 @@ INT_PTR CFileDialog::DoModal()
     dialog->SetOptions(options | FOS_FORCEFILESYSTEM);
     const int length = m_strFilter.GetLength();
     const std::vector<COMDLG_FILTERSPEC> filter = SplitFilter(m_strFilter.GetBuffer(length), length);
-    if (!filter.empty())
-    {
-        dialog->SetFileTypes(static_cast<UINT>(filter.size()), filter.data());
-    }
-    if (!m_strDefExt.IsEmpty())
-    {
-        dialog->SetDefaultExtension(m_strDefExt);
-    }
-    if (!m_strFileName.IsEmpty())
-    {
-        dialog->SetFileName(m_strFileName);
-    }
+    dialog->SetFileTypes(static_cast<UINT>(filter.size()), filter.data());
+    dialog->SetDefaultExtension(m_strDefExt);
+    dialog->SetFileName(m_strFileName);
     if (FAILED(dialog->Show(AfxGetSafeOwner(m_pParentWnd))))
     {
         return IDCANCEL;

@@ -8,14 +8,9 @@ CWinApp* g_app;
 CString ProgramName()
 {
     TCHAR path[MAX_PATH] = {};
+    TCHAR name[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH - 1);
-    const CString whole(path);
-    CString name(path + (whole.ReverseFind(_T('\\')) + 1));
-    const int dot = name.ReverseFind(_T('.'));
-    if (dot > 0)
-    {
-        name.Truncate(dot);
-    }
+    _tsplitpath(path, nullptr, nullptr, name, nullptr);
     return name;
 }
 }  // namespace

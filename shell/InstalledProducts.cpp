@@ -11,11 +11,11 @@ namespace
 constexpr DWORD MaxValueName = 16383;
 
 // Reads every value, even after one has failed. Returns false if any of them failed.
-bool ReadAllValues(HKEY key)
+bool ReadAllValues(const RegistryKey& key)
 {
     DWORD count = 0;
-    if (RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
-                         nullptr, nullptr) != ERROR_SUCCESS)
+    if (RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr,
+                         nullptr, nullptr, nullptr) != ERROR_SUCCESS)
     {
         return false;
     }
@@ -26,7 +26,7 @@ bool ReadAllValues(HKEY key)
     {
         DWORD length = MaxValueName;
         buffer[0] = 0;
-        if (RegEnumValueW(key, index, buffer.get(), &length, nullptr, nullptr, nullptr, nullptr) ==
+        if (RegEnumValueW(key.Get(), index, buffer.get(), &length, nullptr, nullptr, nullptr, nullptr) ==
             ERROR_SUCCESS)
         {
             names.emplace_back(buffer.get());
@@ -39,9 +39,7 @@ bool ReadAllValues(HKEY key)
     for (const WideString& name : names)
     {
         DWORD number = 0;
-        DWORD size = sizeof(number);
-        if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size) ==
-            ERROR_SUCCESS)
+        if (key.ReadNumber(name, &number))
         {
             InstalledProductMap.emplace(name, number);
         }
@@ -58,7 +56,7 @@ bool LoadInstalledProducts()
 {
     InstalledProductMap.clear();
     const RegistryKey key(WideString(FamilyRoot) + _T("\\Installed"), KeyRead);
-    return key.IsOpen() && ReadAllValues(key.Get());
+    return key.IsOpen() && ReadAllValues(key);
 }
 
 bool IsProductInstalled(const ProductId& product)

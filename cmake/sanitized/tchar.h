@@ -17,3 +17,5 @@ inline const auto _sntscanf =
     RuntimeFunction<int __cdecl(const TCHAR*, size_t, const TCHAR*, ...)>("_snwscanf");
 inline const auto _tcstoul = RuntimeFunction<DWORD __cdecl(const TCHAR*, TCHAR**, int)>("wcstoul");
 inline const auto _tcstoi64 = RuntimeFunction<LONGLONG __cdecl(const TCHAR*, TCHAR**, int)>("_wcstoi64");
+inline const auto _tsplitpath =
+    RuntimeFunction<void __cdecl(const TCHAR*, TCHAR*, TCHAR*, TCHAR*, TCHAR*)>("_wsplitpath");
