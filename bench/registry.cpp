@@ -58,10 +58,7 @@ namespace
 {
 double g_milliseconds = 1000;  // for each measure
 
-// The medians of the editor and of its calls alone.
-using Medians = std::pair<double, double>;
-
-Medians Measure(const std::string& name, const std::function<Call()>& prepare)
+void Measure(const std::string& name, const std::function<Call()>& prepare)
 {
     Call editor = prepare();
     size_t calls = 0;
@@ -82,11 +79,9 @@ Medians Measure(const std::string& name, const std::function<Call()>& prepare)
             editor = prepare();
         }
     }
-    const Medians medians = {Median(editorTimes), Median(callTimes)};
-    std::printf("  %-31s%8zu%7zu%12.3f%12.3f%8.3f\n", name.c_str(), calls, callTimes.size(), medians.first,
-                medians.second, medians.first / medians.second);
+    std::printf("  %-31s%8zu%7zu%12.3f%12.3f%8.3f\n", name.c_str(), calls, callTimes.size(),
+                Median(editorTimes), Median(callTimes), Median(editorTimes) / Median(callTimes));
     std::fflush(stdout);
-    return medians;
 }
 
 // Makes an operation public.
@@ -149,17 +144,11 @@ Call LoadPorts(UINT count)
 
 void MeasurePortTables(const std::string& name, Call (*prepare)(UINT))
 {
-    Medians thousand;
-    Medians most;
     for (const UINT count : {10U, 100U, 1000U, 10000U, MostPorts})
     {
-        thousand = count == 10000 ? most : thousand;
-        most = Measure(name + " of " + std::to_string(count) + " ports", [=] { return prepare(count); });
+        Measure(name + " of " + std::to_string(count) + " ports", [=] { return prepare(count); });
     }
     RegDeleteTreeW(SettingsRoot, (ToolKey() + L"\\" + TableName).c_str());
-    const double share = 1000.0 / MostPorts;
-    std::printf("  a port of %u takes, beside one of 1000: the editor %.2f, its calls %.2f\n", MostPorts,
-                share * most.first / thousand.first, share * most.second / thousand.second);
 }
 
 Call LoadProducts(UINT count)

@@ -10,8 +10,6 @@ IMPLEMENT_DYNAMIC(CSettingsPage, CPropertyPage)
 BEGIN_MESSAGE_MAP(CSettingsPage, CPropertyPage)
 END_MESSAGE_MAP()
 
-CSettingsPage::CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
-
 BOOL CSettingsPage::OnInitDialog()
 {
     LoadSettings();

@@ -29,7 +29,7 @@ class CSettingsPage : public CPropertyPage
     DECLARE_DYNAMIC(CSettingsPage)
 
 public:
-    explicit CSettingsPage(UINT nIDTemplate);
+    explicit CSettingsPage(UINT nIDTemplate) : CPropertyPage(nIDTemplate) {}
     // Destroys the tooltip control before the page's window and before the other members of this class.
     ~CSettingsPage() override { m_pToolTip.reset(); }
 

@@ -52,8 +52,6 @@ UINT CPortNumbersDialog::ParsePortText(const CString& text)
     return port;
 }
 
-void CPortNumbersDialog::DoDataExchange(CDataExchange*) {}
-
 BOOL CPortNumbersDialog::OnInitDialog()
 {
     CDialogEx::OnInitDialog();

@@ -21,7 +21,7 @@ public:
     DECLARE_MESSAGE_MAP()
 
 protected:
-    void DoDataExchange(CDataExchange* pDX) override;
+    void DoDataExchange(CDataExchange*) override {}
 
 public:
     BOOL PreTranslateMessage(MSG* pMsg) override;

@@ -8,11 +8,7 @@
 class CShellManager
 {
 public:
-    CShellManager()
-        : m_bInitialised(
-              SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)))
-    {
-    }
+    CShellManager() = default;
     ~CShellManager()
     {
         if (m_bInitialised)
@@ -24,5 +20,6 @@ public:
     CShellManager& operator=(const CShellManager&) = delete;
 
 private:
-    bool m_bInitialised;
+    bool m_bInitialised =
+        SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
 };

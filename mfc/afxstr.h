@@ -11,13 +11,7 @@ class CString
 public:
     CString() = default;
     // A null pointer gives an empty text.
-    CString(LPCTSTR text)
-    {
-        if (text != nullptr)
-        {
-            m_text = text;
-        }
-    }
+    CString(LPCTSTR text) : m_text(text != nullptr ? text : _T("")) {}
 
     operator LPCTSTR() const { return m_text.c_str(); }
     LPCTSTR GetString() const { return m_text.c_str(); }
@@ -28,9 +22,9 @@ public:
     TCHAR operator[](int index) const { return m_text[static_cast<size_t>(index)]; }
 
     // The index of the first character that is one of `characters`, or -1.
-    int FindOneOf(LPCTSTR characters) const { return Index(m_text.find_first_of(characters)); }
+    int FindOneOf(LPCTSTR characters) const { return static_cast<int>(m_text.find_first_of(characters)); }
     // The index of the last `character`, or -1.
-    int ReverseFind(TCHAR character) const { return Index(m_text.rfind(character)); }
+    int ReverseFind(TCHAR character) const { return static_cast<int>(m_text.rfind(character)); }
     void Truncate(int length) { m_text.resize(static_cast<size_t>(length)); }
 
     // Formats as the C library's printf does, up to 511 characters; a longer result is truncated.
@@ -54,10 +48,5 @@ public:
     void ReleaseBuffer() { m_text.resize(std::char_traits<TCHAR>::length(m_text.c_str())); }
 
 private:
-    static int Index(size_t position)
-    {
-        return position == std::basic_string<TCHAR>::npos ? -1 : static_cast<int>(position);
-    }
-
     std::basic_string<TCHAR> m_text;
 };

@@ -35,20 +35,16 @@ private:
     };
     using Self = CDriversAndFirmwareDlg;
     struct Stack;
-    struct StackControls
-    {
-        CStatic group;
-        CButton enableSwitcher;
-        CStatic label;
-        CEdit path;
-        CButton browse;
-    };
     struct DeviceControls
     {
         CStatic group;
         CStatic label;
         CEdit path;
         CButton browse;
+    };
+    struct StackControls : DeviceControls
+    {
+        CButton enableSwitcher;
     };
 
     static const Stack Stacks[StackCount];
