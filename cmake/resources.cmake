@@ -1,5 +1,5 @@
 # Compiles QBSettings.rc once per build, by windres or by Wine's resource compiler.
-qb_glob(resource_files resources/*)
+file(GLOB resource_files CONFIGURE_DEPENDS resources/*)
 set(rc ${CMAKE_CURRENT_SOURCE_DIR}/resources/QBSettings.rc)
 set(rc_version QB_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} QB_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   QB_VERSION_PATCH=${PROJECT_VERSION_PATCH})

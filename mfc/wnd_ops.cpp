@@ -16,12 +16,8 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
 {
     const auto before = static_cast<DWORD>(GetWindowLongW(m_hWnd, GWL_STYLE));
     const DWORD after = (before & ~dwRemove) | dwAdd;
-    if (after == before)
-    {
-        return FALSE;
-    }
     SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(after));
-    return TRUE;
+    return after != before;
 }
 
 void CWnd::GetWindowText(CString& rString) const

@@ -123,23 +123,18 @@ wine_prefix()
         wine_step "set up its folder" wineboot --init
     fi
     # A virtual display has no window manager, so Wine must draw the frames of windows itself.
-    local managed=Y
-    [ -z "$xvfb_pid" ] || managed=N
-    if ! grep -qsx $managed "$WINEPREFIX/managed"; then
-        wine_step "set how windows are managed" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d $managed /f
-        echo $managed > "$WINEPREFIX/managed"
-    fi
+    wine_setting Managed "$([ -n "$xvfb_pid" ] && echo N || echo Y)" 'HKCU\Software\Wine\X11 Driver'
 }
 
-# Sets the prefix's dots per inch. Wine's server reads them only when it starts.
-set_dpi()
+# Sets a value in the prefix's registry unless it has been set before. The other arguments are the key and options of reg.
+wine_setting()
 {
-    local dpi
-    dpi=$(cat "$WINEPREFIX/dpi" 2>/dev/null || echo 96)
-    [ "$dpi" != "$1" ] || return 0
-    wine_step "set the dots per inch" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
+    local name=$1 data=$2
+    ! grep -qsx "$data" "$WINEPREFIX/$name" || return 0
+    wine_step "set $name" reg add "$3" /v "$name" /d "$data" /f "${@:4}"
+    # Wine's server reads some values only when it starts.
     wineserver -k || true
-    echo "$1" > "$WINEPREFIX/dpi"
+    echo "$data" > "$WINEPREFIX/$name"
 }
 
 # Starts Wine in a prefix, on a virtual display, until the calling script ends.
@@ -148,23 +143,6 @@ start_wine()
     trap end_wine EXIT
     virtual_display
     wine_prefix "$1"
-}
-
-# Runs a program. A program of the sanitized build (.so) needs the sanitizers' library. Wine's own services must run without
-# that library, so they are started first.
-run_watched()
-{
-    case $1 in
-        *.so)
-            wine explorer /desktop=quiet,1600x1200 >/dev/null 2>&1 &
-            wine cmd /c exit
-            LD_PRELOAD=$(clang++ -print-file-name=libclang_rt.asan-x86_64.so) \
-                ASAN_OPTIONS=use_sigaltstack=0:verify_asan_link_order=0:detect_leaks=1${ASAN_OPTIONS:+:$ASAN_OPTIONS} \
-                LSAN_OPTIONS=suppressions=$root/cmake/sanitized/leaks.supp:print_suppressions=0 \
-                UBSAN_OPTIONS=print_stacktrace=1 /usr/lib/wine/wine64 "$@"
-            ;;
-        *) wine "$@" ;;
-    esac
 }
 
 ALL_TOOLS=AlderQB,BirchQB,CedarQB,DogwoodQB,ElmQB,FirQB,GinkgoQB,HazelQB,IvyRig,JuniperRig,KauriQB
