@@ -100,13 +100,12 @@ void CMAUSBSettingsDlg::SaveSettings()
 void CMAUSBSettingsDlg::UpdateControlStates()
 {
     m_cbProtocolVersion.AddString(_T("MAUSB 1.0a"));
-    if (!m_strProtocolVersion.IsEmpty())
+    const int found = m_strProtocolVersion.IsEmpty()
+                          ? CB_ERR
+                          : m_cbProtocolVersion.FindStringExact(0, m_strProtocolVersion);
+    if (found != CB_ERR)
     {
-        const int found = m_cbProtocolVersion.FindStringExact(0, m_strProtocolVersion);
-        if (found != CB_ERR)
-        {
-            m_nProtocolVersionIndex = found;
-        }
+        m_nProtocolVersionIndex = found;
     }
     // The list was still empty during the exchange in OnInitDialog.
     m_cbProtocolVersion.SetCurSel(m_nProtocolVersionIndex);

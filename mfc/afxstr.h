@@ -18,7 +18,6 @@ public:
 
     int GetLength() const { return static_cast<int>(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
-    void Empty() { m_text.clear(); }
     TCHAR operator[](int index) const { return m_text[static_cast<size_t>(index)]; }
 
     // The index of the first character that is one of `characters`, or -1.

@@ -20,12 +20,7 @@ int CComboBox::FindStringExact(int nStartAfter, LPCTSTR lpszString)
 
 void CComboBox::GetLBText(int nIndex, CString& rString)
 {
-    rString.Empty();
     const LRESULT length = SendMessage(CB_GETLBTEXTLEN, static_cast<WPARAM>(nIndex));
-    if (length == CB_ERR)
-    {
-        return;
-    }
     SendMessage(CB_GETLBTEXT, static_cast<WPARAM>(nIndex),
                 reinterpret_cast<LPARAM>(rString.GetBuffer(static_cast<int>(length) + 1)));
     rString.ReleaseBuffer();

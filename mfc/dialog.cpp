@@ -20,13 +20,8 @@ INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM lParam)
 
 HWND AfxGetSafeOwner(const CWnd* pParent)
 {
-    HWND window = pParent != nullptr ? pParent->m_hWnd : nullptr;
-    if (window == nullptr)
-    {
-        const CWnd* main = AfxGetMainWnd();
-        window = main != nullptr ? main->m_hWnd : nullptr;
-    }
-    return window != nullptr ? GetAncestor(window, GA_ROOT) : nullptr;
+    const CWnd* window = pParent != nullptr && pParent->m_hWnd != nullptr ? pParent : AfxGetMainWnd();
+    return window != nullptr ? GetAncestor(window->m_hWnd, GA_ROOT) : nullptr;
 }
 
 CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
@@ -34,11 +29,7 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate
 int CDialog::DoModal()
 {
     const HWND owner = AfxGetSafeOwner(m_pParentWnd);
-    const bool disabled = owner != nullptr && IsWindowEnabled(owner);
-    if (disabled)
-    {
-        ::EnableWindow(owner, FALSE);
-    }
+    const BOOL wasDisabled = ::EnableWindow(owner, FALSE);
     m_nModalResult = -1;
     m_bContinueModal = TRUE;
     CreateDialogParamW(AfxGetInstanceHandle(), MAKEINTRESOURCEW(m_nIDTemplate), owner, AfxDlgProc,
@@ -49,10 +40,7 @@ int CDialog::DoModal()
         RunModalLoop();
     }
     // The owner must be enabled before the dialog is destroyed; otherwise another program is activated.
-    if (disabled)
-    {
-        ::EnableWindow(owner, TRUE);
-    }
+    ::EnableWindow(owner, !wasDisabled);
     const bool active = m_hWnd != nullptr && GetActiveWindow() == m_hWnd;
     DestroyWindow();
     if (active && owner != nullptr)

@@ -38,11 +38,7 @@ void CPropertyPage::RestoreMark()
 
 BOOL CPropertyPage::OnSetActive()
 {
-    if (m_bFirstSetActive)
-    {
-        m_bFirstSetActive = FALSE;
-    }
-    else
+    if (!std::exchange(m_bFirstSetActive, FALSE))
     {
         UpdateData(FALSE);
     }

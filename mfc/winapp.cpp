@@ -38,11 +38,7 @@ HINSTANCE AfxGetInstanceHandle()
 
 int AfxMessageBox(LPCTSTR lpszText, UINT nType)
 {
-    const CString title = g_app != nullptr ? g_app->m_strAppName : CString();
-    HWND owner = GetActiveWindow();
-    if (owner == nullptr)
-    {
-        owner = AfxGetSafeOwner(nullptr);
-    }
-    return MessageBoxW(owner, lpszText, title, nType);
+    const HWND active = GetActiveWindow();
+    return MessageBoxW(active != nullptr ? active : AfxGetSafeOwner(nullptr), lpszText, g_app->m_strAppName,
+                       nType);
 }

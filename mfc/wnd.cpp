@@ -66,6 +66,7 @@ void CWnd::Attach(HWND hWnd)
 
 void CWnd::Detach()
 {
+    SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnSuper));
     g_permanentMap.erase(m_hWnd);
     m_hWnd = nullptr;
     m_pfnSuper = nullptr;
@@ -90,14 +91,8 @@ LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM
     }
     const MSG outer = g_currentMessage;
     g_currentMessage = {hWnd, message, wParam, lParam, 0, {}};
-
-    // WM_NCDESTROY is the window's last message. Its original procedure is restored before the object
-    // detaches.
-    if (message == WM_NCDESTROY)
-    {
-        SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(window->m_pfnSuper));
-    }
     const LRESULT result = window->WindowProc(message, wParam, lParam);
+    // The window's last message.
     if (message == WM_NCDESTROY)
     {
         window->Detach();
@@ -109,44 +104,24 @@ LRESULT CALLBACK CWnd::AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = 0;
-    switch (message)
+    if ((message == WM_COMMAND && OnCommand(wParam, lParam)) ||
+        (message == WM_NOTIFY && OnNotify(wParam, lParam, &result)))
     {
-    case WM_COMMAND:
-        if (OnCommand(wParam, lParam))
-        {
-            return 0;
-        }
-        break;
-    case WM_NOTIFY:
-        if (OnNotify(wParam, lParam, &result))
-        {
-            return result;
-        }
-        break;
-    case WM_HELP:
-        // F1. Default processing sends a control's message on to its dialog, which sends the help command.
-        if ((GetWindowLongW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0 && AfxGetMainWnd() != nullptr)
-        {
-            AfxGetMainWnd()->SendMessage(WM_COMMAND, ID_HELP);
-            return TRUE;
-        }
-        break;
-    default:
-        if (const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0))
-        {
-            return entry->pfn(this, wParam, lParam);
-        }
-        break;
+        return result;
     }
-    return DefWindowProc(message, wParam, lParam);
+    // F1. Default processing sends a control's message on to its dialog, which sends the help command.
+    if (message == WM_HELP && (GetWindowLongW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0 &&
+        AfxGetMainWnd() != nullptr)
+    {
+        AfxGetMainWnd()->SendMessage(WM_COMMAND, ID_HELP);
+        return TRUE;
+    }
+    const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0);
+    return entry != nullptr ? entry->pfn(this, wParam, lParam) : DefWindowProc(message, wParam, lParam);
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (m_hWnd == nullptr)
-    {
-        return 0;
-    }
     return m_pfnSuper != nullptr ? CallWindowProcW(m_pfnSuper, m_hWnd, message, wParam, lParam)
                                  : ::DefWindowProcW(m_hWnd, message, wParam, lParam);
 }

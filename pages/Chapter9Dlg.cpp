@@ -55,14 +55,8 @@ void CChapter9Dlg::SaveSettings()
 
 void CChapter9Dlg::UpdateControlStates()
 {
-    if (!IsProductInstalled(AlderQB))
-    {
-        GetDlgItem(IDC_ALDER_SKIP_BOS)->EnableWindow(FALSE);
-    }
-    if (!IsProductInstalled(BirchQB))
-    {
-        GetDlgItem(IDC_BIRCH_SKIP_BOS)->EnableWindow(FALSE);
-    }
+    GetDlgItem(IDC_ALDER_SKIP_BOS)->EnableWindow(IsProductInstalled(AlderQB));
+    GetDlgItem(IDC_BIRCH_SKIP_BOS)->EnableWindow(IsProductInstalled(BirchQB));
 }
 
 void CChapter9Dlg::InitToolTips()

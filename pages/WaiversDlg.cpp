@@ -51,8 +51,5 @@ void CWaiversDlg::SaveSettings()
 
 void CWaiversDlg::UpdateControlStates()
 {
-    if (!IsProductInstalled(FirQB))
-    {
-        m_btnPortNum.EnableWindow(FALSE);
-    }
+    m_btnPortNum.EnableWindow(IsProductInstalled(FirQB));
 }

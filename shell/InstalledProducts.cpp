@@ -19,7 +19,6 @@ bool ReadAllValues(const RegistryKey& key)
     {
         return false;
     }
-    bool complete = true;
     std::vector<WideString> names;
     const auto buffer = std::make_unique<TCHAR[]>(MaxValueName + 1);
     for (DWORD index = 0; index < count; ++index)
@@ -31,24 +30,18 @@ bool ReadAllValues(const RegistryKey& key)
         {
             names.emplace_back(buffer.get());
         }
-        else
-        {
-            complete = false;
-        }
     }
+    DWORD read = 0;
     for (const WideString& name : names)
     {
         DWORD number = 0;
         if (key.ReadNumber(name, &number))
         {
             InstalledProductMap.emplace(name, number);
-        }
-        else
-        {
-            complete = false;
+            ++read;
         }
     }
-    return complete;
+    return read == count;
 }
 }  // namespace
 
