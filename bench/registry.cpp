@@ -166,7 +166,6 @@ Call LoadProducts(UINT count)
 int main(int argc, char** argv)
 {
     g_milliseconds *= argc > 1 ? std::atof(argv[1]) : 1;
-    const std::jthread awake = KeepAwake();
     std::printf("medians, ms                          calls   runs      editor       calls   ratio\n");
     MeasurePages();
     if (g_milliseconds == 0)

@@ -80,15 +80,12 @@ int main(int argc, char** argv)
     PageTimes pages;
     PageTimes barePages;
     std::vector<std::wstring> titles;
+    for (int run = 0; run < runs; ++run)
     {
-        const std::jthread awake = KeepAwake();
-        for (int run = 0; run < runs; ++run)
-        {
-            bare.push_back(TimeStart(BareSheet));
-            editor.push_back(TimeStart(Editor));
-            TimePages(BareSheet, barePages);
-            titles = TimePages(Editor, pages);
-        }
+        bare.push_back(TimeStart(BareSheet));
+        editor.push_back(TimeStart(Editor));
+        TimePages(BareSheet, barePages);
+        titles = TimePages(Editor, pages);
     }
     std::printf("%3d runs, ms                      median    bare   ratio     least    bare   ratio\n", runs);
     Print(L"start to visible sheet", editor, bare);

@@ -1,6 +1,5 @@
 #include "mausb/MAUSBHubUnderTestParamsDlg.h"
 
-#include "mausb/ToolKey.h"
 #include "resource.h"
 
 BEGIN_MESSAGE_MAP(CMAUSBHubUnderTestParamsDlg, CSettingsPage)
@@ -28,16 +27,6 @@ void CMAUSBHubUnderTestParamsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
     ExchangeAll(pDX, Settings);
-}
-
-void CMAUSBHubUnderTestParamsDlg::LoadSettings()
-{
-    ReadAll(ToolKey(), Settings);
-}
-
-void CMAUSBHubUnderTestParamsDlg::SaveSettings()
-{
-    WriteAll(ToolKey(), Settings);
 }
 
 #define RETRIES_TIP(kind) \

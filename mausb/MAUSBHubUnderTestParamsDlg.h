@@ -3,6 +3,7 @@
 #pragma once
 
 #include "framework/SettingsPage.h"
+#include "mausb/ToolKey.h"
 
 class CMAUSBHubUnderTestParamsDlg : public CSettingsPage
 {
@@ -14,8 +15,8 @@ public:
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     void InitToolTips() override;
-    void SaveSettings() override;
-    void LoadSettings() override;
+    void SaveSettings() override { WriteAll(ToolKey(), Settings); }
+    void LoadSettings() override { ReadAll(ToolKey(), Settings); }
 
     afx_msg void OnRetries(UINT id) { CheckModifiedIn(Settings, id); }
     afx_msg void OnSendsGetPortBWReq() { CheckModified(m_nSendsGetPortBWReq); }

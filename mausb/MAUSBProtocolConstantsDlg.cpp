@@ -1,6 +1,5 @@
 #include "mausb/MAUSBProtocolConstantsDlg.h"
 
-#include "mausb/ToolKey.h"
 #include "resource.h"
 
 BEGIN_MESSAGE_MAP(CMAUSBProtocolConstantsDlg, CSettingsPage)
@@ -60,16 +59,6 @@ void CMAUSBProtocolConstantsDlg::DoDataExchange(CDataExchange* pDX)
 {
     CSettingsPage::DoDataExchange(pDX);
     ExchangeAll(pDX, Settings);
-}
-
-void CMAUSBProtocolConstantsDlg::LoadSettings()
-{
-    ReadAll(ToolKey(), Settings);
-}
-
-void CMAUSBProtocolConstantsDlg::SaveSettings()
-{
-    WriteAll(ToolKey(), Settings);
 }
 
 void CMAUSBProtocolConstantsDlg::InitToolTips()

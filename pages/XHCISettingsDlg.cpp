@@ -95,8 +95,3 @@ void CXHCISettingsDlg::OnSettingChanged(UINT id)
 {
     CheckModifiedIn(Settings, id);
 }
-
-void CXHCISettingsDlg::OnSysCommand(UINT, LPARAM)
-{
-    Default();
-}

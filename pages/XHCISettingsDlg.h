@@ -18,7 +18,7 @@ protected:
 
     // Handles a change of any control of the page.
     afx_msg void OnSettingChanged(UINT id);
-    afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+    afx_msg void OnSysCommand(UINT, LPARAM) { Default(); }
 
 private:
     struct Setting;

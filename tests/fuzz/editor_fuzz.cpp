@@ -28,14 +28,13 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-// A few bytes, or up to 255, or many equal ones. Wine's text layout reads invalid addresses for some
-// characters beyond Latin-1, so a text has none of those.
+// A few bytes, or up to 255. Wine's text layout reads invalid addresses for some characters beyond Latin-1,
+// so a text has none of those.
 StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
 {
-    const auto form = input.ConsumeIntegralInRange<size_t>(0, 7);
-    const size_t count = form < 6 ? form : input.ConsumeIntegral<BYTE>();
+    const auto few = input.ConsumeIntegralInRange<size_t>(0, 6);
     StoredValue value = {input.ConsumeIntegralInRange<DWORD>(0, 11), {}};
-    value.data = form != 6 ? input.ConsumeBytes<BYTE>(count) : std::vector<BYTE>(count * 64, BYTE{'x'});
+    value.data = input.ConsumeBytes<BYTE>(few < 6 ? few : input.ConsumeIntegral<BYTE>());
     for (size_t index = 1; isText && index < value.data.size(); index += 2)
     {
         value.data[index] = 0;
@@ -46,11 +45,10 @@ StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
 // Mostly digits, which the names of ports are.
 Text AnyName(FuzzedDataProvider& input)
 {
-    Text name(input.ConsumeIntegralInRange<size_t>(0, 15), _T('0'));
-    for (TCHAR& character : name)
+    Text name;
+    for (const BYTE byte : input.ConsumeBytes<BYTE>(input.ConsumeIntegralInRange<size_t>(0, 15)))
     {
-        const auto byte = input.ConsumeIntegral<BYTE>();
-        character = static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
+        name += static_cast<TCHAR>(byte < 128 ? _T('0') + byte % 10 : byte);
     }
     return name;
 }

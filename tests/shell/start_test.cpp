@@ -1,6 +1,5 @@
 // The list of installed tools, and how the program starts with it.
 #include "shell/InstalledProducts.h"
-#include "shell/QBSettingsApp.h"
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -57,17 +56,4 @@ TEST_F(StartTest, EveryValueIsReadAndAnyFailureCounts)
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_TRUE(InstalledProductMap.empty());
     EXPECT_EQ(calls::OpenKeys(), 0U);
-}
-
-TEST_F(StartTest, SecondInstanceShowsTheFirstAndReadsNothing)
-{
-    const HWND first = CreateWindowExW(0, _T("Static"), SheetTitle, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
-                                       nullptr, nullptr);
-    calls::Reset();
-    g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
-    EXPECT_FALSE(AfxGetApp()->InitInstance());
-    EXPECT_EQ(calls::Made("SetForegroundWindow").size(), 1U);
-    EXPECT_EQ(calls::Made().size(), 1U);
-    EXPECT_TRUE(IsWindowVisible(first));
-    DestroyWindow(first);
 }

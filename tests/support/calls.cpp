@@ -25,11 +25,6 @@ struct State
 // Static constructors of the program already make calls.
 [[gnu::init_priority(101)]] State g_state;
 
-bool BeginsWith(const std::string& text, const std::string& prefix)
-{
-    return text.rfind(prefix, 0) == 0;
-}
-
 Text PathOf(HKEY key, LPCWSTR below = nullptr)
 {
     const auto found = g_state.keys.find(key);
@@ -37,18 +32,16 @@ Text PathOf(HKEY key, LPCWSTR below = nullptr)
     return below == nullptr ? path : path + (path.empty() ? _T("") : _T("\\")) + below;
 }
 
-int g_pauses = 0;
-
 // Lists a call. Returns the status that it is refused with, or 0.
 LONG Note(const Call& call)
 {
-    if (g_pauses > 0)
+    if (calls::pauses > 0)
     {
         return 0;
     }
     g_state.made.push_back(call);
     const bool isMeant = call.function == g_state.refused ||
-                         (g_state.refused == calls::AnyOfTheRegistry && BeginsWith(call.function, "Reg") &&
+                         (g_state.refused == calls::AnyOfTheRegistry && call.function.starts_with("Reg") &&
                           call.function != "RegCloseKey");
     if (g_state.left == 0 || !isMeant || --g_state.left > 0)
     {
@@ -217,23 +210,13 @@ void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool 
 std::vector<Call> calls::Made(const std::string& prefix)
 {
     std::vector<Call> made = g_state.made;
-    std::erase_if(made, [&prefix](const Call& call) { return !BeginsWith(call.function, prefix); });
+    std::erase_if(made, [&prefix](const Call& call) { return !call.function.starts_with(prefix); });
     return made;
 }
 
 size_t calls::OpenKeys()
 {
     return g_state.keys.size();
-}
-
-calls::Pause::Pause()
-{
-    ++g_pauses;
-}
-
-calls::Pause::~Pause()
-{
-    --g_pauses;
 }
 
 #define REFUSABLE(function)                        \
@@ -255,4 +238,3 @@ REFUSABLE(UuidCreate)
 REFUSABLE(CreateWindowExW)
 REFUSABLE(CoCreateInstance)
 REFUSABLE(MessageBeep)
-REFUSABLE(SetForegroundWindow)

@@ -37,11 +37,12 @@ inline RECT secondScreen = {};
 // The number of keys that the program has open.
 size_t OpenKeys();
 
-// While an object lives, calls are neither listed nor refused: for a test's own access to the registry.
+// While a Pause exists, calls are neither listed nor refused: for a test's own access to the registry.
+inline int pauses = 0;
 struct Pause
 {
-    Pause();
-    ~Pause();
+    Pause() { ++pauses; }
+    ~Pause() { --pauses; }
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;
 };

@@ -83,16 +83,6 @@ HWND EditorProcess::WaitForWindowThat(const std::function<bool(HWND)>& isWanted)
     return found;
 }
 
-HWND EditorProcess::WaitForWindow(const Text& title) const
-{
-    return WaitForWindowThat([&](HWND window) { return Form(window).Title() == title; });
-}
-
-HWND EditorProcess::WaitForWindowBeside(HWND other) const
-{
-    return WaitForWindowThat([&](HWND window) { return window != other; });
-}
-
 Sheet EditorProcess::WaitForSheet() const
 {
     Sheet sheet(WaitForWindow(SheetTitle));

@@ -30,9 +30,15 @@ public:
     // The titles of its visible top-level windows, all of which belong to its first thread.
     std::vector<Text> Windows() const;
     // Waits some seconds for a visible top-level window with this title.
-    HWND WaitForWindow(const Text& title) const;
+    HWND WaitForWindow(const Text& title) const
+    {
+        return WaitForWindowThat([&](HWND window) { return Form(window).Title() == title; });
+    }
     // Waits some seconds for a visible top-level window other than the given one, for example a dialog.
-    HWND WaitForWindowBeside(HWND other) const;
+    HWND WaitForWindowBeside(HWND other) const
+    {
+        return WaitForWindowThat([=](HWND window) { return window != other; });
+    }
     // Waits for the sheet and its first page.
     Sheet WaitForSheet() const;
 
