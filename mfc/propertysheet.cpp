@@ -58,12 +58,8 @@ CPropertySheet::CPropertySheet(LPCTSTR pszCaption) : m_strCaption(pszCaption)
 BOOL CPropertySheet::SetActivePage(CPropertyPage* pPage)
 {
     const auto found = std::find(m_pages.begin(), m_pages.end(), pPage);
-    if (found == m_pages.end())
-    {
-        return FALSE;
-    }
     m_psh.nStartPage = static_cast<UINT>(found - m_pages.begin());
-    return TRUE;
+    return found != m_pages.end();
 }
 
 CPropertyPage* CPropertySheet::GetActivePage()
@@ -77,7 +73,6 @@ CPropertyPage* CPropertySheet::GetActivePage()
 int CPropertySheet::DoModal()
 {
     std::vector<PROPSHEETPAGEW> pages;
-    pages.reserve(m_pages.size());
     for (CPropertyPage* page : m_pages)
     {
         pages.push_back(page->m_psp);

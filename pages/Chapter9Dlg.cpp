@@ -7,14 +7,11 @@ BEGIN_MESSAGE_MAP(CChapter9Dlg, CSettingsPage)
     ON_BN_CLICKED(IDC_BIRCH_SKIP_BOS, &CChapter9Dlg::OnBirchSkipBos)
 END_MESSAGE_MAP()
 
-namespace
-{
 const WideString AlderKey = _T("SOFTWARE\\Halvane\\AlderQB");
 const WideString BirchKey = _T("SOFTWARE\\Halvane\\BirchQB");
 
 const WideString NameAlderSkipBos = _T("SkipBOSDescriptorLegacyDevicesAlderQB");
 const WideString NameBirchSkipBos = _T("SkipBOSDescriptorLegacyDevicesBirchQB");
-}  // namespace
 
 CChapter9Dlg::CChapter9Dlg() : CSettingsPage(IDD_CHAPTER9)
 {

@@ -16,8 +16,6 @@ BEGIN_MESSAGE_MAP(CDriversAndFirmwareDlg, CSettingsPage)
     ON_CONTROL_RANGE(BN_CLICKED, IDC_FIRMWARE_BROWSE, IDC_FIRMWARE_BROWSE, &CDriversAndFirmwareDlg::OnBrowse)
 END_MESSAGE_MAP()
 
-namespace
-{
 const WideString NamePath = _T("Path");
 const WideString NameFirmware = _T("FsLsComplianceDeviceFirmware");
 const WideString NameFirmwareCopy = _T("fw");  // written, but never read
@@ -25,7 +23,6 @@ const WideString NameDeviceDriver = _T("HSComplianceDeviceDriverPath");
 
 constexpr LPCTSTR InfFilter = _T("INF Files (*.inf)|*.inf|All Files (*.*)|*.*||");
 constexpr LPCTSTR HexFilter = _T("HEX Files (*.hex)|*.hex|All Files (*.*)|*.*||");
-}  // namespace
 
 // The properties of the four driver stacks, in the order in which they are loaded and stored.
 struct CDriversAndFirmwareDlg::Stack

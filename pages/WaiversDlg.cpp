@@ -7,11 +7,8 @@ BEGIN_MESSAGE_MAP(CWaiversDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_WAIVER_BT_REMOTE_WAKE, &CWaiversDlg::OnBtRemoteWake)
 END_MESSAGE_MAP()
 
-namespace
-{
 const WideString NamePortNum = _T("WaiverPortNum");
 const WideString NameBtRemoteWake = _T("BT_RemoteWake_Waiver");
-}  // namespace
 
 CWaiversDlg::CWaiversDlg() : CSettingsPage(IDD_WAIVERS)
 {

@@ -14,10 +14,7 @@ BEGIN_MESSAGE_MAP(CXHCISettingsDlg, CSettingsPage)
     ON_WM_SYSCOMMAND()
 END_MESSAGE_MAP()
 
-namespace
-{
 const WideString PortDriverKey = _T("System\\CurrentControlSet\\SERVICES\\xHCIPort\\Parameters");
-}  // namespace
 
 struct CXHCISettingsDlg::Setting : NumberSetting<CXHCISettingsDlg>
 {

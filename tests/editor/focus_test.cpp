@@ -6,10 +6,7 @@
 
 #include <algorithm>
 
-namespace
-{
 using FocusTest = SettingsTest;
-}
 
 TEST_F(FocusTest, ControlThatIsDisabledPassesTheFocusOn)
 {

@@ -7,10 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace
-{
 using ScreenTest = SettingsTest;
-}  // namespace
 
 TEST_F(ScreenTest, SheetFitsTheScreenThatItIsMovedTo)
 {

@@ -162,6 +162,11 @@ TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
     EXPECT_FALSE(sheet.CanApply()) << "cancelled";
     WithAdvanced(sheet, [](const Form& form) {
         EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
+        for (const TCHAR* number : {_T("-1"), _T("4294967296")})
+        {
+            form.SetText(IDC_TCP_SEND_DELAY, number);
+            EXPECT_EQ(CountPrompts([&] { form.Click(IDOK); }), 1);
+        }
         form.Retype(IDC_TCP_SEND_DELAY, _T("x-4294967295"));
         form.Retype(IDC_TCP_SNDBUF, _T("2147483647"));
         form.Retype(IDC_TCP_RCVBUF, _T("8192"));

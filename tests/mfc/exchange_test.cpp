@@ -2,10 +2,7 @@
 #include "resource.h"
 #include "support/scripts.h"
 
-namespace
-{
 using ExchangeTest = SettingsTest;
-}  // namespace
 
 TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
 {
@@ -16,9 +13,7 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
                                                      {_T("2147483647"), 2147483647},
                                                      {_T("-2147483648"), -2147483648},
                                                      {_T("-2147483649"), -2147483649},
-                                                     {_T("2147483648"), 2147483648},
-                                                     {_T("4294967295"), 4294967295},
-                                                     {_T("4294967296"), 4294967296}};
+                                                     {_T("2147483648"), 2147483648}};
     for (const TCHAR* none :
          {_T("-"), _T("1 2"), _T("0x1"), _T("9:"), _T("/1"), _T("99999999999999999999999999")})
     {
@@ -43,18 +38,5 @@ TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
             EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
         }
         EXPECT_EQ(CountPrompts([&] { sheet.SetText(IDC_ISOCH_DELAY_HS_READ, _T("77")); }), 0);
-    }
-    sheet.Select(tabs::Media);
-    for (const auto& [text, number] : cases)
-    {
-        SCOPED_TRACE(Printable(text));
-        const bool isUnsigned = number == static_cast<UINT>(number);
-        WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [&, &typed = text](const Form& form) {
-            form.SetText(IDC_TCP_SEND_DELAY, typed);
-            EXPECT_EQ(CountPrompts([&form] { form.Click(IDOK); }), isUnsigned ? 0 : 1);
-        });
-        sheet.Apply();
-        const StoredValue stored = Stored(keys::Kauri, _T("AdvancedTCP_SocketSendDelay"));
-        EXPECT_TRUE(!isUnsigned || stored == Dword(static_cast<DWORD>(number)));
     }
 }

@@ -3,10 +3,7 @@
 #include "support/calls.h"
 #include "support/scripts.h"
 
-namespace
-{
 using StartTest = SettingsTest;
-}  // namespace
 
 TEST_F(StartTest, ToolsAreThoseWithANumberOtherThanZero)
 {

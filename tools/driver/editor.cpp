@@ -2,11 +2,8 @@
 
 #include <algorithm>
 
-namespace
-{
 constexpr DWORD GiveUpMilliseconds = 20000;
 constexpr DWORD LookMilliseconds = 2;
-}  // namespace
 
 bool WaitUntil(const std::function<bool()>& condition)
 {
