@@ -9,10 +9,8 @@
 
 #include <vector>
 
-namespace
-{
 // The first page creates a tooltip control, as in the editor.
-INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM, LPARAM lParam)
+static INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM, LPARAM lParam)
 {
     if (message == WM_INITDIALOG && reinterpret_cast<const PROPSHEETPAGEW*>(lParam)->pszTemplate ==
                                         MAKEINTRESOURCEW(IDD_GENERAL_SETTINGS))
@@ -23,7 +21,7 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM, LPARAM lParam)
     return FALSE;
 }
 
-PROPSHEETPAGEW PageOf(LPCWSTR dialogTemplate)
+static PROPSHEETPAGEW PageOf(LPCWSTR dialogTemplate)
 {
     PROPSHEETPAGEW page = {};
     page.dwSize = sizeof(page);
@@ -34,7 +32,7 @@ PROPSHEETPAGEW PageOf(LPCWSTR dialogTemplate)
 }
 
 // Adds a page for each template of a child window. The other templates are dialogs.
-BOOL CALLBACK AddIfPage(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list)
+static BOOL CALLBACK AddIfPage(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list)
 {
     auto& pages = *reinterpret_cast<std::vector<PROPSHEETPAGEW>*>(list);
     const HRSRC found = FindResourceW(nullptr, name, RT_DIALOG);
@@ -46,7 +44,6 @@ BOOL CALLBACK AddIfPage(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list)
     }
     return TRUE;
 }
-}  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int)
 {

@@ -16,8 +16,6 @@
 #include <numeric>
 #include <string>
 
-namespace
-{
 constexpr size_t LeastRuns = 3;
 // After so many runs the page is created again, because its port tables grow with every load.
 constexpr size_t RunsOfOne = 32;
@@ -26,11 +24,11 @@ constexpr UINT MostPorts = 65535;
 using Call = std::function<void()>;
 
 // The times of the registry calls since this was last cleared, in milliseconds.
-Times g_calls;
+static Times g_calls;
 
 // Calls the system's function and measures it.
 template <const char* Name, class... Arguments>
-LSTATUS WINAPI Timed(Arguments... arguments)
+static LSTATUS WINAPI Timed(Arguments... arguments)
 {
     static const auto own = reinterpret_cast<decltype(&Timed<Name, Arguments...>)>(SystemFunction(Name));
     const double start = Milliseconds();
@@ -38,7 +36,6 @@ LSTATUS WINAPI Timed(Arguments... arguments)
     g_calls.push_back(Milliseconds() - start);
     return status;
 }
-}  // namespace
 
 #define TIME_CALLS_OF(function)                    \
     constexpr char NameOf##function[] = #function; \

@@ -7,8 +7,6 @@
 #include <cstdlib>
 #include <map>
 
-namespace
-{
 constexpr int DefaultRuns = 21;
 // Wine's server needs this time to clean up after a process.
 constexpr DWORD SettleMilliseconds = 60;
@@ -17,13 +15,13 @@ constexpr double GiveUpMilliseconds = 20000;
 constexpr wchar_t Editor[] = L"QBSettings.exe";
 constexpr wchar_t BareSheet[] = L"bare_sheet.exe";
 
-void End(const EditorProcess& process, const Sheet& sheet)
+static void End(const EditorProcess& process, const Sheet& sheet)
 {
     process.EndBy(IDCANCEL, sheet);
     Sleep(SettleMilliseconds);
 }
 
-double TimeStart(const wchar_t* program)
+static double TimeStart(const wchar_t* program)
 {
     const double start = Milliseconds();
     const EditorProcess process(L"", program);
@@ -44,7 +42,7 @@ using PageTimes = std::map<std::wstring, Times>;
 
 // Adds the times from the selection of a page until it is painted, without the first page, which opens with
 // the sheet. Returns the titles.
-std::vector<std::wstring> TimePages(const wchar_t* program, PageTimes& times)
+static std::vector<std::wstring> TimePages(const wchar_t* program, PageTimes& times)
 {
     const EditorProcess process(L"", program);
     const Sheet sheet = process.WaitForSheet();
@@ -63,14 +61,13 @@ std::vector<std::wstring> TimePages(const wchar_t* program, PageTimes& times)
 }
 
 // Prints medians and minima. Disturbances can only add time, so the minima vary least.
-void Print(const wchar_t* name, const Times& times, const Times& floor)
+static void Print(const wchar_t* name, const Times& times, const Times& floor)
 {
     const double least = *std::min_element(times.begin(), times.end());
     const double leastFloor = *std::min_element(floor.begin(), floor.end());
     std::printf("  %-28ls%8.1f%8.1f%8.3f%10.1f%8.1f%8.3f\n", name, Median(times), Median(floor),
                 Median(times) / Median(floor), least, leastFloor, least / leastFloor);
 }
-}  // namespace
 
 int main(int argc, char** argv)
 {

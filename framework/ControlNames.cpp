@@ -2,8 +2,6 @@
 
 #include <atlbase.h>
 
-namespace
-{
 // PROPID_ACC_NAME, which some versions of the headers lack.
 constexpr MSAAPROPID NameProperty = {
     0x608D3DF8, 0x8128, 0x4AA7, {0xA4, 0x28, 0xF5, 0x5E, 0x49, 0x26, 0x72, 0x91}};
@@ -12,14 +10,14 @@ constexpr DWORD Object = static_cast<DWORD>(OBJID_CLIENT);
 // The window property that holds the dialog's original window procedure.
 constexpr LPCTSTR Procedure = _T("Procedure behind the names");
 
-bool Open(CComPtr<IAccPropServices>& service)
+static bool Open(CComPtr<IAccPropServices>& service)
 {
     return SUCCEEDED(CoCreateInstance(AccPropServicesClass, nullptr, CLSCTX_INPROC_SERVER,
                                       AccPropServicesInterface, reinterpret_cast<void**>(&service.p)));
 }
 
 // The system keeps an accessible name after its window is destroyed unless it is cleared before that.
-LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+static LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(dialog, Procedure));
     if (message == WM_DESTROY)
@@ -38,7 +36,6 @@ LRESULT CALLBACK TakeNamesBack(HWND dialog, UINT message, WPARAM wParam, LPARAM 
     }
     return CallWindowProcW(procedure, dialog, message, wParam, lParam);
 }
-}  // namespace
 
 void NameControls(const CWnd& dialog, const ControlNames& names)
 {

@@ -9,18 +9,16 @@ BEGIN_MESSAGE_MAP(CSuperEdit, CEdit)
     ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
-namespace
-{
 constexpr ULONGLONG NoDigit = 0xFFFFFFFF;
 
 // isprint and tolower accept only values of one byte. Characters above that are not printable here and no
 // letters.
-bool IsPrintable(WPARAM character)
+static bool IsPrintable(WPARAM character)
 {
     return character <= 0xFF && std::isprint(static_cast<int>(character)) != 0;
 }
 
-ULONGLONG DigitValue(TCHAR character)
+static ULONGLONG DigitValue(TCHAR character)
 {
     if (character >= _T('0') && character <= _T('9'))
     {
@@ -29,7 +27,6 @@ ULONGLONG DigitValue(TCHAR character)
     const int letter = character <= 0xFF ? std::tolower(character) : 0;
     return letter >= _T('a') && letter <= _T('z') ? static_cast<ULONGLONG>(letter - _T('a') + 10) : NoDigit;
 }
-}  // namespace
 
 void CSuperEdit::SetBase(BYTE nBase)
 {

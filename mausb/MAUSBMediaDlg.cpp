@@ -14,15 +14,13 @@ BEGIN_MESSAGE_MAP(CMAUSBMediaDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_TCP_SERVER_PORTS, &CMAUSBMediaDlg::OnPortsServer)
 END_MESSAGE_MAP()
 
-namespace
-{
 constexpr BYTE SnapIdBase = 16;
 
 // Moves the number from the edit to the member; UpdateControlStates fills the edit. An empty edit gives 0. A
 // text that does not start with a hexadecimal number (after optional blanks, sign and 0x) fails the exchange
 // without a message. The edit shows a number with its top bit set in sixteen digits: the scan function of the
 // Windows runtime keeps the last eight, but the replacement in mingw-w64 does not.
-void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
+static void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
     if (!pDX->m_bSaveAndValidate)
@@ -39,14 +37,13 @@ void DDX_Hex(CDataExchange* pDX, int nIDC, UINT& value)
     value = number;
 }
 
-void EnableWindows(std::initializer_list<CWnd*> windows, BOOL enabled)
+static void EnableWindows(std::initializer_list<CWnd*> windows, BOOL enabled)
 {
     for (CWnd* window : windows)
     {
         window->EnableWindow(enabled);
     }
 }
-}  // namespace
 
 CMAUSBMediaDlg::CMAUSBMediaDlg() : CSettingsPage(IDD_MAUSB_MEDIA)
 {

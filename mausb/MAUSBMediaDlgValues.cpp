@@ -3,8 +3,6 @@
 #include "mausb/ToolKey.h"
 #include "resource.h"
 
-namespace
-{
 constexpr LPCTSTR TextTCP = _T("TCP/IP");
 constexpr LPCTSTR TextUDP = _T("UDP/IP");
 
@@ -12,7 +10,7 @@ const WideString NameNetworkType = _T("NetworkType");
 const WideString TableClient = _T("TCPPortsClient");
 const WideString TableServer = _T("TCPPortsServer");
 
-void LoadPorts(PortTable& ports, const WideString& name)
+static void LoadPorts(PortTable& ports, const WideString& name)
 {
     LoadPortTable(ports, name);
     if (ports.empty())
@@ -20,7 +18,6 @@ void LoadPorts(PortTable& ports, const WideString& name)
         ports.push_back(DefaultPortEntry);
     }
 }
-}  // namespace
 
 template <class Visit>
 void CMAUSBMediaDlg::ForEachSetting(Visit visit)

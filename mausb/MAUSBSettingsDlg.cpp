@@ -15,8 +15,6 @@ BEGIN_MESSAGE_MAP(CMAUSBSettingsDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_USE_DEFAULT_MAX_TRANSFER_SIZE, &CMAUSBSettingsDlg::OnUseDefaultMaxUSBTransferSize)
 END_MESSAGE_MAP()
 
-namespace
-{
 const WideString NameProtocolVersion = _T("MAUSBProtocolVersion");
 const WideString NameIsochPayloadAlignment = _T("IsochPayloadAlignment");
 const WideString NameRootHubUUID = _T("RootHubUUID");
@@ -25,12 +23,11 @@ const WideString NameLinkSleepCapability = _T("LinkSleepCapability");
 const WideString NameMaxUSBTransferSize = _T("MaxUSBTransferSize");
 const WideString NameUseDefaultMaxUSBTransferSize = _T("UseDefaultMaxUSBTransferSize");
 
-bool IsNil(UUID& id)
+static bool IsNil(UUID& id)
 {
     RPC_STATUS status = RPC_S_OK;
     return UuidIsNil(&id, &status) != 0;
 }
-}  // namespace
 
 CMAUSBSettingsDlg::CMAUSBSettingsDlg() : CSettingsPage(IDD_MAUSB_SETTINGS)
 {

@@ -11,8 +11,6 @@ BEGIN_MESSAGE_MAP(CPortNumbersDialog, CDialogEx)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_PORT_EDIT_0, IDC_PORT_EDIT_3, &CPortNumbersDialog::OnPortText)
 END_MESSAGE_MAP()
 
-namespace
-{
 constexpr UINT MaxPort = 65535;
 
 // By row.
@@ -23,11 +21,10 @@ constexpr int ComboBoxes[] = {IDC_PORT_TYPE_0, IDC_PORT_TYPE_1, IDC_PORT_TYPE_2,
 constexpr LPCTSTR PacketTypeTexts[] = {_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")};
 
 // The combo box item of a packet type. A stored type outside the list has no item: CB_ERR selects none.
-int ItemOf(int packetType)
+static int ItemOf(int packetType)
 {
     return packetType >= PacketTypeDefault && packetType <= PacketTypeBulk ? packetType + 1 : CB_ERR;
 }
-}  // namespace
 
 CPortNumbersDialog::CPortNumbersDialog(LPCTSTR title, PortTable& table, CWnd* parent)
     : CDialogEx(IDD_PORT_NUMBERS, parent), m_pszTitle(title), m_pPortTable(&table)

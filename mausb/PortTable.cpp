@@ -4,16 +4,14 @@
 
 #include <algorithm>
 
-namespace
-{
 const WideString NamePacketType = _T("PacketType");
 
-WideString TableKeyPath(const WideString& name)
+static WideString TableKeyPath(const WideString& name)
 {
     return ToolKey() + _T("\\") + name;
 }
 
-bool WritePort(HKEY tableKey, const PortEntry& entry)
+static bool WritePort(HKEY tableKey, const PortEntry& entry)
 {
     CString name;
     name.Format(_T("%u"), entry.PortNumber);
@@ -23,7 +21,6 @@ bool WritePort(HKEY tableKey, const PortEntry& entry)
            RegSetValueExW(key.Get(), NamePacketType.c_str(), 0, REG_DWORD,
                           reinterpret_cast<const BYTE*>(&stored), sizeof(stored)) == ERROR_SUCCESS;
 }
-}  // namespace
 
 bool LoadPortTable(PortTable& table, const WideString& name)
 {

@@ -6,16 +6,13 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-namespace
-{
 // Without a path, the system loads the version that the manifest selects.
 template <class Function>
-Function* CommonControlsFunction(Function&, const char* name)
+static Function* CommonControlsFunction(Function&, const char* name)
 {
     static const HMODULE library = LoadLibraryExW(_T("comctl32.dll"), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
-}  // namespace
 
 BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes)
 {

@@ -42,9 +42,7 @@ void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl)
     }
 }
 
-namespace
-{
-CString WindowText(HWND control)
+static CString WindowText(HWND control)
 {
     CString text;
     CWnd::FromHandle(control)->GetWindowText(text);
@@ -52,7 +50,7 @@ CString WindowText(HWND control)
 }
 
 // Setting the same text would move the caret.
-void SetTextIfDifferent(HWND control, const CString& text)
+static void SetTextIfDifferent(HWND control, const CString& text)
 {
     if (!(WindowText(control) == text))
     {
@@ -61,7 +59,7 @@ void SetTextIfDifferent(HWND control, const CString& text)
 }
 
 // Parses the whole text as one decimal number from `least` to `most`. Blanks before and after it are allowed.
-bool ParseNumber(LPCTSTR text, long long least, long long most, long long* number)
+static bool ParseNumber(LPCTSTR text, long long least, long long most, long long* number)
 {
     TCHAR* end = nullptr;
     *number = _tcstoi64(text, &end, 10);
@@ -74,7 +72,7 @@ bool ParseNumber(LPCTSTR text, long long least, long long most, long long* numbe
 }
 
 template <class Number>
-void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, LPCTSTR format, LPCTSTR prompt)
+static void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, LPCTSTR format, LPCTSTR prompt)
 {
     const HWND control = pDX->PrepareEditCtrl(nIDC);
     if (!pDX->m_bSaveAndValidate)
@@ -95,7 +93,7 @@ void ExchangeNumber(CDataExchange* pDX, int nIDC, Number& value, LPCTSTR format,
 }
 
 // Exchanges a number that one message gets and another one sets.
-void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT set)
+static void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT set)
 {
     const HWND control = pDX->PrepareCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
@@ -107,7 +105,6 @@ void ExchangeByMessage(CDataExchange* pDX, int nIDC, int& value, UINT get, UINT 
         SendMessageW(control, set, static_cast<WPARAM>(value), 0);
     }
 }
-}  // namespace
 
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value)
 {

@@ -6,10 +6,8 @@
 
 #include <algorithm>
 
-namespace
-{
 // Splits "text|pattern|text|pattern||" in place into pairs that point into it.
-std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
+static std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
 {
     std::vector<COMDLG_FILTERSPEC> pairs;
     TCHAR* const end = filter + length;
@@ -23,7 +21,7 @@ std::vector<COMDLG_FILTERSPEC> SplitFilter(TCHAR* filter, int length)
     return pairs;
 }
 
-CString PathOf(const CComPtr<IFileOpenDialog>& dialog)
+static CString PathOf(const CComPtr<IFileOpenDialog>& dialog)
 {
     CString path;
     CComPtr<IShellItem> item;
@@ -35,7 +33,6 @@ CString PathOf(const CComPtr<IFileOpenDialog>& dialog)
     }
     return path;
 }
-}  // namespace
 
 CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags, LPCTSTR lpszFilter,
                          CWnd* pParentWnd, DWORD, BOOL)

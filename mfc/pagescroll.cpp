@@ -6,10 +6,8 @@
 #include <algorithm>
 #include <climits>
 
-namespace
-{
 // The control's rectangle in client coordinates of its dialog.
-RECT PlaceOf(HWND control)
+static RECT PlaceOf(HWND control)
 {
     RECT place = {};
     GetWindowRect(control, &place);
@@ -17,14 +15,14 @@ RECT PlaceOf(HWND control)
     return place;
 }
 
-bool HasStyle(HWND window, DWORD style)
+static bool HasStyle(HWND window, DWORD style)
 {
     return (static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & style) != 0;
 }
 
 // Places the page in the display area of the tab control. The common control uses the area of the sheet's
 // original size each time it selects a page.
-void TakePlace(HWND page, WINDOWPOS* given)
+static void TakePlace(HWND page, WINDOWPOS* given)
 {
     const HWND sheet = GetParent(page);
     const auto tabs = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETTABCONTROL, 0, 0));
@@ -40,7 +38,6 @@ void TakePlace(HWND page, WINDOWPOS* given)
         given->flags &= ~static_cast<UINT>(SWP_NOMOVE | SWP_NOSIZE);
     }
 }
-}  // namespace
 
 LRESULT CPropertyPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {

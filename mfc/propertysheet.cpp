@@ -2,17 +2,15 @@
 
 #include <algorithm>
 
-namespace
-{
 // A private message, posted when the sheet may have been activated.
 constexpr UINT ActivatePopup = WM_APP;
 
 // The sheet that is being created. CbtFilter attaches it to its window before the window's first message, so
 // that OnNcCreate receives WM_NCCREATE.
-CPropertySheet* g_sheet;
-HHOOK g_hook;
+static CPropertySheet* g_sheet;
+static HHOOK g_hook;
 
-void UnhookWindowCreate()
+static void UnhookWindowCreate()
 {
     UnhookWindowsHookEx(g_hook);
     g_hook = nullptr;
@@ -21,7 +19,7 @@ void UnhookWindowCreate()
 
 // Activates the window and stops the enumeration if it is the one dialog that is visible and enabled.
 // WS_CAPTION excludes tooltips.
-BOOL CALLBACK ActivateIfLive(HWND window, LPARAM)
+static BOOL CALLBACK ActivateIfLive(HWND window, LPARAM)
 {
     const LONG style = GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED | WS_CAPTION);
     const bool isLive = style == (WS_VISIBLE | WS_CAPTION);
@@ -32,7 +30,7 @@ BOOL CALLBACK ActivateIfLive(HWND window, LPARAM)
     return !isLive;
 }
 
-LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
+static LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
 {
     const LRESULT result = CallNextHookEx(g_hook, code, wParam, lParam);
     const HWND window = reinterpret_cast<HWND>(wParam);
@@ -46,7 +44,6 @@ LRESULT CALLBACK CbtFilter(int code, WPARAM wParam, LPARAM lParam)
     }
     return result;
 }
-}  // namespace
 
 CPropertySheet::CPropertySheet(LPCTSTR pszCaption) : m_strCaption(pszCaption)
 {

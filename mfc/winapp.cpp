@@ -1,11 +1,9 @@
 #include "afxwin.h"
 
-namespace
-{
-CWinApp* g_app;
+static CWinApp* g_app;
 
 // The program file's name without folder and extension.
-CString ProgramName()
+static CString ProgramName()
 {
     TCHAR path[MAX_PATH] = {};
     TCHAR name[MAX_PATH] = {};
@@ -13,7 +11,6 @@ CString ProgramName()
     _tsplitpath(path, nullptr, nullptr, name, nullptr);
     return name;
 }
-}  // namespace
 
 CWinApp::CWinApp(LPCTSTR lpszAppName)
     : m_strAppName(lpszAppName != nullptr ? CString(lpszAppName) : ProgramName())

@@ -6,16 +6,13 @@
 
 IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
-namespace
-{
 // The message that the innermost window procedure is processing.
-MSG g_currentMessage;
+static MSG g_currentMessage;
 // The window that is exchanging data with its controls; null at other times.
-HWND g_lockedOutWindow;
+static HWND g_lockedOutWindow;
 
-std::map<HWND, CWnd*> g_permanentMap;
-std::map<HWND, std::unique_ptr<CWnd>> g_temporaryMap;
-}  // namespace
+static std::map<HWND, CWnd*> g_permanentMap;
+static std::map<HWND, std::unique_ptr<CWnd>> g_temporaryMap;
 
 CWnd::~CWnd()
 {

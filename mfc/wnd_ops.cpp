@@ -59,10 +59,8 @@ void CWnd::CenterWindow()
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-namespace
-{
 // Calls PreTranslateMessage of the message's window and its parents, up to the modal window.
-BOOL WalkPreTranslateTree(HWND stop, MSG* message)
+static BOOL WalkPreTranslateTree(HWND stop, MSG* message)
 {
     for (HWND window = message->hwnd; window != nullptr; window = GetParent(window))
     {
@@ -78,7 +76,6 @@ BOOL WalkPreTranslateTree(HWND stop, MSG* message)
     }
     return FALSE;
 }
-}  // namespace
 
 int CWnd::RunModalLoop()
 {

@@ -11,8 +11,6 @@ BEGIN_MESSAGE_MAP(CGeneralSettingsDlg, CSettingsPage)
     ON_EN_CHANGE(IDC_DISPLAY_UPDATE_TIME, &CGeneralSettingsDlg::OnDisplayUpdateTime)
 END_MESSAGE_MAP()
 
-namespace
-{
 // The log levels in ascending order of detail. The stored level is an index into this array.
 constexpr LPCTSTR LogLevels[] = {_T("Quiet"),  _T("Minimal"), _T("Low"),
                                  _T("Normal"), _T("Verbose"), _T("Diagnostic")};
@@ -24,12 +22,11 @@ const WideString NameCertificationMode = _T("CertificationMode");
 const WideString NameLogVerbosity = _T("QBLogVerbosity");
 const WideString NameDisplayUpdateTime = _T("QBMinimumDisplayUpdateTime");
 
-bool IsDiagnosticLoggingAllowed()
+static bool IsDiagnosticLoggingAllowed()
 {
     const char* value = std::getenv("QB_ALLOW_DIAGNOSTIC_LOGGING");
     return value != nullptr && value[0] != '\0' && value[0] != '0';
 }
-}  // namespace
 
 CGeneralSettingsDlg::CGeneralSettingsDlg()
     : CSettingsPage(IDD_GENERAL_SETTINGS), AllowDiagnosticLogging(IsDiagnosticLoggingAllowed())

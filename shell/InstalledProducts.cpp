@@ -5,13 +5,11 @@
 
 std::map<ProductId, DWORD> InstalledProductMap;
 
-namespace
-{
 // The registry's limit on a value name, in characters without the terminator.
 constexpr DWORD MaxValueName = 16383;
 
 // Reads every value, even after one has failed. Returns false if any of them failed.
-bool ReadAllValues(const RegistryKey& key)
+static bool ReadAllValues(const RegistryKey& key)
 {
     DWORD count = 0;
     if (RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr,
@@ -43,7 +41,6 @@ bool ReadAllValues(const RegistryKey& key)
     }
     return read == count;
 }
-}  // namespace
 
 bool LoadInstalledProducts()
 {

@@ -19,9 +19,7 @@
 #include <memory>
 #include <new>
 
-namespace
-{
-void CloseInstanceMutex()
+static void CloseInstanceMutex()
 {
     if (g_hInstanceMutex != nullptr)
     {
@@ -30,24 +28,20 @@ void CloseInstanceMutex()
     }
 }
 
-HANDLE CreateInstanceMutex()
+static HANDLE CreateInstanceMutex()
 {
     const HANDLE mutex = CreateMutexW(nullptr, FALSE, _T("{6DB73739-9704-4C93-A405-1DEC5683288A}"));
     g_dwInstanceMutexError = GetLastError();
     return mutex;
 }
-}  // namespace
 
 DWORD g_dwInstanceMutexError;
 HANDLE g_hInstanceMutex = CreateInstanceMutex();
 
-namespace
-{
 // Registered before the application object is constructed, so the mutex is closed after that object is
 // destroyed.
 [[maybe_unused]] const int g_exitRoutine = std::atexit(CloseInstanceMutex);
-CQBSettingsApp theApp;
-}  // namespace
+static CQBSettingsApp theApp;
 
 BEGIN_MESSAGE_MAP(CQBSettingsApp, CWinApp)
     ON_COMMAND(ID_HELP, &CQBSettingsApp::OnHelp)

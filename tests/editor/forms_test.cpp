@@ -5,8 +5,6 @@
 #include <afxwin.h>
 #include <commctrl.h>
 
-namespace
-{
 // Checksums of TextOf: any change of a name, a tip or the exchange changes them.
 const std::map<Text, uint32_t> Checksums = {
     {tabs::General, 0x8DFDCB4D},       {tabs::Drivers, 0xD20DDB08},       {tabs::Chapter9, 0x5DC83323},
@@ -16,7 +14,7 @@ const std::map<Text, uint32_t> Checksums = {
 };
 
 // The names of the controls that can have the focus, in their order, which must follow their places.
-std::string NamesOf(const Form& form)
+static std::string NamesOf(const Form& form)
 {
     std::string names;
     std::vector<RECT> passed;
@@ -45,9 +43,10 @@ std::string NamesOf(const Form& form)
     return names;
 }
 
-std::string asked;
+static std::string asked;
 
-LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
+static LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR)
 {
     if (message == WM_GETTEXT || message == BM_GETCHECK || message == LB_GETCURSEL || message == CB_GETCURSEL)
     {
@@ -57,7 +56,7 @@ LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam, LPARAM
 }
 
 // The ids of the controls that an exchange reads.
-std::string ReadInExchange(const Form& form)
+static std::string ReadInExchange(const Form& form)
 {
     asked.clear();
     const std::vector<HWND> controls = ControlsOf(form.Page());
@@ -73,7 +72,7 @@ std::string ReadInExchange(const Form& form)
     return asked;
 }
 
-std::string TextOf(const Form& form)
+static std::string TextOf(const Form& form)
 {
     std::string text = "names" + NamesOf(form) + "\nexchange" + ReadInExchange(form) + '\n';
     for (const int id : TipsOf(form.Page()))
@@ -88,7 +87,7 @@ std::string TextOf(const Form& form)
     return text;
 }
 
-uint32_t ChecksumOf(const std::string& text)
+static uint32_t ChecksumOf(const std::string& text)
 {
     uint32_t sum = 0;
     for (const char character : text)
@@ -99,7 +98,6 @@ uint32_t ChecksumOf(const std::string& text)
 }
 
 using FormsTest = SettingsTest;
-}  // namespace
 
 TEST_F(FormsTest, NamesTipsAndTheExchangeMatchTheirChecksums)
 {

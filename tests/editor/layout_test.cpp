@@ -7,10 +7,8 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace
-{
 // The area for controls, on the screen: the template's size without its margin of 7 units.
-RECT RoomOf(HWND dialog)
+static RECT RoomOf(HWND dialog)
 {
     RECT margin = {7, 7, 7, 7};
     MapDialogRect(dialog, &margin);
@@ -33,7 +31,7 @@ RECT RoomOf(HWND dialog)
 }
 
 // A button needs more width than its text: for its frame, or for the box that is checked.
-void ExpectFits(HWND control)
+static void ExpectFits(HWND control)
 {
     const HDC dc = GetDC(control);
     const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
@@ -54,7 +52,7 @@ void ExpectFits(HWND control)
 }
 
 // A group box may contain a control.
-void ExpectApart(HWND control, HWND other)
+static void ExpectApart(HWND control, HWND other)
 {
     const RECT place = PlaceOf(control);
     const RECT otherPlace = PlaceOf(other);
@@ -66,7 +64,6 @@ void ExpectApart(HWND control, HWND other)
 }
 
 using LayoutTest = SettingsTest;
-}  // namespace
 
 TEST_F(LayoutTest, NothingIsCutAndNothingOverlaps)
 {

@@ -6,18 +6,16 @@
 #include <afxwin.h>
 #include <commctrl.h>
 
-namespace
-{
 using LifecycleTest = SettingsTest;
 
-int relayed;
+static int relayed;
 
-LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
+static LRESULT CALLBACK CountRelays(HWND tips, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                    DWORD_PTR)
 {
     relayed += message == TTM_RELAYEVENT ? 1 : 0;
     return DefSubclassProc(tips, message, wParam, lParam);
 }
-}  // namespace
 
 TEST_F(LifecycleTest, EachPageRemovesItsOwnMarkOnly)
 {

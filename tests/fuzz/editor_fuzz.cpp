@@ -11,9 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 
-namespace
-{
-void Check(bool holds, const char* what)
+static void Check(bool holds, const char* what)
 {
     if (!holds)
     {
@@ -22,7 +20,7 @@ void Check(bool holds, const char* what)
     }
 }
 
-LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
+static LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 {
     Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "no address is wrong");
     return EXCEPTION_CONTINUE_SEARCH;
@@ -30,7 +28,7 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 
 // A few bytes, or up to 255. Wine's text layout reads invalid addresses for some characters beyond Latin-1,
 // so a text has none of those.
-StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
+static StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
 {
     const auto few = input.ConsumeIntegralInRange<size_t>(0, 6);
     StoredValue value = {input.ConsumeIntegralInRange<DWORD>(0, 11), {}};
@@ -43,7 +41,7 @@ StoredValue AnyValue(FuzzedDataProvider& input, bool isText)
 }
 
 // Mostly digits, which the names of ports are.
-Text AnyName(FuzzedDataProvider& input)
+static Text AnyName(FuzzedDataProvider& input)
 {
     Text name;
     for (const BYTE byte : input.ConsumeBytes<BYTE>(input.ConsumeIntegralInRange<size_t>(0, 15)))
@@ -54,7 +52,7 @@ Text AnyName(FuzzedDataProvider& input)
 }
 
 // The values that a page reads, or, without a page, those of the installed tools.
-std::vector<Setting> PlacesOf(const Text& tab)
+static std::vector<Setting> PlacesOf(const Text& tab)
 {
     std::vector<Setting> places = SettingsOf(tab);
     for (const ProductId& tool : places.empty() ? AllTools : Tools())
@@ -64,7 +62,7 @@ std::vector<Setting> PlacesOf(const Text& tab)
     return places;
 }
 
-void StoreAll(FuzzedDataProvider& input, const std::vector<Setting>& places)
+static void StoreAll(FuzzedDataProvider& input, const std::vector<Setting>& places)
 {
     while (input.remaining_bytes() > 0)
     {
@@ -80,7 +78,7 @@ void StoreAll(FuzzedDataProvider& input, const std::vector<Setting>& places)
 }
 
 // Returns the settings after the first Apply, none if the list of tools cannot be read.
-Tree UsePage(const Text& tab)
+static Tree UsePage(const Text& tab)
 {
     const Editor editor;
     if (!editor.HasSheet())
@@ -94,7 +92,6 @@ Tree UsePage(const Text& tab)
     SendMessageW(editor.Window(), PSM_APPLY, 0, 0);
     return applied;
 }
-}  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {

@@ -8,8 +8,6 @@
 #include <cstdlib>
 #include <iostream>
 
-namespace
-{
 const int Times = std::getenv("QB_ENDURANCE") != nullptr ? std::atoi(std::getenv("QB_ENDURANCE")) : 10;
 
 // Resources that a process could leak.
@@ -18,7 +16,7 @@ using Counts = std::map<std::string, size_t>;
 constexpr std::pair<UINT, WPARAM> Closings[] = {
     {WM_COMMAND, IDOK}, {WM_COMMAND, IDCANCEL}, {WM_SYSCOMMAND, SC_CLOSE}};
 
-size_t WindowsBelow(HWND parent, DWORD process)
+static size_t WindowsBelow(HWND parent, DWORD process)
 {
     size_t count = 0;
     for (HWND window = nullptr; (window = FindWindowExW(parent, window, nullptr, nullptr)) != nullptr;)
@@ -31,7 +29,7 @@ size_t WindowsBelow(HWND parent, DWORD process)
 }
 
 // GetGuiResources returns 0 on Wine, so the windows are counted one by one.
-Counts Count(const EditorProcess& editor)
+static Counts Count(const EditorProcess& editor)
 {
     PROCESS_MEMORY_COUNTERS memory = {};
     EXPECT_TRUE(GetProcessMemoryInfo(editor.Handle(), &memory, sizeof(memory)));
@@ -44,7 +42,6 @@ Counts Count(const EditorProcess& editor)
 }
 
 using EnduranceJourney = SettingsTest;
-}  // namespace
 
 TEST_F(EnduranceJourney, EachStartOpensTheSheetAndEnds)
 {

@@ -3,11 +3,9 @@
 #include "support/registry.h"
 #include "user.h"
 
-namespace
-{
 // Whether the window is completely inside the client areas of the windows around it, with some pixels above
 // and below it, and on the screen.
-bool IsSeen(HWND window)
+static bool IsSeen(HWND window)
 {
     RECT place = PlaceOf(window);
     InflateRect(&place, 0, 3);
@@ -27,7 +25,7 @@ bool IsSeen(HWND window)
 }
 
 // Scrolls by the wheel from the top of the page to its bottom, then clicks each edit that is partly visible.
-void Roll(const Sheet& sheet)
+static void Roll(const Sheet& sheet)
 {
     std::vector<HWND> unseen = ControlsOf(sheet.Page());
     std::erase_if(unseen, [](HWND control) { return !IsWindowVisible(control); });
@@ -64,7 +62,6 @@ void Roll(const Sheet& sheet)
 }
 
 using ScreenJourney = SettingsTest;
-}  // namespace
 
 TEST_F(ScreenJourney, AllCanBeSeenAndReached)
 {

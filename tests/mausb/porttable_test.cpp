@@ -5,13 +5,11 @@
 
 #include <algorithm>
 
-namespace
-{
 using Ports = std::vector<std::pair<UINT, int>>;
 const Text Table = _T("TCPPortsClient");
 const Text Type = _T("PacketType");
 
-void StorePorts(const Values& ports)
+static void StorePorts(const Values& ports)
 {
     for (const auto& [name, type] : ports)
     {
@@ -19,7 +17,7 @@ void StorePorts(const Values& ports)
     }
 }
 
-Ports Load(bool complete = true)
+static Ports Load(bool complete = true)
 {
     PortTable table;
     EXPECT_EQ(LoadPortTable(table, Table), complete);
@@ -33,7 +31,6 @@ Ports Load(bool complete = true)
 }
 
 using PortTableTest = SettingsTest;
-}  // namespace
 
 TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
 {

@@ -8,15 +8,12 @@
 
 #include <memory>
 
-namespace
-{
-HWND MakeWindow(const RECT& place, HWND owner)
+static HWND MakeWindow(const RECT& place, HWND owner)
 {
     return CreateWindowExW(0, _T("Static"), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
                            place.right - place.left, place.bottom - place.top, owner, nullptr, nullptr,
                            nullptr);
 }
-}  // namespace
 
 TEST(DialogTest, IsCentredOnTheScreenOfItsOwner)
 {

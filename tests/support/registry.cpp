@@ -8,19 +8,16 @@
 const Tools AllTools = {AlderQB,  BirchQB, CedarQB, DogwoodQB,  ElmQB,  FirQB,
                         GinkgoQB, HazelQB, IvyRig,  JuniperRig, KauriQB};
 
-namespace
-{
 // The editor's keys are these and those below them; the last one belongs to the xHCI port driver.
 const Text Roots[] = {keys::Halvane, keys::Ostrel, keys::PortDriver};
 constexpr DWORD NameRoom = 16384;
 constexpr DWORD DataRoom = 65536;  // larger than any value that a test compares in a tree
 
-StoredValue ValueOf(DWORD type, const void* data, size_t size)
+static StoredValue ValueOf(DWORD type, const void* data, size_t size)
 {
     const auto* bytes = static_cast<const BYTE*>(data);
     return {type, std::vector<BYTE>(bytes, bytes + size)};
 }
-}  // namespace
 
 StoredValue Dword(DWORD number)
 {

@@ -8,9 +8,8 @@
 
 #include <algorithm>
 
-namespace
-{
-LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR list)
+static LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                             DWORD_PTR list)
 {
     Events& events = *reinterpret_cast<Events*>(list);
     if (message == PSM_CHANGED || message == PSM_UNCHANGED)
@@ -27,7 +26,7 @@ LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, U
 }
 
 // Gets a tool by its index. Its `hwnd` is the dialog that the tooltip control serves.
-bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
+static bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
 {
     *tool = {};
     tool->cbSize = sizeof(*tool);
@@ -35,20 +34,21 @@ bool GetTool(HWND control, size_t index, TTTOOLINFOW* tool)
 }
 
 // The names that the program gives, by control.
-std::map<HWND, Text> givenNames;
+static std::map<HWND, Text> givenNames;
 
-HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name)
+static HRESULT STDMETHODCALLTYPE KeepName(IAccPropServices*, HWND window, DWORD, DWORD, MSAAPROPID,
+                                          LPCWSTR name)
 {
     givenNames[window] = name;
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE ForgetName(IAccPropServices*, HWND window, DWORD, DWORD, const MSAAPROPID*, int)
+static HRESULT STDMETHODCALLTYPE ForgetName(IAccPropServices*, HWND window, DWORD, DWORD, const MSAAPROPID*,
+                                            int)
 {
     givenNames.erase(window);
     return S_OK;
 }
-}  // namespace
 
 void KeepNames()
 {

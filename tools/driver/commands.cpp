@@ -12,9 +12,7 @@
 #include <cstdio>
 #include <iostream>
 
-namespace
-{
-int ListProcesses()
+static int ListProcesses()
 {
     const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W process = {};
@@ -28,7 +26,7 @@ int ListProcesses()
 }
 
 // The values of a key, which begins with HKLM\, and of the keys below it, by the path from there.
-Tree TreeBelow(const std::string& key)
+static Tree TreeBelow(const std::string& key)
 {
     const Text path(key.begin() + 5, key.end());
     Tree tree;
@@ -38,7 +36,6 @@ Tree TreeBelow(const std::string& key)
     }
     return tree;
 }
-}  // namespace
 
 int main(int argc, char** argv)
 {

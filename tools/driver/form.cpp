@@ -7,12 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace
-{
 constexpr UINT GiveUpMilliseconds = 20000;
 
 // The timeout makes the test fail instead of wait for ever if the other program hangs.
-LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+static LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     DWORD_PTR result = 0;
     SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, GiveUpMilliseconds, &result);
@@ -20,12 +18,12 @@ LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 }
 
 // Selects the message for a list box or a combo box.
-UINT For(HWND control, UINT listMessage, UINT comboMessage)
+static UINT For(HWND control, UINT listMessage, UINT comboMessage)
 {
     return IsOf(control, _T("ComboBox")) ? comboMessage : listMessage;
 }
 
-BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
+static BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
 {
     if (IsWindowVisible(window))
     {
@@ -33,7 +31,6 @@ BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
     }
     return TRUE;
 }
-}  // namespace
 
 std::string Printable(const Text& text)
 {

@@ -7,13 +7,11 @@
 #include <io.h>
 #include <cstdio>
 
-namespace
-{
 constexpr DWORD PaintMilliseconds = 200;
 // The buttons of MAUSB Media Settings that open a dialog.
 constexpr int DialogButtons[] = {IDC_ADVANCED_TCP, IDC_TCP_CLIENT_PORTS};
 
-void TakePicture(HWND window, const Text& title)
+static void TakePicture(HWND window, const Text& title)
 {
     // Draws the title bar as active. Without a window manager no window is active.
     SendMessageW(GetAncestor(window, GA_ROOT), WM_NCACTIVATE, TRUE, 0);
@@ -27,7 +25,7 @@ void TakePicture(HWND window, const Text& title)
     }
 }
 
-void ShowDialogs(const EditorProcess& editor, const Sheet& sheet)
+static void ShowDialogs(const EditorProcess& editor, const Sheet& sheet)
 {
     for (const int button : DialogButtons)
     {
@@ -41,7 +39,6 @@ void ShowDialogs(const EditorProcess& editor, const Sheet& sheet)
         }
     }
 }
-}  // namespace
 
 int main()
 {
