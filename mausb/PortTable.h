@@ -21,6 +21,8 @@ struct PortEntry
 {
     UINT PortNumber;  // 0: an empty row, which is not stored
     int PacketType;   // may be any stored number, not only one of the above
+
+    bool operator==(const PortEntry&) const = default;
 };
 
 // Port numbers may repeat, and empty rows may be anywhere.

@@ -4,7 +4,6 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <climits>
 
 // The control's rectangle in client coordinates of its dialog.
 static RECT PlaceOf(HWND control)

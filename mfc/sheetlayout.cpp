@@ -1,8 +1,6 @@
 // CPropertySheet: layout of its tab control, page and buttons for any window size.
 #include "afxdlgs.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 void CPropertySheet::RememberLayout()

@@ -9,8 +9,8 @@
 const std::map<Text, uint32_t> Checksums = {
     {tabs::General, 0x8DFDCB4D},       {tabs::Drivers, 0xD20DDB08},       {tabs::Chapter9, 0x5DC83323},
     {tabs::Waivers, 0x3C770B81},       {tabs::Xhci, 0x54C660AB},          {tabs::Identity, 0xF68BE003},
-    {tabs::Media, 0xB9F46518},         {tabs::Protocol, 0xC77C7203},      {tabs::HostUnderTest, 0x590215ED},
-    {titles::AdvancedTCP, 0x67B6330E}, {titles::ClientPorts, 0xB7D68B35},
+    {tabs::Media, 0xB9F46518},         {tabs::Protocol, 0xC77C7203},      {tabs::HostUnderTest, 0xEA3B0498},
+    {titles::AdvancedTCP, 0x67B6330E}, {titles::ClientPorts, 0x074C6B09},
 };
 
 // The names of the controls that can have the focus, in their order, which must follow their places.
@@ -59,30 +59,20 @@ static LRESULT CALLBACK NoteQuestions(HWND control, UINT message, WPARAM wParam,
 static std::string ReadInExchange(const Form& form)
 {
     asked.clear();
-    const std::vector<HWND> controls = ControlsOf(form.Page());
-    for (const HWND control : controls)
+    for (const HWND control : ControlsOf(form.Page()))
     {
         SetWindowSubclass(control, NoteQuestions, 0, 0);
     }
     CWnd::FromHandlePermanent(form.Page())->UpdateData(TRUE);
-    for (const HWND control : controls)
-    {
-        RemoveWindowSubclass(control, NoteQuestions, 0);
-    }
     return asked;
 }
 
 static std::string TextOf(const Form& form)
 {
     std::string text = "names" + NamesOf(form) + "\nexchange" + ReadInExchange(form) + '\n';
-    for (const int id : TipsOf(form.Page()))
+    for (const auto& [id, tip] : TipsOf(form.Page()))
     {
-        text += "tip " + std::to_string(id) + ' ';
-        for (const TCHAR character : TipText(form.Page(), id))
-        {
-            text += static_cast<char>(character);
-        }
-        text += '\n';
+        text += "tip " + std::to_string(id) + ' ' + Printable(tip) + '\n';
     }
     return text;
 }

@@ -5,7 +5,6 @@
 #include "support/scripts.h"
 
 #include <afxwin.h>
-#include <commctrl.h>
 #include <prsht.h>
 
 namespace
@@ -23,13 +22,10 @@ protected:
     // The number of the page's settings that are not stored as changed.
     static size_t CountLost(const Text& tab)
     {
-        size_t lost = 0;
-        for (const Setting& setting : SettingsOf(tab))
-        {
-            lost += Stored(setting.key, setting.name) == setting.changed ? 0 : 1;
-        }
         EXPECT_EQ(calls::OpenKeys(), 0U);
-        return lost;
+        std::vector<Setting> lost = SettingsOf(tab);
+        std::erase_if(lost, [](const Setting& each) { return Stored(each.key, each.name) == each.changed; });
+        return lost.size();
     }
 
     // Presses Apply on the page while a call is refused. Returns whether one was.
@@ -109,8 +105,7 @@ TEST_F(RefusedTest, AnyReadOfTheInstalledTools)
 TEST_F(RefusedTest, TooltipsAndTheFileDialog)
 {
     Store(keys::Kauri, _T("NetworkType"), Sz(_T("TCP/IP")));
-    calls::Refuse(std::string("CreateWindowExW ") + Printable(TOOLTIPS_CLASSW), 1, ERROR_NOT_ENOUGH_MEMORY,
-                  true);
+    calls::Refuse("CreateWindowExW", 1, ERROR_NOT_ENOUGH_MEMORY, true);
     ForEachForm([](const Form& form, const Text&) {
         // The window relays mouse messages to the object in any case.
         MSG move = {};

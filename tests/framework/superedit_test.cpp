@@ -6,29 +6,19 @@
 
 namespace
 {
-// An edit in a window without a dialog. With base 0 no base is set.
+// An edit in a window without a dialog.
 class TrialEdit : public CSuperEdit
 {
 public:
-    explicit TrialEdit(BYTE base, LPCTSTR className = _T("EDIT"))
+    explicit TrialEdit(BYTE base)
     {
-        SubclassWindow(CreateWindowExW(0, className, _T(""), WS_POPUP | ES_AUTOHSCROLL, 0, 0, 100, 60,
+        SubclassWindow(CreateWindowExW(0, _T("EDIT"), _T(""), WS_POPUP | ES_AUTOHSCROLL, 0, 0, 100, 60,
                                        nullptr, nullptr, nullptr, nullptr));
-        if (base != 0)
-        {
-            SetBase(base);
-            EXPECT_EQ(Shown(), _T("0"));
-        }
+        SetBase(base);
+        EXPECT_EQ(Shown(), _T("0"));
     }
 
     Text Shown() const { return Form(m_hWnd).Title(); }
-    // The result of WM_GETDLGCODE, sent with a message unless that is 0.
-    LRESULT DialogCode(UINT message = 0, WPARAM wParam = 0) const
-    {
-        MSG asked = {m_hWnd, message, wParam, 0, 0, {}};
-        return ::SendMessageW(m_hWnd, WM_GETDLGCODE, wParam,
-                              message != 0 ? reinterpret_cast<LPARAM>(&asked) : 0);
-    }
 };
 }  // namespace
 
@@ -57,20 +47,19 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText)
         EXPECT_EQ(edit.GetNumber(), number) << Printable(text);
         edit.SetNumber(number);
         EXPECT_EQ(edit.Shown() == text, isShownSo) << Printable(edit.Shown());
-        edit.SetBase(10);
-        edit.SetBase(base);
-        EXPECT_EQ(edit.GetNumber(), number);
     }
 }
 
 TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
 {
     // Control characters and characters beyond ASCII are not checked.
-    const std::tuple<BYTE, Text, Text, size_t> cases[] = {
-        {0, _T("g -Z~"), _T("g -Z~"), 0},  {16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
-        {10, _T("/0a9:F-"), _T("09"), 5},  {2, _T("012"), _T("01"), 1},
-        {36, _T("0zZ{[9"), _T("0zZ9"), 2}, {11, _T("aAbB9"), _T("aA9"), 2},
-        {16, _T("12\b3"), _T("13"), 0},    {16, _T("\x20AC"), _T("\x20AC"), 0}};
+    const std::tuple<BYTE, Text, Text, size_t> cases[] = {{16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
+                                                          {10, _T("/0a9:F-"), _T("09"), 5},
+                                                          {2, _T("012"), _T("01"), 1},
+                                                          {36, _T("0zZ{[9"), _T("0zZ9"), 2},
+                                                          {11, _T("aAbB9"), _T("aA9"), 2},
+                                                          {16, _T("12\b3"), _T("13"), 0},
+                                                          {16, _T("\x20AC"), _T("\x20AC"), 0}};
     for (const auto& [base, typed, text, beeps] : cases)
     {
         TrialEdit edit(base);
@@ -83,19 +72,4 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
         EXPECT_EQ(edit.Shown(), text);
         EXPECT_EQ(calls::Made("MessageBeep").size(), beeps);
     }
-}
-
-TEST(SuperEditTest, AsksItsDialogForPrintableCharacters)
-{
-    // A static control, which unlike an edit does not ask for characters itself.
-    TrialEdit edit(0, _T("STATIC"));
-    const LRESULT usual = edit.DialogCode();
-    EXPECT_EQ(edit.DialogCode(WM_CHAR, 'g'), usual);
-    edit.SetBase(16);
-    EXPECT_EQ(edit.DialogCode(), usual);
-    EXPECT_EQ(edit.DialogCode(WM_KEYDOWN, 'G'), usual);
-    EXPECT_EQ(edit.DialogCode(WM_CHAR, '\t'), usual);
-    // The edit asks even for letters that it rejects: they must not press a button by its mnemonic.
-    EXPECT_EQ(edit.DialogCode(WM_CHAR, 'g'), usual | DLGC_WANTCHARS);
-    EXPECT_EQ(edit.DialogCode(WM_CHAR, 'a'), usual | DLGC_WANTCHARS);
 }

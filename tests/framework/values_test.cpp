@@ -124,7 +124,6 @@ TEST_F(ValuesTest, ReadTakesTheBytesOfAnyType)
         EXPECT_EQ(Read(UINT_MAX), static_cast<UINT>(number));
         EXPECT_TRUE(ReadText() == text) << Printable(text.substr(0, 9));
     }
-    EXPECT_FALSE(Read(true)) << "too long";
     Store(Key, Name, Dword(2));
     EXPECT_TRUE(Read(false));
     Store(Key, Name, Binary({1, 2}));

@@ -8,21 +8,13 @@
 #include <prsht.h>
 
 #include <algorithm>
+#include <cassert>
 #include <csignal>
-#include <cstdlib>
-
-static void Check(bool holds, const char* what)
-{
-    if (!holds)
-    {
-        std::fprintf(stderr, "does not hold: %s\n", what);
-        std::abort();
-    }
-}
 
 static LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 {
-    Check(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION, "no address is wrong");
+    assert((exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION) &&
+           "no address is wrong");
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
@@ -83,10 +75,11 @@ static Tree UsePage(const Text& tab)
     const Editor editor;
     if (!editor.HasSheet())
     {
-        Check(tab.empty(), "the list of all tools is read");
+        assert(tab.empty() && "the list of all tools is read");
         return {};
     }
-    Check(editor.Select(tab.empty() ? editor.Tabs().back() : tab), "every page opens");
+    const bool opens = editor.Select(tab.empty() ? editor.Tabs().back() : tab);
+    assert(opens && "every page opens");
     SendMessageW(editor.Window(), PSM_APPLY, 0, 0);
     Tree applied = StoredSettings();
     SendMessageW(editor.Window(), PSM_APPLY, 0, 0);
@@ -114,7 +107,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     StoreAll(input, PlacesOf(line));
     const Tree applied = UsePage(isPage ? line : Text());
-    Check(applied.empty() || applied == StoredSettings(), "a second Apply, and Cancel, change nothing");
-    Check(calls::OpenKeys() == 0, "no key stays open");
+    assert((applied.empty() || applied == StoredSettings()) && "a second Apply, and Cancel, change nothing");
+    assert(calls::OpenKeys() == 0 && "no key stays open");
     return 0;
 }

@@ -3,8 +3,6 @@
 #include "support/registry.h"
 #include "user.h"
 
-#include <algorithm>
-
 namespace
 {
 // Holds a key while it presses another, until the condition is true: the program reads the state of the held

@@ -15,8 +15,7 @@ static bool IsSeen(HWND window)
         RECT room = {};
         GetClientRect(outer, &room);
         MapWindowPoints(outer, nullptr, reinterpret_cast<POINT*>(&room), 2);
-        RECT both = {};
-        if (outer != nullptr && (!UnionRect(&both, &room, &place) || !EqualRect(&both, &room)))
+        if (outer != nullptr && !Contains(room, place))
         {
             return false;
         }

@@ -5,8 +5,6 @@
 
 namespace
 {
-using Ports = std::vector<std::pair<UINT, int>>;
-
 // The controls of each row of Port Numbers.
 constexpr int Edits[] = {IDC_PORT_EDIT_0, IDC_PORT_EDIT_1, IDC_PORT_EDIT_2, IDC_PORT_EDIT_3};
 constexpr int Types[] = {IDC_PORT_TYPE_0, IDC_PORT_TYPE_1, IDC_PORT_TYPE_2, IDC_PORT_TYPE_3};
@@ -24,7 +22,7 @@ std::vector<Row> RowsOf(const Form& form)
 }
 
 // Runs the script on the dialog and clicks the button. Returns the table afterwards.
-Ports RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
+PortTable RunDialog(PortTable table, int button, const std::function<void(const Form&)>& script)
 {
     CPortNumbersDialog dialog(_T("Some Ports"), table, nullptr);
     int result = 0;
@@ -34,12 +32,7 @@ Ports RunDialog(PortTable table, int button, const std::function<void(const Form
         form.Click(button);
     });
     EXPECT_EQ(result, button);
-    Ports ports;
-    for (const PortEntry& entry : table)
-    {
-        ports.emplace_back(entry.PortNumber, entry.PacketType);
-    }
-    return ports;
+    return table;
 }
 
 class AdvancedTCPTest : public SettingsTest
@@ -66,10 +59,6 @@ protected:
         ExpectEnabled(form, {IDC_TCP_SNDBUF, IDC_TCP_SNDBUF_LABEL}, send);
         ExpectEnabled(form, {IDC_TCP_RCVBUF, IDC_TCP_RCVBUF_LABEL}, receive);
     }
-    static void WithAdvanced(const Sheet& sheet, const std::function<void(const Form&)>& script)
-    {
-        WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, script);
-    }
 };
 }  // namespace
 
@@ -95,14 +84,14 @@ TEST(PortNumbersTest, ShowsUpToFourRowsAndGivesFour)
                   (std::vector<Text>{_T("Default"), _T("Mgmt/Control"), _T("Interrupt"), _T("Bulk")}));
     };
     EXPECT_EQ(RunDialog(six, IDCANCEL, look).size(), 6U);
-    EXPECT_EQ(RunDialog(six, IDOK, look), (Ports{{5, -1}, {0, -1}, {7, 1}, {8, 2}}));
+    EXPECT_EQ(RunDialog(six, IDOK, look), (PortTable{{5, -1}, {0, -1}, {7, 1}, {8, 2}}));
     EXPECT_EQ(RunDialog({DefaultPortEntry}, IDOK, [](const Form&) {}),
-              (Ports{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
+              (PortTable{{9001, -1}, {0, -1}, {0, -1}, {0, -1}}));
 }
 
 TEST(PortNumbersTest, TypeIsEnabledWhileThePortIsUsable)
 {
-    const Ports left =
+    const PortTable left =
         RunDialog({{80, PacketTypeBulk}, {82, 0}, {83, -1}, {84, 1}}, IDOK, [](const Form& form) {
             // Each key makes another number of the text, which is a usable port or not.
             form.Retype(Edits[0], _T("65535"));
@@ -120,7 +109,7 @@ TEST(PortNumbersTest, TypeIsEnabledWhileThePortIsUsable)
             EXPECT_EQ(RowOf(form, 3), (Row{_T("84"), 2, true})) << "no other row changes";
             form.Retype(Edits[3], _T("70"));
         });
-    EXPECT_EQ(left, (Ports{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
+    EXPECT_EQ(left, (PortTable{{65535, 1}, {0, -1}, {70, -1}, {70, 1}}));
 }
 
 TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTheirTextChanges)
@@ -133,7 +122,7 @@ TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTheirTextChanges)
                                                                       EmptyRow}));
                             form.Type(Edits[2], _T("1"));
                         }),
-              (Ports{{0, 2}, {0, 1}, {0, -1}, {0, -1}}));
+              (PortTable{{0, 2}, {0, 1}, {0, -1}, {0, -1}}));
     for (const int type : {-3, -2, 3, 0x7FFFFFFF, static_cast<int>(0x80000000)})
     {
         EXPECT_EQ(RunDialog({{80, type}, {81, type}}, IDOK,
@@ -141,7 +130,7 @@ TEST(PortNumbersTest, StrangeEntriesKeepTheirTypeUntilTheirTextChanges)
                                 EXPECT_EQ(RowOf(form, 0), (Row{_T("80"), -1, true})) << "no such item";
                                 form.Pick(Types[1], 3);
                             }),
-                  (Ports{{80, -2}, {81, 2}, {0, -1}, {0, -1}}));
+                  (PortTable{{80, -2}, {81, 2}, {0, -1}, {0, -1}}));
     }
 }
 
@@ -152,7 +141,7 @@ TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
     const Editor sheet(tabs::Media);
     sheet.Apply();
     EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-    WithAdvanced(sheet, [](const Form& form) {
+    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [](const Form& form) {
         EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
         EXPECT_EQ(form.CheckOf(IDC_TCP_NODELAY), BST_CHECKED);
         EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("-2147483648"));
@@ -160,7 +149,7 @@ TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
         form.Retype(IDC_TCP_SEND_DELAY, _T("5"));
     });
     EXPECT_FALSE(sheet.CanApply()) << "cancelled";
-    WithAdvanced(sheet, [](const Form& form) {
+    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [](const Form& form) {
         EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
         for (const TCHAR* number : {_T("-1"), _T("4294967296")})
         {
@@ -179,7 +168,7 @@ TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
         form.Click(IDOK);
     });
     EXPECT_TRUE(sheet.CanApply());
-    WithAdvanced(sheet, [](const Form& form) {
+    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [](const Form& form) {
         EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("8192")) << "a size that is not used is kept";
     });
     sheet.Ok();
@@ -191,7 +180,7 @@ TEST_F(AdvancedTCPTest, OkWithAnEmptyNumberKeepsTheDialogOpenAndStoresTheControl
     StoreTree({{keys::Kauri, Six(1, 2, 3, 0, 0, 0)}});
     const Editor sheet(tabs::Media);
     sheet.Apply();
-    WithAdvanced(sheet, [](const Form& form) {
+    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [](const Form& form) {
         form.Retype(IDC_TCP_SEND_DELAY, _T("7"));
         form.Retype(IDC_TCP_RCVBUF, _T("9"));
         form.Click(IDC_TCP_NODELAY);

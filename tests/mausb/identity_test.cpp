@@ -25,10 +25,6 @@ protected:
         EXPECT_FALSE(sheet.CanApply());
         return sheet.TextOf(IDC_CONTAINER_ID);
     }
-    static Events NewId(const Sheet& sheet)
-    {
-        return EventsOf(sheet, [&] { sheet.Click(IDC_NEW_ID); });
-    }
 };
 }  // namespace
 
@@ -71,7 +67,8 @@ TEST_F(IdentityTest, NewIdentifierMarksThePageAndIsStoredByApplyOnly)
     StoreIdentifier(Binary(SomeBytes));
     const Editor sheet(tabs::Identity);
     EXPECT_TRUE(sheet.IsShown(IDC_CONTAINER_ID) && !sheet.IsEnabled(IDC_CONTAINER_ID));
-    EXPECT_EQ(NewId(sheet), (Events{"1132 clicked", "1130 changed", "marked"}));
+    EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IDC_NEW_ID); }),
+              (Events{"1132 clicked", "1130 changed", "marked"}));
     EXPECT_NE(sheet.TextOf(IDC_CONTAINER_ID), SomeText);
     EXPECT_EQ(Identifier(), Binary(SomeBytes));
     sheet.Apply();
@@ -91,7 +88,7 @@ TEST_F(IdentityTest, WithoutAnAddressThePageShowsNilOrKeepsTheOldIdentifier)
     }
     StoreIdentifier(Binary(SomeBytes));
     const Editor sheet(tabs::Identity);
-    EXPECT_EQ(NewId(sheet), Events{"1132 clicked"});
+    EXPECT_EQ(EventsOf(sheet, [&] { sheet.Click(IDC_NEW_ID); }), Events{"1132 clicked"});
     EXPECT_EQ(sheet.TextOf(IDC_CONTAINER_ID), SomeText);
     sheet.Ok();
     EXPECT_EQ(Identifier(), Binary(SomeBytes));

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-using Ports = std::vector<std::pair<UINT, int>>;
 const Text Table = _T("TCPPortsClient");
 const Text Type = _T("PacketType");
 
@@ -17,28 +16,23 @@ static void StorePorts(const Values& ports)
     }
 }
 
-static Ports Load(bool complete = true)
+static PortTable Load(bool complete = true)
 {
     PortTable table;
     EXPECT_EQ(LoadPortTable(table, Table), complete);
     EXPECT_EQ(calls::OpenKeys(), 0U);
-    Ports ports;
-    for (const PortEntry& entry : table)
-    {
-        ports.emplace_back(entry.PortNumber, entry.PacketType);
-    }
-    return ports;
+    return table;
 }
 
 using PortTableTest = SettingsTest;
 
 TEST_F(PortTableTest, LoadOfNothingCreatesNothing)
 {
-    EXPECT_EQ(Load(false), Ports{});
+    EXPECT_EQ(Load(false), PortTable{});
     EXPECT_FALSE(KeyExists(keys::Kauri));
     // A key that has values but no subkeys is a complete table.
     Store(keys::ClientPorts, _T("9001"), Dword(2));
-    EXPECT_EQ(Load(), Ports{});
+    EXPECT_EQ(Load(), PortTable{});
 }
 
 TEST_F(PortTableTest, LoadOrdersByTypeAndKeepsTheOrderOfTheRegistryForEqualTypes)
@@ -49,16 +43,15 @@ TEST_F(PortTableTest, LoadOrdersByTypeAndKeepsTheOrderOfTheRegistryForEqualTypes
                 {_T("6"), Dword(1)},
                 {_T("7"), Dword(0xFFFFFFFE)},
                 {_T("8"), Dword(0xFFFFFFFF)}});
-    EXPECT_EQ(Load(), (Ports{{7, -2}, {8, -1}, {80, -1}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
+    EXPECT_EQ(Load(), (PortTable{{7, -2}, {8, -1}, {80, -1}, {6, 1}, {9001, 2}, {5, 0x7FFFFFFF}}));
     SetUp();
-    Ports expected;
+    PortTable expected;
     for (int port = 10; port < 42; ++port)
     {
         StorePorts({{Decimal(port), Dword(port % 2)}});
-        expected.emplace_back(port, port % 2);
+        expected.push_back({static_cast<UINT>(port), port % 2});
     }
-    std::stable_sort(expected.begin(), expected.end(),
-                     [](const auto& left, const auto& right) { return left.second < right.second; });
+    std::ranges::stable_sort(expected, {}, &PortEntry::PacketType);
     EXPECT_EQ(Load(), expected);
 }
 
@@ -76,14 +69,14 @@ TEST_F(PortTableTest, LoadTakesTheLeadingNumberOfANameAndUpToFourBytesOfAType)
         SetUp();
         // The buffer has room for the longest name, which must not show in a shorter one.
         StorePorts({{name, Dword(1)}, {_T("1"), Dword(0)}});
-        EXPECT_EQ(Load(), (Ports{{1, 0}, {port, 1}})) << Printable(name);
+        EXPECT_EQ(Load(), (PortTable{{1, 0}, {port, 1}})) << Printable(name);
     }
     SetUp();
     for (const auto& [stored, type] :
          {std::pair{Binary({0xFF, 0xFF}), 0xFFFF}, {Sz(_T("B")), 'B'}, {Binary({}), 0}, {Sz(_T("Bulk")), -1}})
     {
         StorePorts({{_T("80"), stored}});
-        EXPECT_EQ(Load(), (Ports{{80, type}}));
+        EXPECT_EQ(Load(), (PortTable{{80, type}}));
     }
 }
 
@@ -103,15 +96,15 @@ TEST_F(PortTableTest, SaveReplacesTheStoredTable)
     others[keys::ClientPorts + _T("\\70000")] = {{Type, Dword(0xFFFFFFFE)}};
     others[keys::ClientPorts + _T("\\4294967295")] = {{Type, Dword(0xFFFFFFFF)}};
     EXPECT_EQ(StoredTree(keys::Kauri), others);
-    EXPECT_EQ(Load(), (Ports{{70000, -2}, {4294967295U, -1}, {443, 0}}));
+    EXPECT_EQ(Load(), (PortTable{{70000, -2}, {4294967295U, -1}, {443, 0}}));
     EXPECT_TRUE(SavePortTable({{0, -1}, {0, 2}}, Table));
-    EXPECT_EQ(Load(), Ports{});
+    EXPECT_EQ(Load(), PortTable{});
 }
 
 TEST_F(PortTableTest, RefusedLoadKeepsWhatItHasRead)
 {
     StorePorts({{_T("1"), Dword(2)}, {_T("2"), Dword(1)}, {_T("3"), Dword(0)}});
-    const std::tuple<const char*, unsigned, bool, Ports> cases[] = {
+    const std::tuple<const char*, unsigned, bool, PortTable> cases[] = {
         {"RegOpenKeyExW", 1, false, {}},
         {"RegQueryInfoKeyW", 1, false, {}},
         {"RegEnumKeyExW", 1, false, {}},

@@ -1,4 +1,4 @@
-// Dialogs and sheets: where dialogs open, and pages without a window.
+// Dialogs and sheets: where dialogs open, pages without a window, and the exchange of numbers.
 #include "resource.h"
 #include "support/calls.h"
 #include "support/scripts.h"
@@ -6,7 +6,11 @@
 #include <afxdlgs.h>
 #include <prsht.h>
 
+#include <climits>
 #include <memory>
+#include <optional>
+
+using ExchangeTest = SettingsTest;
 
 static HWND MakeWindow(const RECT& place, HWND owner)
 {
@@ -78,4 +82,41 @@ TEST(WindowObjectTest, HandlerMayDestroyItsOwnWindow)
     panel->SubclassWindow(window);
     panel.reset();
     EXPECT_FALSE(IsWindow(window)) << "the object destroys its window";
+}
+
+TEST_F(ExchangeTest, NumbersAreTakenWholeOrNotAtAll)
+{
+    const std::pair<Text, std::optional<int>> cases[] = {{_T("007"), 7},
+                                                         {_T(" 12\t"), 12},
+                                                         {_T("+3"), 3},
+                                                         {_T("-5"), -5},
+                                                         {_T("2147483647"), 2147483647},
+                                                         {_T("-2147483648"), INT_MIN},
+                                                         {_T("-2147483649"), {}},
+                                                         {_T("2147483648"), {}},
+                                                         {_T("-"), {}},
+                                                         {_T("1 2"), {}},
+                                                         {_T("0x1"), {}},
+                                                         {_T("9:"), {}},
+                                                         {_T("/1"), {}},
+                                                         {_T("99999999999999999999999999"), {}}};
+    const Editor sheet(tabs::Xhci);
+    for (const auto& [text, number] : cases)
+    {
+        SCOPED_TRACE(Printable(text));
+        const auto enter = [&, &typed = text] { sheet.SetText(IDC_ISOCH_DELAY_HS_READ, typed); };
+        EXPECT_EQ(CountPrompts(enter), number ? 0 : 1);
+        if (number)
+        {
+            sheet.Apply();
+            EXPECT_EQ(Stored(keys::TestServices, _T("IsochDelayBeforeHSRead")),
+                      Dword(static_cast<DWORD>(*number)));
+        }
+        else
+        {
+            EXPECT_EQ(GetFocus(), sheet.Control(IDC_ISOCH_DELAY_HS_READ));
+            EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, text.size()));
+        }
+        EXPECT_EQ(CountPrompts([&] { sheet.SetText(IDC_ISOCH_DELAY_HS_READ, _T("77")); }), 0);
+    }
 }

@@ -6,7 +6,6 @@
 #include <objbase.h>
 #include <rpc.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <type_traits>
 
@@ -68,11 +67,6 @@ Call CallOf(const std::string& function, HKEY key, LPCWSTR text, ...)
 {
     const bool isValue = function.find("Value") != std::string::npos;
     return {function, PathOf(key, isValue ? nullptr : text), isValue ? text : _T("")};
-}
-
-Call CallOf(const std::string& function, DWORD, LPCWSTR windowClass, ...)
-{
-    return {function + ' ' + (IS_INTRESOURCE(windowClass) ? std::string() : Printable(windowClass)), {}, {}};
 }
 
 template <class Function>
@@ -165,23 +159,18 @@ Result WINAPI Refusable(Arguments... arguments)
     return result;
 }
 
-bool HasSecondScreen()
-{
-    return !IsRectEmpty(&calls::secondScreen);
-}
-
 HMONITOR WINAPI ScreenOf(HWND window, DWORD flags)
 {
     RECT place = {};
     GetWindowRect(window, &place);
-    return HasSecondScreen()
-               ? reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1})
-               : System<decltype(MonitorFromWindow)>("MonitorFromWindow")(window, flags);
+    return IsRectEmpty(&calls::secondScreen)
+               ? System<decltype(MonitorFromWindow)>("MonitorFromWindow")(window, flags)
+               : reinterpret_cast<HMONITOR>(INT_PTR{place.left + place.right > 2 * 1600 ? 2 : 1});
 }
 
 BOOL WINAPI ScreenInfo(HMONITOR screen, MONITORINFO* info)
 {
-    if (!HasSecondScreen())
+    if (IsRectEmpty(&calls::secondScreen))
     {
         return System<decltype(GetMonitorInfoW)>("GetMonitorInfoW")(screen, info);
     }

@@ -9,9 +9,9 @@
 
 struct Call
 {
-    std::string function;  // with the window class if there is one: "CreateWindowExW tooltips_class32"
-    Text key;              // of a registry call: the path below HKEY_LOCAL_MACHINE
-    Text name;             // of a value
+    std::string function;
+    Text key;   // of a registry call: the path below HKEY_LOCAL_MACHINE
+    Text name;  // of a value
 };
 
 namespace calls

@@ -13,20 +13,16 @@ const Text Roots[] = {keys::Halvane, keys::Ostrel, keys::PortDriver};
 constexpr DWORD NameRoom = 16384;
 constexpr DWORD DataRoom = 65536;  // larger than any value that a test compares in a tree
 
-static StoredValue ValueOf(DWORD type, const void* data, size_t size)
-{
-    const auto* bytes = static_cast<const BYTE*>(data);
-    return {type, std::vector<BYTE>(bytes, bytes + size)};
-}
-
 StoredValue Dword(DWORD number)
 {
-    return ValueOf(REG_DWORD, &number, sizeof(number));
+    const auto* data = reinterpret_cast<const BYTE*>(&number);
+    return {REG_DWORD, {data, data + sizeof(number)}};
 }
 
 StoredValue Sz(const Text& text)
 {
-    return ValueOf(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(TCHAR));
+    const auto* data = reinterpret_cast<const BYTE*>(text.c_str());
+    return {REG_SZ, {data, data + (text.size() + 1) * sizeof(TCHAR)}};
 }
 
 StoredValue Binary(std::vector<BYTE> data)

@@ -6,8 +6,6 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-#include <algorithm>
-
 static LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                              DWORD_PTR list)
 {
@@ -149,9 +147,7 @@ Text BoxOf(HWND control)
     for (const HWND box : ControlsOf(GetParent(control)))
     {
         const RECT place = PlaceOf(box);
-        RECT common = {};
-        if (ButtonTypeOf(box) == BS_GROUPBOX && box != control && IntersectRect(&common, &inner, &place) &&
-            EqualRect(&common, &inner) &&
+        if (ButtonTypeOf(box) == BS_GROUPBOX && box != control && Contains(place, inner) &&
             (title.empty() || place.right - place.left < least.right - least.left))
         {
             title = Form(box).Title();
@@ -185,26 +181,19 @@ HWND TipControlOf(HWND dialog)
     return control;
 }
 
-std::vector<int> TipsOf(HWND dialog)
+std::vector<std::pair<int, Text>> TipsOf(HWND dialog)
 {
-    std::vector<int> ids;
+    std::vector<std::pair<int, Text>> tips;
+    const HWND control = TipControlOf(dialog);
     TTTOOLINFOW tool;
-    for (size_t index = 0; GetTool(TipControlOf(dialog), index, &tool); ++index)
+    for (size_t index = 0; GetTool(control, index, &tool); ++index)
     {
+        TCHAR text[1024] = {};
+        tool.lpszText = text;
+        SendMessageW(control, TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
         // A tool that is not identified by its window would need a rectangle, and no tool here has one.
-        ids.push_back((tool.uFlags & TTF_IDISHWND) != 0 ? GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId)) : 0);
+        const bool isWindow = (tool.uFlags & TTF_IDISHWND) != 0;
+        tips.emplace_back(isWindow ? GetDlgCtrlID(reinterpret_cast<HWND>(tool.uId)) : 0, text);
     }
-    return ids;
-}
-
-Text TipText(HWND dialog, int id)
-{
-    TCHAR text[1024] = {};
-    TTTOOLINFOW tool = {};
-    tool.cbSize = sizeof(tool);
-    tool.hwnd = dialog;
-    tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, id));
-    tool.lpszText = text;
-    SendMessageW(TipControlOf(dialog), TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
-    return text;
+    return tips;
 }

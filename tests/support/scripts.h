@@ -35,6 +35,5 @@ Text NameOf(HWND control);
 
 // The tooltip control that has tools in the dialog, or null.
 HWND TipControlOf(HWND dialog);
-// The ids of the controls with a tip, in the order of registration.
-std::vector<int> TipsOf(HWND dialog);
-Text TipText(HWND dialog, int id);
+// The ids of the controls with a tip and the tips, in the order of registration.
+std::vector<std::pair<int, Text>> TipsOf(HWND dialog);

@@ -261,16 +261,13 @@ Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value)
     return tree;
 }
 
-const std::vector<Text>& AllTabs()
+std::vector<Text> AllTabs()
 {
-    static const std::vector<Text> tabs = [] {
-        std::vector<Text> titles;
-        for (const Setting& setting : AllSettings())
-        {
-            titles.push_back(setting.tab);
-        }
-        titles.erase(std::unique(titles.begin(), titles.end()), titles.end());
-        return titles;
-    }();
+    std::vector<Text> tabs;
+    for (const Setting& setting : AllSettings())
+    {
+        tabs.push_back(setting.tab);
+    }
+    tabs.erase(std::unique(tabs.begin(), tabs.end()), tabs.end());
     return tabs;
 }

@@ -51,4 +51,4 @@ using ValueOfSetting = StoredValue Setting::*;
 Tree TreeOf(const std::vector<Setting>& settings, ValueOfSetting value);
 
 // The titles of all pages, in the order of the tabs.
-const std::vector<Text>& AllTabs();
+std::vector<Text> AllTabs();
