@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <climits>
 
 // The control's rectangle in client coordinates of its dialog.
 static RECT PlaceOf(HWND control)
