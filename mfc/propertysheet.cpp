@@ -70,6 +70,7 @@ CPropertyPage* CPropertySheet::GetActivePage()
 int CPropertySheet::DoModal()
 {
     std::vector<PROPSHEETPAGEW> pages;
+    pages.reserve(m_pages.size());
     for (CPropertyPage* page : m_pages)
     {
         pages.push_back(page->m_psp);
