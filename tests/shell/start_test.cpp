@@ -1,5 +1,6 @@
 // The list of installed tools, and how the program starts with it.
 #include "shell/InstalledProducts.h"
+#include "shell/QBSettingsApp.h"
 #include "support/calls.h"
 #include "support/scripts.h"
 
@@ -44,4 +45,17 @@ TEST_F(StartTest, EveryValueIsReadAndAnyFailureCounts)
     InstallTools({});
     EXPECT_TRUE(LoadInstalledProducts());
     EXPECT_EQ(calls::OpenKeys(), 0U);
+}
+
+TEST_F(StartTest, SecondInstanceShowsTheFirstAndReadsNothing)
+{
+    const HWND first = CreateWindowExW(0, _T("Static"), SheetTitle, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
+                                       nullptr, nullptr);
+    calls::Reset();
+    g_dwInstanceMutexError = ERROR_ALREADY_EXISTS;
+    EXPECT_FALSE(AfxGetApp()->InitInstance());
+    EXPECT_EQ(calls::Made("SetForegroundWindow").size(), 1U);
+    EXPECT_EQ(calls::Made().size(), 1U);
+    EXPECT_TRUE(IsWindowVisible(first));
+    DestroyWindow(first);
 }
