@@ -1,4 +1,4 @@
-# All checks of both builds. Those under Wine run one after the other, because a busy machine would slow them down.
+# All checks of both builds. Only "style" runs beside the others, because these share Wine prefixes and wait for windows.
 function(qb_check name)
   add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY ${CMAKE_SOURCE_DIR})
   set_tests_properties(${name} PROPERTIES RESOURCE_LOCK wine)

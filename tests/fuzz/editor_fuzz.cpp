@@ -13,8 +13,7 @@
 
 static LONG WINAPI OnException(EXCEPTION_POINTERS* exception)
 {
-    assert((exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION) &&
-           "no address is wrong");
+    assert(exception->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION && "no address is wrong");
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
