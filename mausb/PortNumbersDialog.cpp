@@ -53,12 +53,15 @@ BOOL CPortNumbersDialog::OnInitDialog()
 {
     CDialogEx::OnInitDialog();
     SetWindowText(m_pszTitle);
-    for (int row = 0; row < RowCount; ++row)
+    for (const int comboBox : ComboBoxes)
     {
         for (const LPCTSTR text : PacketTypeTexts)
         {
-            GetDlgItem(ComboBoxes[row])->SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+            GetDlgItem(comboBox)->SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
         }
+    }
+    for (int row = 0; row < RowCount; ++row)
+    {
         SelectItem(ComboBoxes[row], ItemOf(PacketTypeDefault));
         GetDlgItem(ComboBoxes[row])->EnableWindow(FALSE);
         m_nRowPacketType[row] = PacketTypeDefault;

@@ -16,8 +16,12 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
 {
     const auto before = static_cast<DWORD>(GetWindowLongW(m_hWnd, GWL_STYLE));
     const DWORD after = (before & ~dwRemove) | dwAdd;
+    if (after == before)
+    {
+        return FALSE;
+    }
     SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(after));
-    return after != before;
+    return TRUE;
 }
 
 void CWnd::GetWindowText(CString& rString) const

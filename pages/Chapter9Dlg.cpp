@@ -52,8 +52,14 @@ void CChapter9Dlg::SaveSettings()
 
 void CChapter9Dlg::UpdateControlStates()
 {
-    GetDlgItem(IDC_ALDER_SKIP_BOS)->EnableWindow(IsProductInstalled(AlderQB));
-    GetDlgItem(IDC_BIRCH_SKIP_BOS)->EnableWindow(IsProductInstalled(BirchQB));
+    if (!IsProductInstalled(AlderQB))
+    {
+        GetDlgItem(IDC_ALDER_SKIP_BOS)->EnableWindow(FALSE);
+    }
+    if (!IsProductInstalled(BirchQB))
+    {
+        GetDlgItem(IDC_BIRCH_SKIP_BOS)->EnableWindow(FALSE);
+    }
 }
 
 void CChapter9Dlg::InitToolTips()

@@ -17,10 +17,15 @@ constexpr LPCTSTR LogLevels[] = {_T("Quiet"),  _T("Minimal"), _T("Low"),
 constexpr int Verbose = 4;
 constexpr int Diagnostic = 5;
 
-const WideString BenchKey = WideString(FamilyRoot) + _T("\\QuorvexBench");
 const WideString NameCertificationMode = _T("CertificationMode");
 const WideString NameLogVerbosity = _T("QBLogVerbosity");
 const WideString NameDisplayUpdateTime = _T("QBMinimumDisplayUpdateTime");
+
+static const WideString& BenchKey()
+{
+    static const WideString key = WideString(FamilyRoot) + _T("\\QuorvexBench");
+    return key;
+}
 
 static bool IsDiagnosticLoggingAllowed()
 {
@@ -46,17 +51,17 @@ void CGeneralSettingsDlg::DoDataExchange(CDataExchange* pDX)
 
 void CGeneralSettingsDlg::LoadSettings()
 {
-    ReadValue(BenchKey, NameCertificationMode, CertificationMode);
-    ReadValue(BenchKey, NameLogVerbosity, QBLogVerbosity);
+    ReadValue(BenchKey(), NameCertificationMode, CertificationMode);
+    ReadValue(BenchKey(), NameLogVerbosity, QBLogVerbosity);
     QBLogVerbosity = std::min(QBLogVerbosity, AllowDiagnosticLogging ? Diagnostic : Verbose);
-    ReadValue(BenchKey, NameDisplayUpdateTime, QBMinimumDisplayUpdateTime);
+    ReadValue(BenchKey(), NameDisplayUpdateTime, QBMinimumDisplayUpdateTime);
 }
 
 void CGeneralSettingsDlg::SaveSettings()
 {
-    WriteValue(BenchKey, NameCertificationMode, CertificationMode);
-    WriteValue(BenchKey, NameLogVerbosity, QBLogVerbosity);
-    WriteValue(BenchKey, NameDisplayUpdateTime, QBMinimumDisplayUpdateTime);
+    WriteValue(BenchKey(), NameCertificationMode, CertificationMode);
+    WriteValue(BenchKey(), NameLogVerbosity, QBLogVerbosity);
+    WriteValue(BenchKey(), NameDisplayUpdateTime, QBMinimumDisplayUpdateTime);
 }
 
 void CGeneralSettingsDlg::UpdateControlStates()

@@ -48,5 +48,8 @@ void CWaiversDlg::SaveSettings()
 
 void CWaiversDlg::UpdateControlStates()
 {
-    m_btnPortNum.EnableWindow(IsProductInstalled(FirQB));
+    if (!IsProductInstalled(FirQB))
+    {
+        m_btnPortNum.EnableWindow(FALSE);
+    }
 }
