@@ -29,9 +29,9 @@ bool RegistryKey::ReadNumber(const WideString& name, DWORD* number) const
     // A copy, because a failed query may change its buffer.
     DWORD stored = *number;
     DWORD size = sizeof(stored);
+    auto* data = reinterpret_cast<BYTE*>(&stored);
     const bool isRead =
-        IsOpen() && RegQueryValueExW(m_key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&stored),
-                                     &size) == ERROR_SUCCESS;
+        IsOpen() && RegQueryValueExW(m_key, name.c_str(), nullptr, nullptr, data, &size) == ERROR_SUCCESS;
     *number = isRead ? stored : *number;
     return isRead;
 }

@@ -3,6 +3,8 @@
 #include "framework/ToolTips.h"
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CAdvancedTCPSettingsDlg, CDialogEx)
+
 BEGIN_MESSAGE_MAP(CAdvancedTCPSettingsDlg, CDialogEx)
     ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_SNDBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultSndBuf)
     ON_BN_CLICKED(IDC_TCP_USE_DEFAULT_RCVBUF, &CAdvancedTCPSettingsDlg::OnUseDefaultRcvBuf)

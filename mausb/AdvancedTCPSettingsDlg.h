@@ -18,6 +18,8 @@ struct AdvancedTCPSettings
 
 class CAdvancedTCPSettingsDlg : public CDialogEx
 {
+    DECLARE_DYNAMIC(CAdvancedTCPSettingsDlg)
+
 public:
     // Keeps a pointer to the record, which must outlive the dialog. OnOK changes the record.
     explicit CAdvancedTCPSettingsDlg(AdvancedTCPSettings& settings);

@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CMAUSBHubUnderTestParamsDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CMAUSBHubUnderTestParamsDlg, CSettingsPage)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_HUT_BULK_RETRIES, IDC_HUT_INTERRUPT_RETRIES,
                      &CMAUSBHubUnderTestParamsDlg::OnRetries)

@@ -7,6 +7,8 @@
 
 class CMAUSBHubUnderTestParamsDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CMAUSBHubUnderTestParamsDlg)
+
 public:
     CMAUSBHubUnderTestParamsDlg();
 

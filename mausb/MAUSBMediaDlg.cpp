@@ -5,6 +5,8 @@
 
 #include <initializer_list>
 
+IMPLEMENT_DYNAMIC(CMAUSBMediaDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CMAUSBMediaDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_NETWORK_LOG, &CMAUSBMediaDlg::OnNetworkLevelLog)
     ON_CONTROL_RANGE(BN_CLICKED, IDC_NETWORK_TCP, IDC_NETWORK_UDP, &CMAUSBMediaDlg::OnNetworkType)

@@ -8,6 +8,8 @@
 
 class CMAUSBMediaDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CMAUSBMediaDlg)
+
 public:
     CMAUSBMediaDlg();
 

@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CMAUSBProtocolConstantsDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CMAUSBProtocolConstantsDlg, CSettingsPage)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_DATA_DELAY_TCP, IDC_MANAGEMENT_DELAY_SNAP,
                      &CMAUSBProtocolConstantsDlg::OnField)

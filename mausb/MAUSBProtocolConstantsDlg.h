@@ -7,6 +7,8 @@
 
 class CMAUSBProtocolConstantsDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CMAUSBProtocolConstantsDlg)
+
 public:
     CMAUSBProtocolConstantsDlg();
 

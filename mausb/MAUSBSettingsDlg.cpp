@@ -5,6 +5,8 @@
 
 #include <cstring>
 
+IMPLEMENT_DYNAMIC(CMAUSBSettingsDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CMAUSBSettingsDlg, CSettingsPage)
     ON_CBN_SELCHANGE(IDC_PROTOCOL_VERSION, &CMAUSBSettingsDlg::OnProtocolVersion)
     ON_EN_CHANGE(IDC_MAX_TRANSFER_SIZE, &CMAUSBSettingsDlg::OnMaxUSBTransferSize)

@@ -8,6 +8,8 @@
 
 class CMAUSBSettingsDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CMAUSBSettingsDlg)
+
 public:
     CMAUSBSettingsDlg();
 

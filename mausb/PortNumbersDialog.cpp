@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+IMPLEMENT_DYNAMIC(CPortNumbersDialog, CDialogEx)
+
 // The range includes the labels and combo boxes between the edits, which send no EN_CHANGE.
 BEGIN_MESSAGE_MAP(CPortNumbersDialog, CDialogEx)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_PORT_EDIT_0, IDC_PORT_EDIT_3, &CPortNumbersDialog::OnPortText)

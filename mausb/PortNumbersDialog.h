@@ -10,6 +10,8 @@
 
 class CPortNumbersDialog : public CDialogEx
 {
+    DECLARE_DYNAMIC(CPortNumbersDialog)
+
 public:
     // Keeps pointers to the title and the table, which must outlive the dialog. OnOK replaces the table's
     // contents with four entries in row order, including empty rows.

@@ -3,4 +3,10 @@
 #include "afxwin.h"
 
 // MFC's CDialogEx adds custom backgrounds, which the editor does not use.
-using CDialogEx = CDialog;
+class CDialogEx : public CDialog
+{
+    DECLARE_DYNAMIC(CDialogEx)
+
+public:
+    using CDialog::CDialog;
+};

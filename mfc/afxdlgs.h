@@ -62,6 +62,8 @@ private:
 
 class CPropertySheet : public CWnd
 {
+    DECLARE_DYNAMIC(CPropertySheet)
+
 public:
     explicit CPropertySheet(LPCTSTR pszCaption);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
+
 // A private message, posted when the sheet may have been activated.
 constexpr UINT ActivatePopup = WM_APP;
 

@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CChapter9Dlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CChapter9Dlg, CSettingsPage)
     ON_BN_CLICKED(IDC_ALDER_SKIP_BOS, &CChapter9Dlg::OnAlderSkipBos)
     ON_BN_CLICKED(IDC_BIRCH_SKIP_BOS, &CChapter9Dlg::OnBirchSkipBos)

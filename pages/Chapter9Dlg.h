@@ -5,6 +5,8 @@
 
 class CChapter9Dlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CChapter9Dlg)
+
 public:
     CChapter9Dlg();
 

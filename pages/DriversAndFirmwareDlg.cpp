@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CDriversAndFirmwareDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CDriversAndFirmwareDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_EHCI_SWITCH, &CDriversAndFirmwareDlg::OnEhciSwitch)
     ON_BN_CLICKED(IDC_XHCI_SWITCH, &CDriversAndFirmwareDlg::OnXhciSwitch)

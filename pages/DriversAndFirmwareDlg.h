@@ -6,6 +6,8 @@
 
 class CDriversAndFirmwareDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CDriversAndFirmwareDlg)
+
 public:
     CDriversAndFirmwareDlg();
 

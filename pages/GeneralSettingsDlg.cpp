@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+IMPLEMENT_DYNAMIC(CGeneralSettingsDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CGeneralSettingsDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_CERTIFICATION_MODE, &CGeneralSettingsDlg::OnCertificationMode)
     ON_LBN_SELCHANGE(IDC_LOG_VERBOSITY, &CGeneralSettingsDlg::OnLogVerbosity)

@@ -5,6 +5,8 @@
 
 class CGeneralSettingsDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CGeneralSettingsDlg)
+
 public:
     CGeneralSettingsDlg();
 

@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CWaiversDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CWaiversDlg, CSettingsPage)
     ON_BN_CLICKED(IDC_WAIVER_PORT_NUM, &CWaiversDlg::OnPortNum)
     ON_BN_CLICKED(IDC_WAIVER_BT_REMOTE_WAKE, &CWaiversDlg::OnBtRemoteWake)

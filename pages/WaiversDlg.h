@@ -5,6 +5,8 @@
 
 class CWaiversDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CWaiversDlg)
+
 public:
     CWaiversDlg();
 

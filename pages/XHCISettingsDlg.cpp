@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+IMPLEMENT_DYNAMIC(CXHCISettingsDlg, CSettingsPage)
+
 BEGIN_MESSAGE_MAP(CXHCISettingsDlg, CSettingsPage)
     ON_CONTROL_RANGE(EN_CHANGE, IDC_IMOD_INTERVAL, IDC_ISOCH_MAX_BURST_START,
                      &CXHCISettingsDlg::OnSettingChanged)

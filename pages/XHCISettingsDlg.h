@@ -5,6 +5,8 @@
 
 class CXHCISettingsDlg : public CSettingsPage
 {
+    DECLARE_DYNAMIC(CXHCISettingsDlg)
+
 public:
     CXHCISettingsDlg();
 

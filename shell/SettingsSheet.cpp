@@ -2,6 +2,8 @@
 
 #include "resource.h"
 
+IMPLEMENT_DYNAMIC(CSettingsSheet, CPropertySheet)
+
 BEGIN_MESSAGE_MAP(CSettingsSheet, CPropertySheet)
     ON_WM_NCCREATE()
 END_MESSAGE_MAP()

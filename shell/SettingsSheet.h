@@ -5,6 +5,8 @@
 // The property sheet. It has a page for each concern of the installed tools, and minimise and maximise boxes.
 class CSettingsSheet : public CPropertySheet
 {
+    DECLARE_DYNAMIC(CSettingsSheet)
+
 public:
     explicit CSettingsSheet(LPCTSTR caption);
 

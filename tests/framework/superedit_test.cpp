@@ -26,15 +26,12 @@ TEST(SuperEditTest, ShowsNumbersInItsBaseAndMakesOneOfAnyText)
 {
     constexpr ULONGLONG none = 0xFFFFFFFF;  // counts for a character that is no digit in any base
     const std::tuple<BYTE, Text, ULONGLONG, bool> cases[] = {
-        {16, _T("506F9A"), 0x506F9A, true},
         {36, _T("ZA"), 35 * 36 + 10, true},
-        {8, _T("777"), 0777, true},
         {16, Text(16, _T('F')), ~0ULL, true},
         {2, _T("1") + Text(63, _T('0')), 1ULL << 63, true},
         {16, _T(""), 0, false},
         {16, _T("00aFf"), 0xAFF, false},
         {16, _T("1G"), 16 + 16, false},
-        {16, _T("-1"), none * 16 + 1, false},
         {16, _T("`{@["), ((none * 16 + none) * 16 + none) * 16 + none, false},
         {16, _T("/:"), none * 17, false},
         {16, _T("\xE9"), none, false},
@@ -55,9 +52,7 @@ TEST(SuperEditTest, BeepsAtKeysThatAreNoDigits)
     // Control characters and characters beyond ASCII are not checked.
     const std::tuple<BYTE, Text, Text, size_t> cases[] = {{16, _T("0/9:@aAfFgG`zZ -x"), _T("09aAfF"), 11},
                                                           {10, _T("/0a9:F-"), _T("09"), 5},
-                                                          {2, _T("012"), _T("01"), 1},
                                                           {36, _T("0zZ{[9"), _T("0zZ9"), 2},
-                                                          {11, _T("aAbB9"), _T("aA9"), 2},
                                                           {16, _T("12\b3"), _T("13"), 0},
                                                           {16, _T("\x20AC"), _T("\x20AC"), 0}};
     for (const auto& [base, typed, text, beeps] : cases)

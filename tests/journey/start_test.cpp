@@ -138,7 +138,7 @@ TEST_F(StartJourney, WithoutTheListOfToolsThereIsAMessageAndNoSheet)
     ClearSettings();
     const EditorProcess editor;
     const Form box(editor.WaitForWindow(ErrorTitle));
-    EXPECT_EQ(box.TextOf(IdMessageText), NoProductList);
+    EXPECT_EQ(box.TextOf(0xFFFF), NoProductList) << "0xFFFF is the id of a message box's text";
     RunSecondInstance();
     EXPECT_EQ(editor.Windows(), Titles{ErrorTitle});
     box.ClickToOpen(IDOK);

@@ -13,8 +13,8 @@ namespace
 {
 struct State
 {
-    std::string refused;
-    unsigned left = 0;  // calls until one is refused; 0: none is
+    std::string refused;  // a prefix
+    unsigned left = 0;    // calls until one is refused; 0: none is
     LONG status = 0;
     bool andLater = false;
     std::vector<Call> made;
@@ -39,10 +39,7 @@ LONG Note(const Call& call)
         return 0;
     }
     g_state.made.push_back(call);
-    const bool isMeant = call.function == g_state.refused ||
-                         (g_state.refused == calls::AnyOfTheRegistry && call.function.starts_with("Reg") &&
-                          call.function != "RegCloseKey");
-    if (g_state.left == 0 || !isMeant || --g_state.left > 0)
+    if (g_state.left == 0 || !call.function.starts_with(g_state.refused) || --g_state.left > 0)
     {
         return 0;
     }
@@ -55,11 +52,6 @@ LONG Note(const Call& call)
 Call CallOf(const std::string& function, ...)
 {
     return {function, {}, {}};
-}
-
-Call CallOf(const std::string& function, HKEY key, ...)
-{
-    return {function, PathOf(key), {}};
 }
 
 // The text is the name of a value, or of a key below this one.
@@ -105,18 +97,10 @@ Argument Redirect(Argument argument)
     return argument;
 }
 
-// Follows which keys are open.
+// Remembers a key that the call has opened.
 void Track(const Call& call, HKEY* opened)
 {
     g_state.keys[*opened] = call.key;
-}
-
-void Track(const Call& call, HKEY key)
-{
-    if (call.function == "RegCloseKey")
-    {
-        g_state.keys.erase(key);
-    }
 }
 
 void Track(const Call&, ...) {}
@@ -159,6 +143,12 @@ Result WINAPI Refusable(Arguments... arguments)
     return result;
 }
 
+LSTATUS WINAPI CloseKey(HKEY key)
+{
+    g_state.keys.erase(key);
+    return System<decltype(RegCloseKey)>("RegCloseKey")(key);
+}
+
 HMONITOR WINAPI ScreenOf(HWND window, DWORD flags)
 {
     RECT place = {};
@@ -181,15 +171,15 @@ BOOL WINAPI ScreenInfo(HMONITOR screen, MONITORINFO* info)
 
 void calls::Reset()
 {
-    g_state.refused.clear();
+    g_state.left = 0;
     calls::hasRefused = false;
     calls::secondScreen = {};
     g_state.made.clear();
 }
 
-void calls::Refuse(const std::string& function, unsigned nth, LONG status, bool andLater)
+void calls::Refuse(const std::string& prefix, unsigned nth, LONG status, bool andLater)
 {
-    g_state.refused = function;
+    g_state.refused = prefix;
     g_state.left = nth;
     g_state.status = status;
     g_state.andLater = andLater;
@@ -212,11 +202,11 @@ size_t calls::OpenKeys()
     constexpr char NameOf##function[] = #function; \
     INTERPOSE(function, Refusable<NameOf##function>)
 
+INTERPOSE(RegCloseKey, CloseKey)
 INTERPOSE(MonitorFromWindow, ScreenOf)
 INTERPOSE(GetMonitorInfoW, ScreenInfo)
 REFUSABLE(RegOpenKeyExW)
 REFUSABLE(RegCreateKeyExW)
-REFUSABLE(RegCloseKey)
 REFUSABLE(RegQueryValueExW)
 REFUSABLE(RegSetValueExW)
 REFUSABLE(RegQueryInfoKeyW)

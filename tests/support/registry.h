@@ -52,9 +52,6 @@ inline const Text NoProductList =
     _T("Unable to get Installed Product List.\n\nPlease make sure that you have at least one QB app ")
     _T("installed, that you are running with administrative privileges, and you have UAC turned off.");
 
-// The id of the text in a message box.
-constexpr int IdMessageText = 0xFFFF;
-
 struct StoredValue
 {
     DWORD type = REG_NONE;

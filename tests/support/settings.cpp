@@ -33,13 +33,9 @@ void EndIf(bool fault, const std::string& message)
     }
 }
 
-std::vector<Setting>& Settings()
-{
-    static std::vector<Setting> settings = {
+std::vector<Setting> g_settings = {
 #include "settings.inc"
-    };
-    return settings;
-}
+};
 
 // Sets the kind of the control and a value other than the initial one, which differs from control to control.
 void Examine(HWND control, Setting* setting)
@@ -119,7 +115,7 @@ class FindControls : public testing::Environment
     {
         std::vector<HWND> inputs = ControlsOf(sheet.Page());
         std::erase_if(inputs, [](HWND control) { return !IsInput(control); });
-        for (Setting& setting : Settings())
+        for (Setting& setting : g_settings)
         {
             if (setting.tab != tab || setting.control.empty())
             {
@@ -145,8 +141,11 @@ class FindControls : public testing::Environment
                 return GetDlgCtrlID(input) == setting.id || GetDlgCtrlID(input) == setting.secondId;
             });
         }
-        EndIf(!inputs.empty(), "docs/settings.md has no row for a control of the page " + Quoted(tab) +
-                                   (inputs.empty() ? "" : ": " + Quoted(NameOf(inputs[0]))));
+        for (const HWND input : inputs)
+        {
+            EndProgram("docs/settings.md has no row for a control of the page " + Quoted(tab) + ": " +
+                       Quoted(NameOf(input)));
+        }
     }
 
     // The cell is "Box: name", or the name alone. For radio buttons it has both names, and the first one
@@ -241,7 +240,7 @@ void Setting::Enter(const Form& page, const StoredValue& value) const
 
 const std::vector<Setting>& AllSettings()
 {
-    return Settings();
+    return g_settings;
 }
 
 std::vector<Setting> SettingsOf(const Text& tab)
