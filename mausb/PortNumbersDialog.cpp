@@ -148,8 +148,8 @@ void CPortNumbersDialog::OnOK()
 
 void CPortNumbersDialog::CollectPortRow(int editId, int comboId)
 {
-    const auto item = static_cast<int>(GetDlgItem(comboId)->SendMessage(CB_GETCURSEL));
-    m_pPortTable->push_back({PortInEdit(editId), item - 1});
+    const UINT port = PortInEdit(editId);
+    m_pPortTable->push_back({port, static_cast<int>(GetDlgItem(comboId)->SendMessage(CB_GETCURSEL)) - 1});
 }
 
 UINT CPortNumbersDialog::PortInEdit(int editId) const
