@@ -41,12 +41,10 @@ void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD)
     {
         return;
     }
-    const auto has = [](const auto& all, const auto& one) {
-        return std::find(all.begin(), all.end(), one) != all.end();
-    };
     for (const HWND window : WindowsOf(GetCurrentThreadId()))
     {
-        if (!has(wait.known, window) && has(wait.titles, Form(window).Title()))
+        if (std::ranges::count(wait.known, window) == 0 &&
+            std::ranges::count(wait.titles, Form(window).Title()) != 0)
         {
             wait.known.push_back(window);
             ++wait.count;
