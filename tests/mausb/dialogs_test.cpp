@@ -141,7 +141,10 @@ TEST_F(AdvancedTCPTest, OnlyOkChangesTheRecordAndMarksThePage)
     const Editor sheet(tabs::Media);
     sheet.Apply();
     EXPECT_EQ(StoredSix(), Six(1, 0, 0x80000000, 5, 0, 3));
-    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [](const Form& form) {
+    WithDialog(titles::AdvancedTCP, sheet, IDC_ADVANCED_TCP, [&sheet](const Form& form) {
+        const RECT place = PlaceOf(form.Window());
+        const RECT owner = PlaceOf(sheet.Window());
+        EXPECT_NEAR(place.left + place.right, owner.left + owner.right, 1) << "must be centred";
         EXPECT_EQ(form.TextOf(IDC_TCP_SEND_DELAY), _T("1"));
         EXPECT_EQ(form.CheckOf(IDC_TCP_NODELAY), BST_CHECKED);
         EXPECT_EQ(form.TextOf(IDC_TCP_RCVBUF), _T("-2147483648"));
