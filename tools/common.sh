@@ -1,8 +1,8 @@
 # Functions that the commands share. The commands source this file.
 set -euo pipefail
 
-# Starts the command again with fixed addresses, where that is permitted. At random addresses, one in some 8,000 processes of
-# Wine 8 cannot start, because its heap covers the page at 0x7ffe0000, which Wine needs.
+# Starts the command again with fixed addresses, where that is permitted. At random addresses, one in several thousand
+# processes of Wine 8 cannot start, because its heap covers the page at 0x7ffe0000, which Wine needs.
 if [ -f "$0" ] && [ "$(cat /proc/self/personality)" = 00000000 ] && setarch -R true 2>/dev/null; then
     exec setarch -R bash "$0" "$@"
 fi
